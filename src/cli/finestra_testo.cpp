@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "cli/finestra_testo.h"
+
+#include <algorithm>
+#include <istream>
+#include <ostream>
+#include <string>
+
+namespace morvella::cli {
+
+namespace {
+
+// A box's text on a terminal: its lines, each on one.
+std::string TestoDiBox(Vista testo) {
+    std::string utf8 = Utf8Da1252(testo);
+    std::replace(utf8.begin(), utf8.end(), '\r', '\n');
+    return utf8;
+}
+
+bool DiceSi(std::string risposta) {
+    while (!risposta.empty() && (risposta.back() == '\r' || risposta.back() == ' '))
+        risposta.pop_back();
+    return risposta == "s" || risposta == "S" || risposta == "si" || risposta == "Si" || risposta == "SI" ||
+           risposta == "s\xC3\xAC" || risposta == "S\xC3\xAC"; // sì
+}
+
+} // namespace
+
+void FinestraTesto::Di(const std::string& utf8) {
+    TogliProgresso();
+    ambiente_.Errori << ambiente_.Codifica(utf8) << '\n';
+}
+
+int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
+    const bool domanda = flag == SiNoDomanda || flag == SiNoInformazione;
+    int risposta = RispostaOk;
+    if (!domanda) {
+        if (!Silenzioso) Di(TestoDiBox(testo));
+    } else if (Risposta) {
+        risposta = *Risposta ? RispostaSi : RispostaNo;
+    } else if (RispostaTaciuta) {
+        risposta = RispostaNo;
+    } else if (ambiente_.IngressoTerminale) {
+        TogliProgresso();
+        ambiente_.Errori << ambiente_.Codifica(TestoDiBox(testo)) << " [s/N] " << std::flush;
+        std::string detto;
+        std::getline(ambiente_.Ingresso, detto);
+        risposta = DiceSi(detto) ? RispostaSi : RispostaNo;
+    } else {
+        risposta = RispostaNo;
+        if (!Silenzioso)
+            Di(TestoDiBox(testo) +
+               "\nNessun terminale a cui chiederlo: la risposta è No (per rispondere Sì: --si).");
+    }
+    Avvenuto.Messaggi.push_back({Testo(testo), flag, Testo(titolo), risposta});
+    return risposta;
+}
+
+void FinestraTesto::Beep() {
+    if (ambiente_.ErroriTerminale) ambiente_.Errori << '\a' << std::flush;
+}
+
+void FinestraTesto::Avvia(Vista comando, int finestra) {
+    Avvenuto.Processi.emplace_back(comando);
+    if (SenzaProcessi) return;
+    Archivio(ambiente_.Macchina).Shell(comando, finestra);
+}
+
+void FinestraTesto::RidisegnaLabel2() { Disegna(); }
+
+void FinestraTesto::RidisegnaBarra(const Barra&) { Disegna(); }
+
+// One line: how much of the run is done, and the file in work. At most twenty a second.
+void FinestraTesto::Disegna() {
+    if (!ambiente_.ErroriTerminale || Silenzioso || !S || !S->Progress.Visible) return;
+    const auto adesso = std::chrono::steady_clock::now();
+    if (adesso - quando_ < std::chrono::milliseconds(50)) return;
+    quando_ = adesso;
+
+    const auto parte = [](const Barra& barra, Lungo valore) {
+        return barra.Max > 0
+                   ? std::clamp(static_cast<double>(valore) / static_cast<double>(barra.Max), 0.0, 1.0)
+                   : 0.0;
+    };
+    double fatto = parte(S->Progress, S->Progress.Value);
+    if (S->ProgressBar1.Visible && S->ProgressBar1.Max > 0)
+        fatto = parte(S->ProgressBar1, S->ProgressBar1.Value - 1) +
+                fatto / static_cast<double>(S->ProgressBar1.Max);
+    constexpr int Larga = 30;
+    const int piena = static_cast<int>(std::min(fatto, 1.0) * Larga);
+    const Vista file = Vista(S->Label2).substr(S->Label2.find_last_of('\\') + 1);
+    std::string riga = "[";
+    riga.append(static_cast<std::size_t>(piena), '#').append(static_cast<std::size_t>(Larga - piena), '.');
+    riga.append("] ").append(std::to_string(static_cast<int>(std::min(fatto, 1.0) * 100))).append("% ");
+    const std::size_t posto = ambiente_.Colonne > riga.size() + 1 ? ambiente_.Colonne - riga.size() - 1 : 0;
+    riga += Utf8Da1252(file.substr(0, posto));
+    if (riga == disegnato_) return;
+    ambiente_.Errori << "\r\x1b[K" << ambiente_.Codifica(riga) << std::flush;
+    disegnato_ = riga;
+}
+
+void FinestraTesto::TogliProgresso() {
+    if (disegnato_.empty()) return;
+    ambiente_.Errori << "\r\x1b[K" << std::flush;
+    disegnato_.clear();
+}
+
+void FinestraTesto::MotoreFermato(const Arresto& arresto) {
+    Avvenuto.Errori.push_back({Testo(arresto.Motore), arresto.Causa, false, arresto.Riga});
+    Fermo = arresto;
+}
+
+void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa) {
+    Avvenuto.Errori.push_back({Testo(operazione), causa, true, -1});
+}
+
+void FinestraTesto::FileScritto(Lungo riga, Vista percorso, Lungo righe) {
+    Prodotto& prodotto = Prodotti[riga];
+    const Testo file(percorso);
+    if (std::find(prodotto.File.begin(), prodotto.File.end(), file) == prodotto.File.end())
+        prodotto.File.push_back(file);
+    prodotto.Righe = std::max(prodotto.Righe, righe);
+}
+
+} // namespace morvella::cli

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// cli/finestra_testo.h
+//
+// The home without a window: a question is asked on the terminal or answered beforehand, the
+// bars become one line on standard error, and what the window keeps silent about is told.
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <optional>
+
+#include "cli/rapporto.h"
+#include "cli/terminale.h"
+
+namespace morvella::cli {
+
+/// What the rewriter wrote for one row.
+struct Prodotto {
+    std::vector<Testo> File;
+    Lungo Righe = 0;
+};
+
+class FinestraTesto : public Finestra {
+  public:
+    explicit FinestraTesto(Ambiente& ambiente) : ambiente_(ambiente) {}
+
+    int MsgBox(Vista testo, int flag, Vista titolo) override;
+    void Beep() override;
+    void Avvia(Vista comando, int finestra) override;
+    void RidisegnaLabel2() override;
+    void RidisegnaBarra(const Barra& barra) override;
+    void AggiornaDir1() override {}
+    void MotoreFermato(const Arresto& arresto) override;
+    void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
+
+    /// An error that nobody trapped.
+    void ErroreFinale(Vista operazione, const Errore& causa);
+    /// Takes the progress line away.
+    void TogliProgresso();
+    /// Writes UTF-8 to standard error in the terminal's encoding, on a line of its own.
+    void Di(const std::string& utf8);
+
+    const Stato* S = nullptr; // whose bars are shown
+    /// The answer to questions; without one a person is asked, and where nobody can be asked it
+    /// is No, which is said.
+    std::optional<bool> Risposta;
+    bool RispostaTaciuta = false; // the command itself answers No: nothing to say
+    bool SenzaProcessi = false;
+    bool Silenzioso = false;
+
+    Cronaca Avvenuto;
+    std::optional<Arresto> Fermo; // the engine's end since this was last cleared
+    std::map<Lungo, Prodotto> Prodotti;
+
+  private:
+    void Disegna();
+
+    Ambiente& ambiente_;
+    std::string disegnato_;
+    std::chrono::steady_clock::time_point quando_{};
+};
+
+} // namespace morvella::cli

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// cli/opzioni.h
+//
+// The command line: one table of commands and one of options, from which the parser, the
+// help text and the manual page are made. Texts here are UTF-8; the terminal's encoding is
+// the business of whoever prints them.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace morvella::cli {
+
+/// What the user asked for.
+struct Richiesta {
+    std::string Comando;
+    std::string Progetto;           // platform path of the *.vbp
+    std::vector<std::string> Resto; // rows, or the events of "eventi"
+    std::optional<bool> Risposta;   // --si, --no
+    std::string Programma;
+    std::string TestoIntestazione;
+    std::string Rapporto;
+    bool TogliCommenti = false;
+    bool IntestazioneProcedure = false;
+    bool SenzaConferma = false;
+    bool Lf = false;
+    bool Prosegui = false;
+    bool SenzaProcessi = false;
+    bool Silenzioso = false;
+    bool Aiuto = false;
+    bool Versione = false;
+};
+
+/// Wrong usage: what is wrong, and what to do instead.
+struct UsoErrato {
+    std::string Testo;
+};
+
+struct Comando {
+    const char* Nome;
+    const char* Righe; // what may follow the project, for the help text
+    const char* Aiuto;
+};
+
+struct Opzione {
+    char Corta; // 0 when there is none
+    const char* Lunga;
+    const char* Argomento; // name of its value, nullptr for a flag
+    const char* Aiuto;
+    void (*Applica)(Richiesta&, const std::string& valore);
+};
+
+std::span<const Comando> Comandi();
+std::span<const Opzione> Opzioni();
+
+/// Reads the arguments (without the program's name). Raises UsoErrato.
+Richiesta Analizza(const std::vector<std::string>& argomenti);
+
+/// The help text: it fits a screen and ends in an example.
+std::string TestoAiuto();
+
+} // namespace morvella::cli

@@ -1,0 +1,444 @@
+// SPDX-License-Identifier: MIT
+#include "cli/programma.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <new>
+#include <ostream>
+#include <utility>
+
+#include "cli/avvisi.h"
+#include "cli/finestra_testo.h"
+#include "cli/opzioni.h"
+#include "rewriter/rewriter.h"
+#include "shell/comandi.h"
+
+#ifndef MORVELLA_VERSIONE
+#define MORVELLA_VERSIONE "0"
+#endif
+
+namespace morvella::cli {
+
+namespace {
+
+// The operations of the window that "eventi" knows by name.
+struct Operazione {
+    const char* Nome;
+    void (*Fai)(Stato&);
+};
+constexpr Operazione Operazioni[] = {
+    {"File1Leggi_Click", File1Leggi_Click},
+    {"Command1_Click", Command1_Click},
+    {"mnuSeleziona_Click", mnuSeleziona_Click},
+    {"mnuRiordina_Click", mnuRiordina_Click},
+    {"File1_Click", File1_Click},
+    {"Dir1_Change", Dir1_Change},
+    {"Drive1_Change", Drive1_Change},
+};
+
+std::string Italiano(double valore, int decimali) {
+    char testo[64];
+    std::snprintf(testo, sizeof testo, "%.*f", decimali, valore);
+    std::string numero = testo;
+    std::replace(numero.begin(), numero.end(), '.', ',');
+    return numero;
+}
+
+std::string Conto(Lungo n, const char* uno, const char* molti) {
+    return std::to_string(n) + " " + (n == 1 ? uno : molti);
+}
+
+// A row as a user may have typed it: any case, "/" for "\".
+Testo ChiaveRiga(Vista riga) {
+    Testo chiave = LCase(riga);
+    std::replace(chiave.begin(), chiave.end(), '/', '\\');
+    return chiave;
+}
+
+Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_or(utf8); }
+
+// What to do about an error, for the person who reads of it.
+const char* Consiglio(int numero) {
+    switch (numero) {
+    case ErrArgomento:
+        return "La riga del progetto è troppo corta o la riga di codice chiude un blocco mai aperto.";
+    case ErrFileAssente: return "Controllare il nome nel progetto; con --prosegui la riga viene saltata.";
+    case ErrDiscoPieno: return "Liberare spazio sul disco e ripetere: ciò che manca non è stato scritto.";
+    case ErrPermesso: return "L'operazione avrebbe cambiato un sorgente del progetto, che non si tocca.";
+    case ErrAccesso: return "Controllare i permessi, e che al posto del file non ci sia una directory.";
+    case ErrPercorso: return "La directory del file non c'è; con --prosegui la riga viene saltata.";
+    default: return "";
+    }
+}
+
+class Corsa {
+  public:
+    Corsa(Richiesta richiesta, Ambiente& ambiente)
+        : r_(std::move(richiesta)),
+          ambiente_(ambiente),
+          finestra_(ambiente),
+          s_(ambiente.Macchina, finestra_) {
+        finestra_.S = &s_;
+        finestra_.Risposta = r_.Risposta;
+        finestra_.SenzaProcessi = r_.SenzaProcessi;
+        finestra_.Silenzioso = r_.Silenzioso;
+    }
+
+    int Esegui();
+
+  private:
+    bool Fai(const char* nome, void (*operazione)(Stato&));
+    void ScegliProgetto();
+    void ScegliRighe();
+    void LeggiOpzioni();
+    bool Scegli(bool consenti);
+    void Riordina();
+    void ProseguiRiordina();
+    int Eventi();
+    void SelezionaEsattamente(const std::vector<Lungo>& righe);
+    std::vector<Lungo> Selezionate() const;
+    void Elenca();
+    void Racconta();
+    void RaccontaErrori();
+    void ScriviRapporto();
+    void Riga(const std::string& utf8);
+    std::string Nativo(Vista percorso);
+    std::string Breve(Vista percorso);
+
+    Richiesta r_;
+    Ambiente& ambiente_;
+    FinestraTesto finestra_;
+    Stato s_;
+    std::string directory_;       // platform path of the project's directory
+    std::vector<Lungo> lavorate_; // rows that the command was for
+    std::chrono::steady_clock::time_point inizio_ = std::chrono::steady_clock::now();
+};
+
+// Runs one operation; false when an error that nobody traps ended it.
+bool Corsa::Fai(const char* nome, void (*operazione)(Stato&)) {
+    try {
+        operazione(s_);
+        return true;
+    } catch (const Errore& e) {
+        finestra_.ErroreFinale(nome, e);
+    } catch (const std::bad_alloc&) {
+        finestra_.ErroreFinale(nome, Errore(ErrMemoria));
+    }
+    return false;
+}
+
+std::string Corsa::Nativo(Vista percorso) {
+    if (percorso.empty() || percorso.find('\0') != Vista::npos) return Utf8Da1252(percorso);
+    return s_.File.Trova(percorso).Percorso;
+}
+
+// A path as a person wants to read it: from the project's directory on.
+std::string Corsa::Breve(Vista percorso) {
+    std::string nativo = Nativo(percorso);
+    if (nativo.compare(0, directory_.size() + 1, directory_ + "/") == 0)
+        nativo.erase(0, directory_.size() + 1);
+    return nativo;
+}
+
+void Corsa::Riga(const std::string& utf8) {
+    // With the report on standard output nothing else goes there.
+    std::ostream& dove = r_.Rapporto == "-" ? ambiente_.Errori : ambiente_.Uscita;
+    dove << ambiente_.Codifica(utf8) << '\n';
+}
+
+void Corsa::ScegliProgetto() {
+    namespace fs = std::filesystem;
+    fs::path progetto = fs::path(ambiente_.Macchina.DirectoryCorrente()) / fs::path(r_.Progetto);
+    // ".." behind a link means the link's target to a shell: the disk resolves it, not the text.
+    std::error_code errore;
+    if (r_.Progetto.find("..") != std::string::npos) {
+        const fs::path vera = fs::canonical(progetto.parent_path(), errore);
+        if (!errore) progetto = vera / progetto.filename();
+    }
+    progetto = progetto.lexically_normal();
+    directory_ = progetto.parent_path().generic_string();
+    if (directory_.size() > 1 && directory_.back() == '/') directory_.pop_back();
+    const std::string programma = r_.Programma.empty()
+                                      ? ambiente_.DirectoryProgramma
+                                      : (fs::path(ambiente_.Macchina.DirectoryCorrente()) / r_.Programma)
+                                            .lexically_normal()
+                                            .generic_string();
+    s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
+    CambiaDir1(s_, directory_);
+    s_.File1Leggi.Nomi = {DaArgomento(progetto.filename().string())};
+    s_.File1Leggi.ListIndex = 0;
+}
+
+void Corsa::LeggiOpzioni() {
+    s_.Canale.FineRigaLf = r_.Lf;
+    s_.TogliCommenti = r_.TogliCommenti ? 1 : 0;
+    s_.Check1 = r_.IntestazioneProcedure ? 1 : 0;
+    s_.Check2 = r_.SenzaConferma ? 1 : 0;
+    if (!r_.TestoIntestazione.empty()) {
+        std::string testo;
+        try {
+            const auto file = ambiente_.Macchina.ApriLettura(r_.TestoIntestazione);
+            char blocco[4096];
+            while (const std::size_t letti = file->Leggi(blocco, sizeof blocco))
+                testo.append(blocco, letti);
+        } catch (const Errore& e) {
+            throw UsoErrato{"--testo-intestazione: " + r_.TestoIntestazione + ": " +
+                            Utf8Da1252(Descrizione(e.Numero))};
+        }
+        // The text box holds Windows-1252 and ends its lines in CR LF, wherever the text was written.
+        if (testo.compare(0, 3, "\xEF\xBB\xBF") == 0) testo.erase(0, 3);
+        testo = DaArgomento(testo);
+        s_.Text1.clear();
+        for (std::size_t i = 0; i < testo.size(); ++i) {
+            if (testo[i] == '\n' && (i == 0 || testo[i - 1] != '\r')) s_.Text1 += '\r';
+            s_.Text1 += testo[i];
+        }
+    }
+    RaccogliOpzioni(s_);
+    if (s_.Check1 == 1 && s_.Text1.empty() && !r_.Silenzioso)
+        finestra_.Di(
+            "Avviso: --intestazione-procedure senza --testo-intestazione: non c'è un testo da scrivere.");
+}
+
+// File1Leggi_Click. Without `consenti` the command's own answer to the question is No.
+bool Corsa::Scegli(bool consenti) {
+    const bool senzaConferma = s_.OpzSenzaConferma;
+    if (!consenti) {
+        s_.OpzSenzaConferma = false;
+        finestra_.Risposta = false;
+    }
+    const bool fatto = Fai("File1Leggi_Click", File1Leggi_Click);
+    s_.OpzSenzaConferma = senzaConferma;
+    return fatto;
+}
+
+std::vector<Lungo> Corsa::Selezionate() const {
+    std::vector<Lungo> righe;
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
+        if (s_.File1.Selected(i)) righe.push_back(i);
+    return righe;
+}
+
+void Corsa::SelezionaEsattamente(const std::vector<Lungo>& righe) {
+    std::vector<bool> volute(static_cast<std::size_t>(s_.File1.ListCount()), false);
+    for (const Lungo i : righe)
+        volute[static_cast<std::size_t>(i)] = true;
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
+        if (s_.File1.Selected(i) != volute[static_cast<std::size_t>(i)])
+            SelezionaFile1(s_, i, volute[static_cast<std::size_t>(i)]);
+}
+
+void Corsa::ScegliRighe() {
+    if (r_.Resto.empty()) return; // all of them, as they are
+    std::vector<Lungo> righe;
+    for (const std::string& nome : r_.Resto) {
+        const Testo chiave = ChiaveRiga(DaArgomento(nome));
+        const std::size_t prima = righe.size();
+        for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
+            if (ChiaveRiga(s_.File1.List(i)) == chiave) righe.push_back(i);
+        if (righe.size() == prima)
+            throw UsoErrato{"il progetto non ha la riga «" + nome + "»: morvella-cli elenca " + r_.Progetto +
+                            " mostra quelle che ha"};
+    }
+    SelezionaEsattamente(righe);
+}
+
+void Corsa::Riordina() {
+    finestra_.Fermo.reset();
+    Fai("mnuRiordina_Click", mnuRiordina_Click);
+    if (r_.Prosegui) ProseguiRiordina();
+}
+
+// Goes on behind a row that failed, as a user would by hand: it is deselected together with the
+// rows already done, and the command is given again. A run that stopped in its first stage has
+// rewritten the rows before but not yet given them their own names: these are not done, and
+// come last, all in one run.
+void Corsa::ProseguiRiordina() {
+    std::vector<Lungo> sospese;
+    for (;;) {
+        while (finestra_.Fermo && finestra_.Fermo->Riga >= 0) {
+            const Arresto fermo = *std::exchange(finestra_.Fermo, std::nullopt);
+            for (const Lungo i : Selezionate()) {
+                if (i > fermo.Riga) break;
+                if (i < fermo.Riga && !fermo.SecondoGiro) sospese.push_back(i);
+                SelezionaFile1(s_, i, false);
+            }
+            if (!Selezionate().empty()) Fai("mnuRiordina_Click", mnuRiordina_Click);
+        }
+        if (sospese.empty() || finestra_.Fermo) return; // an error before the first row: no use
+        SelezionaEsattamente(std::exchange(sospese, {}));
+        Fai("mnuRiordina_Click", mnuRiordina_Click);
+    }
+}
+
+int Corsa::Eventi() {
+    // All are looked at before the first is run: a slip in the last must not leave half a run.
+    constexpr const char* Seleziona = "seleziona=";
+    for (const std::string& evento : r_.Resto) {
+        const bool nota = std::any_of(std::begin(Operazioni), std::end(Operazioni),
+                                      [&](const Operazione& o) { return evento == o.Nome; });
+        const bool selezione = evento.rfind(Seleziona, 0) == 0 &&
+                               evento.find_first_not_of("0123456789,", 10) == std::string::npos;
+        if (nota || selezione) continue;
+        std::string noti;
+        for (const Operazione& o : Operazioni)
+            noti += std::string(o.Nome) + ", ";
+        throw UsoErrato{"evento sconosciuto: " + evento + "; ci sono " + noti + "seleziona=0,2,5"};
+    }
+    for (const std::string& evento : r_.Resto) {
+        if (evento.rfind(Seleziona, 0) == 0) {
+            std::vector<Lungo> righe;
+            Lungo numero = -1;
+            for (const char c : evento.substr(10) + ",") {
+                if (c != ',') {
+                    numero = std::min<Lungo>((numero < 0 ? 0 : numero) * 10 + (c - '0'), 1000000000);
+                } else if (numero >= 0) {
+                    if (numero >= s_.File1.ListCount())
+                        throw UsoErrato{evento + ": il progetto ha " +
+                                        Conto(s_.File1.ListCount(), "riga", "righe") + ", contate da 0"};
+                    righe.push_back(numero);
+                    numero = -1;
+                }
+            }
+            SelezionaEsattamente(righe);
+            continue;
+        }
+        const auto* operazione = std::find_if(std::begin(Operazioni), std::end(Operazioni),
+                                              [&](const Operazione& o) { return evento == o.Nome; });
+        if (!Fai(operazione->Nome, operazione->Fai)) break;
+    }
+    lavorate_.clear();
+    for (const auto& [riga, prodotto] : finestra_.Prodotti)
+        lavorate_.push_back(riga);
+    return finestra_.Avvenuto.Errori.empty() ? Fatto : Fermato;
+}
+
+void Corsa::Elenca() {
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
+        Riga(Utf8Da1252(s_.File1.List(i)));
+}
+
+void Corsa::RaccontaErrori() {
+    for (const ErroreAvvenuto& e : finestra_.Avvenuto.Errori) {
+        std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore);
+        if (e.Riga >= 0 && e.Riga < s_.File1.ListCount())
+            frase += " fermato alla riga «" + Utf8Da1252(s_.File1.List(e.Riga)) + "»";
+        else
+            frase += " fermato";
+        frase +=
+            ": errore " + std::to_string(e.Causa.Numero) + ", " + Utf8Da1252(Descrizione(e.Causa.Numero));
+        if (!e.Causa.File.empty()) frase += " (" + Nativo(e.Causa.File) + ")";
+        const std::string consiglio = Consiglio(e.Causa.Numero);
+        if (!consiglio.empty()) frase += "\n  " + consiglio;
+        finestra_.Di(frase);
+    }
+}
+
+// One line a module with what was written, warnings, totals and time.
+void Corsa::Racconta() {
+    finestra_.TogliProgresso();
+    if (!r_.Silenzioso) {
+        std::size_t larga = 0;
+        Lungo totale = 0;
+        for (const auto& [i, prodotto] : finestra_.Prodotti) {
+            larga = std::min<std::size_t>(std::max(larga, s_.File1.List(i).size()), 40);
+            totale += prodotto.Righe;
+        }
+        for (const auto& [i, prodotto] : finestra_.Prodotti) {
+            const Testo& nome = s_.File1.List(i);
+            std::string riga =
+                "  " + Utf8Da1252(nome) + std::string(larga - std::min(larga, nome.size()), ' ') + "  ->";
+            for (std::size_t f = 0; f < prodotto.File.size(); ++f)
+                riga += (f ? ", " : " ") + Breve(prodotto.File[f]);
+            Riga(riga);
+        }
+        for (const std::string& avviso : Avvisi(s_, lavorate_))
+            finestra_.Di("Avviso: " + avviso);
+        const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
+        const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
+        if (r_.Comando != "elenca")
+            Riga(Conto(moduli, "modulo riscritto", "moduli riscritti") + ", " +
+                 Conto(totale, "riga", "righe") + ", " + Italiano(durata.count(), 2) + " s");
+    }
+    RaccontaErrori();
+}
+
+void Corsa::ScriviRapporto() {
+    if (r_.Rapporto.empty()) return;
+    const std::string json = Json(s_, finestra_.Avvenuto);
+    if (r_.Rapporto == "-") {
+        ambiente_.Uscita << json;
+        return;
+    }
+    const auto file = ambiente_.Macchina.ApriScrittura(r_.Rapporto);
+    file->Scrivi(json.data(), json.size());
+    file->Chiudi();
+}
+
+int Corsa::Esegui() {
+    int stato = Fatto;
+    // The run moves the process's current directory: paths of the command line are read before.
+    namespace fs = std::filesystem;
+    if (!r_.Rapporto.empty() && r_.Rapporto != "-")
+        r_.Rapporto = (fs::path(ambiente_.Macchina.DirectoryCorrente()) / r_.Rapporto).generic_string();
+    LeggiOpzioni();
+    ScegliProgetto();
+    try {
+        if (r_.Comando == "eventi") {
+            stato = Eventi();
+        } else if (r_.Comando == "esegui") {
+            if (Scegli(true)) {
+                lavorate_ = Selezionate();
+                if (s_.IndiceFile == RispostaNo && !s_.OpzSenzaConferma &&
+                    !finestra_.Avvenuto.Messaggi.empty() &&
+                    finestra_.Avvenuto.Messaggi.back().Risposta == RispostaNo)
+                    stato = RispostoNo;
+                else if (r_.Prosegui)
+                    ProseguiRiordina();
+            }
+        } else if (Scegli(false)) {
+            if (r_.Comando == "elenca") {
+                Elenca();
+            } else {
+                ScegliRighe();
+                lavorate_ = Selezionate();
+                Riordina();
+            }
+        }
+    } catch (const UsoErrato&) {
+        ScriviRapporto();
+        throw;
+    }
+    if (!finestra_.Avvenuto.Errori.empty()) stato = Fermato;
+    Racconta();
+    ScriviRapporto();
+    return stato;
+}
+
+} // namespace
+
+int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
+    const auto di = [&](const std::string& utf8) { ambiente.Errori << ambiente.Codifica(utf8) << '\n'; };
+    try {
+        Richiesta richiesta = Analizza(argomenti);
+        if (richiesta.Aiuto) {
+            ambiente.Uscita << ambiente.Codifica(TestoAiuto());
+            return Fatto;
+        }
+        if (richiesta.Versione) {
+            ambiente.Uscita << "morvella-cli " MORVELLA_VERSIONE "\n";
+            return Fatto;
+        }
+        return Corsa(std::move(richiesta), ambiente).Esegui();
+    } catch (const UsoErrato& e) {
+        di("morvella-cli: " + e.Testo + "\n(morvella-cli --aiuto mostra comandi e opzioni)");
+        return UsoSbagliato;
+    } catch (const Errore& e) {
+        di("morvella-cli: errore " + std::to_string(e.Numero) + ", " + Utf8Da1252(Descrizione(e.Numero)));
+        return Fermato;
+    }
+}
+
+} // namespace morvella::cli

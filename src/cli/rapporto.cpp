@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "cli/rapporto.h"
+
+#include <cstdio>
+
+namespace morvella::cli {
+
+namespace {
+
+std::string Stringa(Vista bytes) {
+    std::string json = "\"";
+    for (const char c : Utf8Da1252(bytes)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            json += '\\';
+            json += c;
+        } else if (byte < 0x20) {
+            char numero[8];
+            std::snprintf(numero, sizeof numero, "\\u%04x", byte);
+            json += numero;
+        } else {
+            json += c;
+        }
+    }
+    return json + '"';
+}
+
+std::string Logico(bool b) { return b ? "true" : "false"; }
+
+std::string Numero(Lungo n) { return std::to_string(n); }
+
+template <class Voci, class F>
+std::string Schiera(const Voci& voci, F&& voce) {
+    std::string json = "[";
+    for (const auto& v : voci) {
+        if (json.size() > 1) json += ',';
+        json += "\n    " + voce(v);
+    }
+    return json + (json.size() > 1 ? "\n  ]" : "]");
+}
+
+std::string DiBarra(const Barra& barra) {
+    return "{\"Max\": " + Numero(barra.Max) + ", \"Value\": " + Numero(barra.Value) +
+           ", \"Visible\": " + Logico(barra.Visible) + "}";
+}
+
+} // namespace
+
+std::string Json(const Stato& s, const Cronaca& cronaca) {
+    std::vector<Lungo> righe(static_cast<std::size_t>(s.File1.ListCount()));
+    for (std::size_t i = 0; i < righe.size(); ++i)
+        righe[i] = static_cast<Lungo>(i);
+
+    std::string json = "{\n  \"righe\": ";
+    json += Schiera(righe, [&](Lungo i) {
+        return "{\"testo\": " + Stringa(s.File1.List(i)) +
+               ", \"selezionata\": " + Logico(s.File1.Selected(i)) + "}";
+    });
+    json += ",\n  \"menu\": {\"mnuRiordina\": " + Logico(s.mnuRiordina) +
+            ", \"mnuvorn\": " + Logico(s.mnuvorn) + ", \"mnuLettura\": " + Logico(s.mnuLettura) +
+            ", \"mnuHTML\": " + Logico(s.mnuHTML) + ", \"mnuSeleziona\": " + Stringa(s.mnuSeleziona) + "}";
+    json += ",\n  \"Label2\": " + Stringa(s.Label2);
+    json += ",\n  \"ProgressBar1\": " + DiBarra(s.ProgressBar1);
+    json += ",\n  \"Progress\": " + DiBarra(s.Progress);
+    json += ",\n  \"messaggi\": " + Schiera(cronaca.Messaggi, [](const Messaggio& m) {
+                return "{\"testo\": " + Stringa(m.Scritto) + ", \"flag\": " + Numero(m.Flag) +
+                       ", \"titolo\": " + Stringa(m.Titolo) + ", \"risposta\": " + Numero(m.Risposta) + "}";
+            });
+    json += ",\n  \"processi\": " + Schiera(cronaca.Processi, [](const Testo& p) { return Stringa(p); });
+    json += ",\n  \"errori\": " + Schiera(cronaca.Errori, [](const ErroreAvvenuto& e) {
+                return "{\"motore\": " + Stringa(e.Motore) + ", \"numero\": " + Numero(e.Causa.Numero) +
+                       ", \"descrizione\": " + Stringa(Descrizione(e.Causa.Numero)) +
+                       ", \"file\": " + Stringa(e.Causa.File) + ", \"finale\": " + Logico(e.Finale) + "}";
+            });
+    return json + "\n}\n";
+}
+
+} // namespace morvella::cli

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+//
+// The rewriter's run: two stages over the rows of File1.
+#include "rewriter/rewriter.h"
+
+#include "scan/testa.h"
+#include "shell/cartella.h"
+#include "shell/gestore.h"
+
+namespace morvella {
+
+namespace {
+
+constexpr Vista Stelle = "*******************************************************"; // 55
+static_assert(Stelle.size() == 55);
+
+// Stands at the end of the rewritten file, behind the last line of the module.
+void ScriviChiusura(Stato& s) {
+    const Testo margine = Space(10);
+    const auto scrivi = [&](std::initializer_list<Vista> pezzi) {
+        Istruzione(s, [&] { s.Canale.Print(2, pezzi); });
+    };
+    const Testo data = Istruzione(s, [&] { return s.File.Date(); });
+    scrivi({margine, "'", Stelle});
+    scrivi({margine, "'*              Procedura by Dario Fenzoni             *"});
+    scrivi({margine, "'*              E-mail ", IndirizzoContatto, "           *"});
+    scrivi({margine, "'* Procedura per il riordino dei programmi Visual Basic*"});
+    if (!s.ElencoShow.Resto().empty()) // sic: two bytes wider than the box
+        scrivi({margine, "'*  La procedura richiama i seguenti Form o procedure:   *"});
+    for (Testo voce; VoceShow(s.ElencoShow, voce);)
+        scrivi({margine, "'", voce});
+    scrivi({margine, "'", Stelle});
+    scrivi({margine, "'               Rilettura del ", data, "..."});
+    scrivi({margine, "'"});
+}
+
+// First stage, one selected row: the rewritten text.
+void RiscriviFile(Stato& s, const Testo& voce) {
+    // A new file. ElencoShow is emptied when the source is open, StatoTesta set further down.
+    s.ContaRighe = 0;
+    s.Numero = Space(5);
+    s.Margine = Space(5);
+    s.TotaleRighe = 0;
+    s.StoriaBlocchi = "00";
+
+    s.FileUscita =
+        Istruzione(s, [&] { return LCase(s.DirAppoggio + "\\" + Testo(BaseDiRiga(voce)) + ".Txt"); });
+    if (!Istruzione(s, [&] { return s.File.Dir(s.FileUscita, 0); }).empty())
+        Istruzione(s, [&] { s.File.Kill(s.FileUscita); });
+    s.FileSorgente = s.Dir1Path + "\\" + voce;
+    ScriviLabel2(s, s.FileSorgente);
+
+    RaccogliShow(s);
+
+    LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
+    s.Progress.Min = 0;
+    PortaBarra(s, s.Progress, 0);
+    MostraBarra(s, s.Progress, true);
+
+    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
+    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    IniziaTestaRiordina(s);
+    while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
+        ++s.ContaRighe;
+        AvanzaBarra(s, s.Progress);
+        const Vista linea = Istruzione(s, [&] { return s.Canale.LineInput(1); });
+        if (AvanzaTestaRiordina(s, linea)) RiscriviRiga(s);
+    }
+    ScriviChiusura(s);
+    Istruzione(s, [&] { s.Canale.Close(1); });
+    Istruzione(s, [&] { s.Canale.Close(2); });
+    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+}
+
+void CopiaSeEsiste(Stato& s) {
+    if (Istruzione(s, [&] { return s.File.Dir(s.FileSorgente, 0); }).empty()) return;
+    Istruzione(s, [&] { s.File.FileCopy(s.FileSorgente, s.FileUscita); });
+    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, 0);
+}
+
+// Second stage, one selected row: the rewritten text under the module's own name, and the
+// form's binary companion. A row with a directory that is missing below the work directory has
+// its text flat there, where this does not look for it: such a row gets no copy of its own.
+void CopiaFile(Stato& s, const Testo& voce) {
+    const Testo base(Istruzione(s, [&] { return BaseDiRiga(voce); }));
+    s.FileUscita = LCase(s.DirAppoggio + "\\" + voce);
+    if (!Istruzione(s, [&] { return s.File.Dir(s.DirAppoggio + "\\" + base + ".txt", 0); }).empty())
+        s.FileSorgente = LCase(s.DirAppoggio + "\\" + base + ".txt");
+    else
+        s.FileSorgente = LCase(s.Dir1Path + "\\Appoggio\\" + base + ".txt");
+    CopiaSeEsiste(s);
+    s.FileUscita = LCase(s.DirAppoggio + "\\" + base + ".Frx");
+    s.FileSorgente = s.Dir1Path + "\\" + base + ".Frx";
+    CopiaSeEsiste(s);
+}
+
+void Riordina(Stato& s) {
+    ScriviDir(s, s.Dir1Path + "\\Appoggio");
+    Istruzione(s, [&] { s.File.ChDir(s.Dir1Path); });
+    // ProgressBar1.Value is not set back: a second run goes on from where the bar stood.
+    LimitaBarra(s, s.ProgressBar1, s.File1.ListCount());
+    MostraBarra(s, s.ProgressBar1, true);
+
+    const Lungo righe = s.File1.ListCount();
+    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+        if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
+            PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
+        if (!s.File1.Selected(s.IndiceFile)) continue;
+        s.RigaInLavoro = s.IndiceFile;
+        RiscriviFile(s, s.File1.List(s.IndiceFile));
+    }
+    MostraBarra(s, s.ProgressBar1, false);
+    ScriviLabel2(s, "");
+    MostraBarra(s, s.Progress, false);
+
+    s.SecondoGiro = true;
+    MostraBarra(s, s.Progress, true);
+    LimitaBarra(s, s.Progress, righe + 10);
+    PortaBarra(s, s.Progress, 0);
+    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+        if (!s.File1.Selected(s.IndiceFile)) continue;
+        s.RigaInLavoro = s.IndiceFile;
+        AvanzaBarra(s, s.Progress);
+        CopiaFile(s, s.File1.List(s.IndiceFile));
+    }
+    MostraBarra(s, s.Progress, false);
+    PortaBarra(s, s.Progress, 0);
+}
+
+} // namespace
+
+void mnuRiordina_Click(Stato& s) {
+    s.mnuLettura = true; // before the handler is armed
+    EseguiMotore(s, "mnuRiordina_Click", [&] { Riordina(s); });
+}
+
+} // namespace morvella

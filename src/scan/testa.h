@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// scan/testa.h
+//
+// What lies before the code of a source file. The first pass counts the lines and collects
+// the .Show calls; the head state then separates the head (control section, Attribute lines)
+// from the code, in two variants that differ on purpose: the rewriter's copies the head raw
+// and begins afresh with every file, the listing's drops it and goes over from one file to
+// the next. Neither is to be brought into line with the other.
+#pragma once
+
+#include "shell/gestore.h"
+
+namespace morvella {
+
+/// Whether UCase of the last 4 bytes of FileSorgente is ".FRM".
+bool SorgenteForm(const Stato& s);
+
+/// The first pass over FileSorgente, on channel 1: adds its lines to TotaleRighe and fills
+/// ElencoShow. Each statement runs under the engines' handler.
+void RaccogliShow(Stato& s);
+
+/// Takes the first entry off ElencoShow: up to 53 bytes it is padded with blanks to 54 and
+/// closed with "*"; longer it is given as it is. False, and nothing taken, when no Chr(13) is
+/// left. `voce` is overwritten.
+bool VoceShow(ElencoShowFile& elenco, Testo& voce);
+
+/// StatoTesta at the start of the rewriter's second pass: 7 for a form, else 0.
+void IniziaTestaRiordina(Stato& s);
+/// One step of the head state for a line as read, the rewriter's variant. Writes head lines
+/// and the header text to channel 2. True when the line goes on to the keyword chain; Riga is
+/// the trimmed line then.
+bool AvanzaTestaRiordina(Stato& s, Vista linea);
+
+/// StatoTesta at the start of the listing's second pass: 7 for a form; any other file leaves
+/// it as the last file left it.
+void IniziaTestaStruttura(Stato& s);
+/// What the listing does with a line, in this order: the head of the listing is written, the
+/// line is numbered, the listing starts anew (at the end of a form's control section; the line
+/// itself is done with then), the line goes on to the keyword chain. Of a line of the head
+/// nothing is written.
+struct PassoTesta {
+    bool Testa = false;
+    bool Codice = false;
+    bool Riparte = false;
+    bool operator==(const PassoTesta&) const = default;
+};
+/// One step of the head state, the listing's variant, for Riga as it stands. Sets ContaRighe.
+PassoTesta AvanzaTestaStruttura(Stato& s);
+
+} // namespace morvella

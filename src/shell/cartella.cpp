@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "shell/cartella.h"
+
+namespace morvella {
+
+namespace {
+
+// A statement under resume-next: what it raises is dropped.
+template <class F>
+void SaltaSeFallisce(F&& statement) {
+    try {
+        statement();
+    } catch (const Errore&) {
+    }
+}
+
+} // namespace
+
+void ScriviDir(Stato& s, Vista mdir) {
+    const Testo marca = Testo(mdir) + "\\OK.LOG";
+    // A plain file of the directory's name counts as the directory: none is made then, and the
+    // engines meet it at their first output.
+    if (s.File.Dir(mdir, 16).empty()) {
+        SaltaSeFallisce([&] { s.File.MkDir(mdir); });
+        SaltaSeFallisce([&] { s.Canale.OpenOutput(7, marca); });
+        SaltaSeFallisce([&] { s.Canale.Print(7, "Ok! Directory Creata, ora mettiamoci al lavoro ..."); });
+        SaltaSeFallisce([&] { s.Canale.Close(7); });
+    }
+    s.DirAppoggio = mdir;
+    s.File.AgganciaLavoro(mdir);
+    const Testo progetto(s.File1Leggi.Scelto());
+    if (!Trim(progetto).empty())
+        SaltaSeFallisce(
+            [&] { s.File.FileCopy(s.Dir1Path + "\\" + progetto, Testo(mdir) + "\\" + progetto); });
+    s.Casa.AggiornaDir1();
+}
+
+Testo PercorsoCorto(Stato& s, Vista percorso) {
+    Disco& disco = s.File.DiscoInUso();
+    if (!disco.HaPercorsiCorti()) return Testo(percorso);
+    Testo buffer(165, '\0');
+    const unsigned long n = disco.GetShortPathNameA(s.File.Trova(percorso).Percorso, buffer.data(), 164);
+    const Testo corto(Mid(Left(buffer, static_cast<Lungo>(n)), 1, 50)); // the cut at 50 is meant
+    return corto.empty() ? Testo(percorso) : corto;
+}
+
+} // namespace morvella

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "shell/state.h"
+
+namespace morvella {
+
+void ListaFile1::AddItem(Vista testo) {
+    righe_.push_back({Testo(testo), LCase(testo), false});
+    ordinate_ = false;
+}
+
+ListaFile1::Voce& ListaFile1::Riga(Lungo i) const {
+    if (i < 0 || i >= ListCount()) throw Errore(ErrArgomento);
+    if (!ordinate_) {
+        // Stable: equal rows keep the order in which they came.
+        std::stable_sort(righe_.begin(), righe_.end(),
+                         [](const Voce& a, const Voce& b) { return a.Chiave < b.Chiave; });
+        ordinate_ = true;
+    }
+    return righe_[static_cast<std::size_t>(i)];
+}
+
+void SelezionaFile1(Stato& s, Lungo i, bool selezionata) {
+    s.File1.Segna(i, selezionata);
+    File1_Click(s);
+}
+
+void File1_Click(Stato& s) {
+    s.mnuvorn = true;
+    s.mnuLettura = true;
+    s.mnuRiordina = true;
+}
+
+void ScriviLabel2(Stato& s, Vista testo) {
+    s.Label2 = testo;
+    s.Casa.RidisegnaLabel2();
+}
+
+void MostraBarra(Stato& s, Barra& barra, bool visibile) {
+    barra.Visible = visibile;
+    s.Casa.RidisegnaBarra(barra);
+}
+
+void LimitaBarra(Stato& s, Barra& barra, Lungo massimo) {
+    barra.Max = massimo;
+    s.Casa.RidisegnaBarra(barra);
+}
+
+void PortaBarra(Stato& s, Barra& barra, Lungo valore) {
+    barra.Value = valore;
+    barra.Mostrato = valore;
+    s.Casa.RidisegnaBarra(barra);
+}
+
+void RaccogliOpzioni(Stato& s) {
+    s.OpzTogliCommenti = s.TogliCommenti == 1;
+    s.OpzIntestazione = s.Check1 == 1;
+    s.TestoIntestazione = Trim(s.Text1).empty() ? Testo() : s.Text1;
+    s.OpzSenzaConferma = s.Check2 == 1;
+}
+
+void CambiaDir1(Stato& s, const std::string& percorso) {
+    s.Dir1Path = s.File.Aggancia(Gancio::Progetto, percorso);
+    Dir1_Change(s);
+}
+
+void Dir1_Change(Stato& s) {
+    try {
+        s.FileUscita.clear();
+        s.FileSorgente.clear();
+        s.File1Leggi = {}; // File1Leggi.Path and Refresh: nothing is chosen any more
+        s.File.ChDir(s.Dir1Path);
+        s.File1.Clear();
+        s.mnuLettura = false;
+        s.mnuRiordina = false;
+        s.mnuvorn = false;
+    } catch (const Errore& e) {
+        // sic: number and description run together
+        s.Casa.MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
+    }
+}
+
+void CambiaDrive1(Stato& s, Vista unita) {
+    if (s.Drive1Drive == unita) return;
+    s.Drive1Drive = unita;
+    Drive1_Change(s);
+}
+
+void Drive1_Change(Stato& s) {
+    try {
+        CambiaDir1(s, s.File.DiscoInUso().DirectoryUnita(Utf8Da1252(s.Drive1Drive)));
+    } catch (const Errore&) { // any error
+        s.Casa.Beep();
+        s.Casa.MsgBox("Verificare il Driver .. non risponde", OkStop, "Driver Vuoto (?)"); // sic
+        CambiaDrive1(s, "C:");
+    }
+    s.FileUscita.clear();
+    s.FileSorgente.clear();
+    s.mnuRiordina = false;
+    s.mnuLettura = false;
+    s.mnuvorn = false;
+}
+
+} // namespace morvella

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// shell/state.h
+//
+// The whole state of the program in one object: the fields of the form VornOK and of
+// Module1, the states of the controls that the logic reads or writes, the channels. It is
+// made in main or in a test and passed by reference; the engines share its fields instead
+// of passing arguments, and each resets what it needs at the head of a file.
+//
+// Controls are changed through the procedures below, which raise the events that the
+// controls raise: selecting a row in File1 enables three commands, for instance.
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+#include "shell/finestra.h"
+#include "text/primitive.h"
+
+namespace morvella {
+
+/// The address that stands in banners, boxes and pages: 21 bytes, so that the lines that
+/// hold it keep their width.
+inline constexpr Vista IndirizzoContatto = "vorn@morvella.example";
+static_assert(IndirizzoContatto.size() == 21);
+
+/// A progress bar. A Max of 0 is accepted.
+struct Barra {
+    Lungo Min = 0;
+    Lungo Max = 100;
+    Lungo Value = 0;
+    bool Visible = false;
+    Lungo Mostrato = 0; // the value that the window last saw
+};
+
+/// The list of the project's sources. Rows are numbered from 0 and stand in ascending order
+/// of the bytes of LCase(row), a row equal to others behind them.
+class ListaFile1 {
+  public:
+    void Clear() { righe_.clear(); }
+    void AddItem(Vista testo);
+    Lungo ListCount() const noexcept { return static_cast<Lungo>(righe_.size()); }
+    /// The row's text; raises 5 for a row that is not there.
+    const Testo& List(Lungo i) const { return Riga(i).Scritta; }
+    bool Selected(Lungo i) const { return Riga(i).Selezionata; }
+    /// Without the event; the way in is SelezionaFile1.
+    void Segna(Lungo i, bool selezionata) { Riga(i).Selezionata = selezionata; }
+
+  private:
+    struct Voce {
+        Testo Scritta;
+        Testo Chiave;
+        bool Selezionata = false;
+    };
+    Voce& Riga(Lungo i) const;
+
+    mutable std::vector<Voce> righe_; // put in order when first asked: adding n rows is no n * n
+    mutable bool ordinate_ = true;
+};
+
+/// The project files of Dir1.Path, of which one is chosen.
+struct ListaFile1Leggi {
+    std::vector<Testo> Nomi;
+    Lungo ListIndex = -1;
+    /// `File1Leggi.List(File1Leggi.ListIndex)`: "" when none is chosen.
+    Vista Scelto() const noexcept {
+        return ListIndex >= 0 && ListIndex < static_cast<Lungo>(Nomi.size())
+                   ? Vista(Nomi[static_cast<std::size_t>(ListIndex)])
+                   : Vista();
+    }
+};
+
+/// The `.Show` entries of a file, each ended by Chr(13), in one text. Entries are taken from
+/// the front by moving a mark: the text itself is never copied.
+struct ElencoShowFile {
+    Testo Voci;
+    std::size_t Presi = 0;
+    void Svuota() {
+        Voci.clear();
+        Presi = 0;
+    }
+    Vista Resto() const noexcept { return Vista(Voci).substr(Presi); }
+};
+
+struct Stato {
+    Stato(Disco& disco, Finestra& finestra) : File(disco), Canale(File), Casa(finestra) {}
+    Stato(const Stato&) = delete;
+    Stato& operator=(const Stato&) = delete;
+
+    Archivio File;
+    Canali Canale;
+    Finestra& Casa;
+
+    // VornOK
+    Testo FileSorgente;   // full path of the source in work
+    Testo FileUscita;     // full path of the output in work; the handler may make it flat
+    Testo Margine;        // left margin or connector column
+    Testo Numero;         // line-number field
+    Testo StoriaBlocchi;  // two-digit block codes, newest last
+    Vista RigaLetta;      // a line of a first pass; holds until channel 1 reads on
+    Testo DirAppoggio;    // the work directory; never cleared
+    Lungo IndiceFile = 0; // loop index over File1; before that, the answer of Command1_Click
+    Lungo PosBarra = 0;   // scan position of the handler, its own so that the loop keeps its place
+
+    // Module1. All four options are written when an option is stored; only the first is read,
+    // by Command1_Click. The engines look at the controls themselves.
+    Vista Riga; // the line in work, trimmed; holds until channel 1 reads on
+    bool OpzSenzaConferma = false;
+    bool OpzIntestazione = false;
+    bool OpzTogliCommenti = false;
+    Testo TestoIntestazione;
+
+    // The head scanner, per file in work (scan/testa.h)
+    Lungo TotaleRighe = 0;
+    Lungo ContaRighe = 0;
+    int StatoTesta = 0;
+    ElencoShowFile ElencoShow;
+
+    // Controls
+    Testo AppPath; // App.Path: the program's own directory
+    Testo Drive1Drive = "C:";
+    Testo Dir1Path;
+    ListaFile1Leggi File1Leggi;
+    ListaFile1 File1;
+    Testo Label2 = " ";
+    Barra ProgressBar1;
+    Barra Progress;
+    bool mnuRiordina = true;
+    bool mnuvorn = false;
+    bool mnuLettura = true;
+    bool mnuHTML = true;
+    Testo mnuSeleziona = "Seleziona tutto"; // the caption is the state of the toggle
+    int Check1 = 0;
+    int Check2 = 0;
+    int TogliCommenti = 0;
+    Testo Text1;
+    bool Option1_0 = false; // "*.Bas"; hidden, so it stays off in any window
+
+    // Where the engine in work stands, for the home that reports an engine's end.
+    Lungo RigaInLavoro = -1;
+    bool SecondoGiro = false;
+};
+
+/// `File1.Selected(i) = selezionata`; raises File1_Click.
+void SelezionaFile1(Stato& s, Lungo i, bool selezionata);
+/// The event of a change of selection: enables mnuvorn, mnuLettura, mnuRiordina.
+void File1_Click(Stato& s);
+/// `Label2.Caption = testo`, repainted at once.
+void ScriviLabel2(Stato& s, Vista testo);
+/// Settings of a bar, each repainted.
+void MostraBarra(Stato& s, Barra& barra, bool visibile);
+void LimitaBarra(Stato& s, Barra& barra, Lungo massimo);
+void PortaBarra(Stato& s, Barra& barra, Lungo valore);
+
+/// `barra.Value = barra.Value + 1`, once for each line: repainted when a two hundredth of
+/// the bar has passed.
+inline void AvanzaBarra(Stato& s, Barra& barra) {
+    ++barra.Value;
+    if ((barra.Value - barra.Mostrato) * 200 >= barra.Max) PortaBarra(s, barra, barra.Value);
+}
+
+/// The four option fields of Module1 from their controls, as when an option loses the focus.
+void RaccogliOpzioni(Stato& s);
+
+/// `Dir1.Path` becomes the directory with this platform path; raises Dir1_Change.
+void CambiaDir1(Stato& s, const std::string& percorso);
+/// Empties the file state and the list, puts the current directory on Dir1.Path and disables
+/// mnuLettura, mnuRiordina and mnuvorn. An error shows a box and skips the rest.
+void Dir1_Change(Stato& s);
+
+/// `Drive1.Drive = unita`; raises Drive1_Change when that is a change.
+void CambiaDrive1(Stato& s, Vista unita);
+/// Moves Dir1 to the drive and empties the file state. A drive that does not answer beeps, shows
+/// a box and falls back to "C:"; then the interrupted sequence goes on.
+void Drive1_Change(Stato& s);
+
+} // namespace morvella

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+#include "text/archivio.h"
+
+#include <algorithm>
+
+#include "text/codifica.h"
+
+namespace morvella {
+
+namespace {
+
+bool Separatore(char c) noexcept { return c == '\\' || c == '/'; }
+
+// Whether `percorso` lies at or below the directory `radice`; `piega` ignores case.
+bool Comincia(Vista percorso, Vista radice, bool piega) {
+    if (radice.empty() || percorso.size() < radice.size()) return false;
+    if (percorso.size() > radice.size() && !Separatore(percorso[radice.size()])) return false;
+    for (std::size_t i = 0; i < radice.size(); ++i) {
+        const char a = percorso[i];
+        const char b = radice[i];
+        if (a == b || (Separatore(a) && Separatore(b))) continue;
+        if (!piega ||
+            MinuscolaByte(static_cast<unsigned char>(a)) != MinuscolaByte(static_cast<unsigned char>(b)))
+            return false;
+    }
+    return true;
+}
+
+// The names of a path in order, with "." passed over and ".." taken back in the text.
+// `base` loses a name for each ".." that climbs above it.
+std::vector<Vista> Nomi(Vista percorso, std::string& base) {
+    std::vector<Vista> nomi;
+    while (!percorso.empty()) {
+        std::size_t fine = 0;
+        while (fine < percorso.size() && !Separatore(percorso[fine]))
+            ++fine;
+        const Vista nome = percorso.substr(0, fine);
+        percorso.remove_prefix(std::min(fine + 1, percorso.size()));
+        if (nome.empty() || nome == ".") continue;
+        if (nome != "..") {
+            nomi.push_back(nome);
+        } else if (!nomi.empty()) {
+            nomi.pop_back();
+        } else {
+            const std::size_t barra = base.find_last_of('/');
+            // "C:" and the root of all have no parent: they stay.
+            if (barra != std::string::npos) base.erase(barra);
+        }
+    }
+    return nomi;
+}
+
+// A directory's path with the name of an entry; "" is the root.
+std::string Unisci(const std::string& directory, const std::string& nome) { return directory + '/' + nome; }
+
+// A path as the disk wants it: the root has no name of its own.
+std::string PerDisco(const std::string& percorso) {
+    const bool radice = percorso.empty() || (percorso.size() == 2 && percorso[1] == ':');
+    return radice ? percorso + '/' : percorso;
+}
+
+Testo TestoDiNome(const std::string& nome) { return Bytes1252DaUtf8(nome).value_or(nome); }
+
+} // namespace
+
+Testo Archivio::TestoDiPercorso(const std::string& percorso) {
+    Testo testo;
+    std::size_t inizio = 0;
+    while (inizio <= percorso.size()) {
+        const std::size_t barra = std::min(percorso.find('/', inizio), percorso.size());
+        if (inizio > 0) testo += '\\';
+        testo += TestoDiNome(percorso.substr(inizio, barra - inizio));
+        inizio = barra + 1;
+    }
+    while (testo.size() > 1 && testo.back() == '\\' && testo[testo.size() - 2] != ':')
+        testo.pop_back();
+    return testo;
+}
+
+Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
+    std::string senzaBarra = percorso;
+    while (!senzaBarra.empty() && senzaBarra.back() == '/')
+        senzaBarra.pop_back();
+    Testo testo = TestoDiPercorso(PerDisco(senzaBarra));
+    // A root needs no hook: its text ends in "\", and leads there by itself.
+    ganci_[static_cast<std::size_t>(gancio)] =
+        Separatore(testo.back()) ? Radice{} : Radice{testo, std::move(senzaBarra)};
+    if (gancio == Gancio::Progetto) ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
+    return testo;
+}
+
+void Archivio::AgganciaLavoro(Vista testo) {
+    Radice& lavoro = ganci_[static_cast<std::size_t>(Gancio::Lavoro)];
+    lavoro = {};
+    std::string percorso = Trova(testo).Percorso;
+    lavoro = {Testo(testo), std::move(percorso)};
+}
+
+// Takes the hooked directory or the root off the front of `percorso` and gives its path.
+std::string Archivio::Base(Vista& percorso) const {
+    // The work directory comes first: its folded text may be the true text of another hook.
+    const auto preso = [&](Gancio gancio, bool piega) -> const Radice* {
+        const Radice& radice = ganci_[static_cast<std::size_t>(gancio)];
+        return Comincia(percorso, radice.Nome, piega) ? &radice : nullptr;
+    };
+    const Radice* radice = preso(Gancio::Lavoro, true);
+    if (!radice) radice = preso(Gancio::Progetto, false);
+    if (!radice) radice = preso(Gancio::Programma, false);
+    if (radice) {
+        percorso.remove_prefix(radice->Nome.size());
+        return radice->Percorso;
+    }
+    if (percorso.size() >= 2 && percorso[1] == ':' && !disco_.DistingueMaiuscole()) {
+        std::string unita(percorso.substr(0, 2));
+        percorso.remove_prefix(2);
+        return unita;
+    }
+    if (!percorso.empty() && Separatore(percorso.front())) {
+        const bool rete = percorso.size() > 1 && Separatore(percorso[1]) && !disco_.DistingueMaiuscole();
+        return rete ? "/" : ""; // "\\server\share" keeps both its bars where such names exist
+    }
+    std::string corrente = disco_.DirectoryCorrente();
+    while (!corrente.empty() && corrente.back() == '/')
+        corrente.pop_back();
+    return corrente;
+}
+
+// The disk's own spelling of `nome` in `directory`, without regard to case; null when there
+// is none. Of several the first in byte order, so that the choice does not change.
+const std::string* Archivio::NelIndice(const std::string& directory, const Scheda& cosa, Vista nome) {
+    Indice& indice = indici_[directory];
+    if (indice.Modificato != cosa.Modificato) {
+        indice.Nomi.clear();
+        std::vector<std::string> nomi = disco_.Elenca(PerDisco(directory));
+        std::sort(nomi.begin(), nomi.end());
+        for (std::string& scritto : nomi)
+            indice.Nomi[LCase(TestoDiNome(scritto))].push_back(std::move(scritto));
+        indice.Modificato = cosa.Modificato;
+    }
+    const auto riga = indice.Nomi.find(LCase(nome));
+    return riga == indice.Nomi.end() || riga->second.empty() ? nullptr : &riga->second.front();
+}
+
+// The index of the directory that `percorso` lies in, if there is one and nobody has changed
+// the directory since. A change of our own can then be put into it (Annota), so that the next
+// name that is not there does not cost a reading of the whole directory.
+Archivio::Indice* Archivio::IndiceFresco(const std::string& percorso) {
+    const auto riga = indici_.find(percorso.substr(0, percorso.find_last_of('/')));
+    if (riga == indici_.end()) return nullptr;
+    const Scheda directory = disco_.Esamina(PerDisco(riga->first));
+    return directory.Modificato == riga->second.Modificato ? &riga->second : nullptr;
+}
+
+void Archivio::Annota(Indice* indice, const std::string& percorso, bool nato) {
+    if (!indice) return;
+    const std::size_t barra = percorso.find_last_of('/');
+    const std::string nome = percorso.substr(barra + 1);
+    std::vector<std::string>& scritti = indice->Nomi[LCase(TestoDiNome(nome))];
+    const auto posto = std::lower_bound(scritti.begin(), scritti.end(), nome);
+    const bool presente = posto != scritti.end() && *posto == nome;
+    if (nato && !presente) scritti.insert(posto, nome);
+    if (!nato && presente) scritti.erase(posto);
+    indice->Modificato = disco_.Esamina(PerDisco(percorso.substr(0, barra))).Modificato;
+}
+
+// Seeks one name and puts it behind `directory`, in the disk's spelling when it is there.
+Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPresente) {
+    std::string esatto = Unisci(directory, Utf8Da1252(nome));
+    Scheda cosa = disco_.Esamina(esatto);
+    directoryPresente = true;
+    if (!cosa.Esiste() && !SoloAscii(nome)) { // a name that Windows-1252 cannot hold stands for itself
+        const std::string grezzo = Unisci(directory, std::string(nome));
+        if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
+            directory = grezzo;
+            return altra;
+        }
+    }
+    if (!cosa.Esiste() && cosa.Errore == 0) {
+        const Scheda dove = disco_.Esamina(PerDisco(directory));
+        directoryPresente = dove.Tipo == TipoVoce::Directory;
+        if (directoryPresente && disco_.DistingueMaiuscole()) {
+            if (const std::string* scritto = NelIndice(directory, dove, nome)) {
+                esatto = Unisci(directory, *scritto);
+                cosa = disco_.Esamina(esatto);
+            }
+        }
+    }
+    directory = std::move(esatto);
+    return cosa;
+}
+
+Trovato Archivio::Trova(Vista percorso) {
+    Trovato file;
+    if (percorso.find('\0') != Vista::npos) throw Errore(ErrNumeroFile, percorso);
+    Vista resto = percorso;
+    file.Percorso = Base(resto);
+    const std::vector<Vista> nomi = Nomi(resto, file.Percorso);
+    if (nomi.empty()) {
+        file.Percorso = PerDisco(file.Percorso);
+        file.Cosa = disco_.Esamina(file.Percorso);
+        file.DirectoryPresente = true;
+        return file;
+    }
+    for (std::size_t i = 0; i < nomi.size(); ++i) {
+        file.Cosa = CercaNome(file.Percorso, nomi[i], file.DirectoryPresente);
+        if (i + 1 == nomi.size()) break;
+        if (file.Cosa.Tipo == TipoVoce::Directory) continue;
+        // Nothing, or a plain file, where a directory is needed.
+        file.DirectoryPresente = false;
+        file.Cosa = Scheda{.Chi = {}, .Errore = file.Cosa.Errore};
+        for (++i; i < nomi.size(); ++i)
+            file.Percorso = Unisci(file.Percorso, Utf8Da1252(nomi[i]));
+        break;
+    }
+    return file;
+}
+
+// What stands in the way of changing a file: 70 where it is one that is only to be read, 75
+// where it is no plain file or cannot be asked, 76 where there is no directory for it.
+void Archivio::Rifiuta(const Trovato& file, Vista percorso) const {
+    if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
+    if (!file.DirectoryPresente) throw Errore(ErrPercorso, percorso);
+    if (!file.Cosa.Esiste()) return;
+    if (file.Cosa.Tipo != TipoVoce::File) throw Errore(ErrAccesso, percorso);
+    if (protetti_.contains(file.Cosa.Chi)) throw Errore(ErrPermesso, percorso);
+}
+
+// A file that has to be there: 53 when it is not, whether or not its directory is.
+Trovato Archivio::TrovaFile(Vista percorso) {
+    Trovato file = Trova(percorso);
+    if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
+    if (!file.Cosa.Esiste()) throw Errore(ErrFileAssente, percorso);
+    return file;
+}
+
+void Archivio::Proteggi(const std::vector<Testo>& percorsi) {
+    protetti_.clear();
+    protetti_.reserve(percorsi.size());
+    for (const Testo& percorso : percorsi) {
+        if (percorso.find('\0') != Testo::npos) continue;
+        const Trovato file = Trova(percorso);
+        if (file.Cosa.Tipo == TipoVoce::File) protetti_.insert(file.Cosa.Chi);
+    }
+}
+
+Testo Archivio::Dir(Vista percorso, int attributi) {
+    const auto ammesso = [&](const Scheda& cosa) {
+        return cosa.Tipo == TipoVoce::File || (cosa.Tipo == TipoVoce::Directory && (attributi & 16) != 0);
+    };
+    const auto ultimo = [](Vista tutto) { return tutto.substr(tutto.find_last_of("\\/") + 1); };
+    if (percorso.empty() || percorso.find('\0') != Vista::npos) return {};
+    try {
+        if (ultimo(percorso) != "*.*") {
+            const Trovato file = Trova(percorso);
+            return ammesso(file.Cosa) ? TestoDiNome(Testo(ultimo(file.Percorso))) : Testo();
+        }
+        const Trovato directory = Trova(percorso.substr(0, percorso.size() - 3));
+        if (directory.Cosa.Tipo != TipoVoce::Directory) return {};
+        std::vector<std::string> nomi = disco_.Elenca(directory.Percorso);
+        std::sort(nomi.begin(), nomi.end());
+        for (const std::string& nome : nomi)
+            if (ammesso(disco_.Esamina(Unisci(directory.Percorso, nome)))) return TestoDiNome(nome);
+    } catch (const Errore&) {
+        // A place that cannot be read shows no name.
+    }
+    return {};
+}
+
+void Archivio::MkDir(Vista percorso) {
+    const Trovato dove = Trova(percorso);
+    if (dove.Cosa.Errore != 0 || dove.Cosa.Esiste()) throw Errore(ErrAccesso, percorso);
+    if (!dove.DirectoryPresente) throw Errore(ErrPercorso, percorso);
+    Indice* indice = IndiceFresco(dove.Percorso);
+    try {
+        disco_.CreaDirectory(dove.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+    Annota(indice, dove.Percorso, true);
+}
+
+void Archivio::ChDir(Vista percorso) {
+    const Trovato dove = Trova(percorso);
+    if (dove.Cosa.Errore != 0) throw Errore(dove.Cosa.Errore, percorso);
+    if (dove.Cosa.Tipo != TipoVoce::Directory) throw Errore(ErrPercorso, percorso);
+    try {
+        disco_.CambiaDirectory(dove.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+}
+
+void Archivio::FileCopy(Vista da, Vista a) {
+    const Trovato sorgente = TrovaFile(da);
+    if (sorgente.Cosa.Tipo != TipoVoce::File) throw Errore(ErrAccesso, da);
+    const Trovato destinazione = Trova(a);
+    if (destinazione.Cosa.Esiste() && destinazione.Cosa.Chi == sorgente.Cosa.Chi) return;
+    Rifiuta(destinazione, a);
+    Indice* indice = destinazione.Cosa.Esiste() ? nullptr : IndiceFresco(destinazione.Percorso);
+    try {
+        disco_.Copia(sorgente.Percorso, destinazione.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, a);
+    }
+    Annota(indice, destinazione.Percorso, true);
+}
+
+void Archivio::Kill(Vista percorso) {
+    const Trovato file = TrovaFile(percorso);
+    Rifiuta(file, percorso);
+    Indice* indice = IndiceFresco(file.Percorso);
+    try {
+        disco_.Cancella(file.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+    Annota(indice, file.Percorso, false);
+}
+
+long long Archivio::FileLen(Vista percorso) { return static_cast<long long>(TrovaFile(percorso).Cosa.Bytes); }
+
+Testo Archivio::FileDateTime(Vista percorso) {
+    const Istante quando = disco_.UltimaModifica(TrovaFile(percorso).Percorso);
+    Testo testo = disco_.TestoData(quando);
+    if (quando.Ora != 0 || quando.Minuto != 0 || quando.Secondo != 0) testo += ' ' + disco_.TestoOra(quando);
+    return testo;
+}
+
+Testo Archivio::Date() { return disco_.TestoData(disco_.Adesso()); }
+
+Testo Archivio::Time() { return disco_.TestoOra(disco_.Adesso()); }
+
+void Archivio::Shell(Vista comando, int finestra) {
+    const std::size_t blank = std::min(comando.find(' '), comando.size());
+    const Vista percorso = comando.substr(std::min(blank + 1, comando.size()));
+    disco_.Avvia(Utf8Da1252(comando.substr(0, blank)), Trova(percorso).Percorso, finestra);
+}
+
+std::unique_ptr<FileAperto> Archivio::ApriLettura(const Trovato& file, Vista percorso) {
+    if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
+    if (!file.Cosa.Esiste()) throw Errore(file.DirectoryPresente ? ErrFileAssente : ErrPercorso, percorso);
+    if (file.Cosa.Tipo != TipoVoce::File) throw Errore(ErrAccesso, percorso);
+    try {
+        return disco_.ApriLettura(file.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+}
+
+std::unique_ptr<FileAperto> Archivio::ApriScrittura(const Trovato& file, Vista percorso) {
+    Rifiuta(file, percorso);
+    Indice* indice = file.Cosa.Esiste() ? nullptr : IndiceFresco(file.Percorso);
+    try {
+        std::unique_ptr<FileAperto> aperto = disco_.ApriScrittura(file.Percorso);
+        Annota(indice, file.Percorso, true);
+        return aperto;
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+}
+
+} // namespace morvella

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// text/archivio.h
+//
+// The file-system operations over the system's own paths: texts in Windows-1252 with "\"
+// (or "/") between the names, compared without regard to case. On a disk that tells case
+// apart each name is sought as it is spelled and then without regard to case, ".." is
+// resolved in the text, before any name is sought, and a new file gets the name given.
+//
+// What would surprise: the engines fold whole paths to lower case, directory and all, and
+// "\data\prog" must not lead to a neighbour of "\data\Prog". So the directories that paths
+// are built from are hooked (Aggancia): a path that begins with such a text goes to that
+// very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "text/disco.h"
+#include "text/testo.h"
+
+namespace morvella {
+
+/// The directories that the system builds its paths from.
+enum class Gancio { Lavoro, Progetto, Programma };
+
+/// Where a text leads on the disk.
+struct Trovato {
+    std::string Percorso;           // platform path; of what is there, or of what would be made
+    Scheda Cosa;                    // Assente when there is nothing
+    bool DirectoryPresente = false; // whether the directory that it lies in is there
+};
+
+class Archivio {
+  public:
+    explicit Archivio(Disco& disco) : disco_(disco) {}
+
+    /// The text of a platform path: names that Windows-1252 holds in its bytes, others as
+    /// they are; no "\" at the end but for the root.
+    static Testo TestoDiPercorso(const std::string& percorso);
+
+    /// Hooks a directory given by its platform path and gives its text, which from now on
+    /// leads there. A new project lets go of the work directory.
+    Testo Aggancia(Gancio gancio, const std::string& percorso);
+    /// Hooks the work directory by its text, spelled as the system builds it. Its text leads
+    /// there in lower case too: the one hook for which that is needed.
+    void AgganciaLavoro(Vista testo);
+
+    /// Files that no operation here may change, whatever path leads to them: opening one for
+    /// output, deleting it or copying onto it raises 70. Replaces the list of before; paths
+    /// that lead to no file are passed over.
+    void Proteggi(const std::vector<Testo>& percorsi);
+
+    Trovato Trova(Vista percorso);
+
+    /// `Dir(path, attributi)`: the bare name of the plain file (with 16: or directory) that
+    /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
+    /// every name. Never raises.
+    Testo Dir(Vista percorso, int attributi);
+    /// Raises 75 when the path exists or cannot be made, 76 without its parent.
+    void MkDir(Vista percorso);
+    /// Raises 76 when there is no such directory, 75 when it cannot be entered.
+    void ChDir(Vista percorso);
+    /// Raises 53 without a source, 76 without the target's directory, 70 for a protected
+    /// target, 61 when the disk is full. A file copied onto itself stays as it is.
+    void FileCopy(Vista da, Vista a);
+    /// Raises 53 when there is no such file, 70 for a protected one.
+    void Kill(Vista percorso);
+    /// Bytes; raises 53 when there is no such file.
+    long long FileLen(Vista percorso);
+    /// Date, one blank, time; at midnight the date alone. Raises 53 when there is no such file.
+    Testo FileDateTime(Vista percorso);
+    Testo Date();
+    Testo Time();
+    /// `Shell(comando, finestra)`: a program's name, a blank and a path. Returns at once; raises
+    /// 53 when the program cannot be found.
+    void Shell(Vista comando, int finestra);
+
+    /// For the channels: opens the file for reading. Raises 53, 75, 76.
+    std::unique_ptr<FileAperto> ApriLettura(const Trovato& file, Vista percorso);
+    /// For the channels: creates or empties the file. Raises 61, 70, 75, 76.
+    std::unique_ptr<FileAperto> ApriScrittura(const Trovato& file, Vista percorso);
+
+    Disco& DiscoInUso() noexcept { return disco_; }
+
+  private:
+    struct Radice {
+        Testo Nome;           // the system's text, "" while nothing is hooked
+        std::string Percorso; // the platform's path
+    };
+    // The names of one directory by their folded texts, as of the directory's last change.
+    struct Indice {
+        std::int64_t Modificato = 0;
+        std::unordered_map<Testo, std::vector<std::string>> Nomi;
+    };
+
+    struct SpargiIdentita {
+        std::size_t operator()(const Identita& chi) const noexcept {
+            return std::hash<std::uint64_t>{}(chi.Numero * 31 + chi.Volume);
+        }
+    };
+
+    std::string Base(Vista& percorso) const;
+    Scheda CercaNome(std::string& directory, Vista nome, bool& directoryPresente);
+    const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
+    Indice* IndiceFresco(const std::string& percorso);
+    void Annota(Indice* indice, const std::string& percorso, bool nato);
+    void Rifiuta(const Trovato& file, Vista percorso) const;
+    Trovato TrovaFile(Vista percorso);
+
+    Disco& disco_;
+    std::array<Radice, 3> ganci_;
+    std::unordered_set<Identita, SpargiIdentita> protetti_;
+    std::unordered_map<std::string, Indice> indici_;
+};
+
+} // namespace morvella

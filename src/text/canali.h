@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// text/canali.h
+//
+// The sequential files, addressed by their numbers, a line at a time over large blocks.
+// A line that LineInput gives is a look into the channel's own buffer and holds until the
+// next line of that channel: no line is copied, none is kept. Buffers outlive their files.
+//
+// What would surprise: a line ends at CR or CR LF; a lone LF ends nothing and stays in the
+// line as a byte, unless FineRigaLf says that the files came back from a system that
+// changed their line ends. What is written always ends in CR LF.
+#pragma once
+
+#include <array>
+#include <cstring>
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+#include "text/archivio.h"
+
+namespace morvella {
+
+class Canali {
+  public:
+    /// File numbers go from 1 to this; the system uses 1, 2 and 7.
+    static constexpr int NumeroMassimo = 7;
+    /// Bytes in a block. Only a line that is longer makes a buffer grow.
+    static constexpr std::size_t Blocco = 128 * 1024;
+
+    explicit Canali(Archivio& archivio) : archivio_(archivio) {}
+
+    /// `Open percorso For Input As #n`. Raises 55 when the number or the file is open, 53
+    /// without the file, 76 without its directory, 75 when it cannot be read.
+    void OpenInput(int n, Vista percorso);
+    /// `Open percorso For Output As #n`: from empty. Raises 55 when the number or the file is
+    /// open, 76 without the directory, 70 and 75 when it may not be written; then no file is
+    /// made or touched.
+    void OpenOutput(int n, Vista percorso);
+    /// `Close #n`; nothing when the number is not open. Raises 61 or 57 when the last bytes did
+    /// not reach the file; it is closed all the same. A failure already raised is not repeated.
+    void Close(int n);
+    bool Aperto(int n) const noexcept;
+
+    /// `EOF(n)`: no byte is left to read. Raises 52 when the number is not open for input.
+    bool Eof(int n) {
+        Canale& c = Aperto(n, Modo::Lettura);
+        return c.Inizio == c.Fine && !Riempi(c);
+    }
+
+    /// `Line Input #n`. The result holds until the next call for `n`. Raises 52 when the number
+    /// is not open for input, 62 at the end of the file.
+    Vista LineInput(int n) {
+        Canale& c = Aperto(n, Modo::Lettura);
+        if (!FineRigaLf && c.Inizio < c.Fine) {
+            // The common line lies whole in the block, and the byte behind its CR too.
+            const char* riga = c.Memoria.data() + c.Inizio;
+            const auto* cr = static_cast<const char*>(std::memchr(riga, '\r', c.Fine - c.Inizio));
+            if (cr && cr + 1 < c.Memoria.data() + c.Fine) {
+                const auto lunga = static_cast<std::size_t>(cr - riga);
+                c.Inizio += lunga + (cr[1] == '\n' ? 2 : 1);
+                return {riga, lunga};
+            }
+        }
+        return LineInputLento(c);
+    }
+
+    /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
+    /// output, 61 or 57 when a block could not be written.
+    void Print(int n, std::initializer_list<Vista> pezzi) {
+        Canale& c = Aperto(n, Modo::Scrittura);
+        std::size_t totale = 2;
+        for (const Vista pezzo : pezzi)
+            totale += pezzo.size();
+        if (totale > c.Memoria.size() - c.Fine) FaiPosto(c, totale);
+        char* dove = c.Memoria.data() + c.Fine;
+        for (const Vista pezzo : pezzi) {
+            std::memcpy(dove, pezzo.data(), pezzo.size());
+            dove += pezzo.size();
+        }
+        *dove++ = '\r';
+        *dove = '\n';
+        c.Fine += totale;
+    }
+    void Print(int n, Vista testo) { Print(n, {testo}); }
+
+    /// A lone LF ends a line too, when reading.
+    bool FineRigaLf = false;
+
+  private:
+    enum class Modo { Chiuso, Lettura, Scrittura };
+
+    struct Canale {
+        Modo Stato = Modo::Chiuso;
+        std::unique_ptr<FileAperto> File;
+        Identita Chi;
+        Testo Percorso;
+        bool Guasto = false;   // a write failed and was told
+        bool Esaurito = false; // the file has no further block
+        std::vector<char> Memoria;
+        std::size_t Inizio = 0; // reading: the first byte not yet given
+        std::size_t Fine = 0;   // behind the last byte read, or waiting to be written
+    };
+
+    Canale& Aperto(int n, Modo modo) {
+        if (n < 1 || n > NumeroMassimo || canali_[static_cast<std::size_t>(n)].Stato != modo)
+            throw Errore(ErrNumeroFile);
+        return canali_[static_cast<std::size_t>(n)];
+    }
+    Canale& Libero(int n, Vista percorso);
+    void RifiutaAperto(const Trovato& file, Vista percorso) const;
+    Vista LineInputLento(Canale& c);
+    bool Riempi(Canale& c);
+    void Scarica(Canale& c);
+    void FaiPosto(Canale& c, std::size_t totale);
+
+    Archivio& archivio_;
+    std::array<Canale, NumeroMassimo + 1> canali_;
+};
+
+} // namespace morvella

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// text/codifica.h
+//
+// The edge between the system's bytes (Windows-1252) and Unicode: names on a disk, texts
+// on a terminal. The five bytes that Windows-1252 leaves open (129, 141, 143, 144, 157)
+// stand for the control characters of the same number, so every text goes over and back.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace morvella {
+
+/// Windows-1252 bytes to UTF-8. Every byte has a character; ASCII stays as it is.
+std::string Utf8Da1252(std::string_view bytes);
+
+/// UTF-8 to Windows-1252 bytes; nothing when `utf8` is not well-formed UTF-8 or holds a
+/// character that Windows-1252 does not have.
+std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8);
+
+/// Whether every byte is below 128.
+bool SoloAscii(std::string_view bytes) noexcept;
+
+} // namespace morvella

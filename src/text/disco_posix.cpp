@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+//
+// The home on a POSIX system.
+#include <dirent.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+
+#include "text/disco.h"
+
+extern char** environ;
+
+namespace morvella {
+
+namespace {
+
+int NumeroDaErrno(int errore) {
+    switch (errore) {
+    case ENOENT:
+    case ENAMETOOLONG: return ErrFileAssente;
+    case ENOTDIR:
+    case ELOOP: return ErrPercorso;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG: return ErrDiscoPieno;
+    case ENOMEM: return ErrMemoria;
+    case EBUSY:
+    case ETXTBSY: return ErrPermesso;
+    case EIO: return ErrDispositivo;
+    case ENXIO:
+    case ENODEV: return ErrUnita;
+    default: return ErrAccesso; // no right to it, a directory in the place of a file, and the rest
+    }
+}
+
+[[noreturn]] void Solleva() { throw Errore(NumeroDaErrno(errno)); }
+
+class FilePosix : public FileAperto {
+  public:
+    explicit FilePosix(int fd) : fd_(fd) {}
+    FilePosix(const FilePosix&) = delete;
+    FilePosix& operator=(const FilePosix&) = delete;
+    ~FilePosix() override {
+        if (fd_ >= 0) ::close(fd_);
+    }
+
+    std::size_t Leggi(char* dove, std::size_t n) override {
+        for (;;) {
+            const ssize_t letti = ::read(fd_, dove, n);
+            if (letti >= 0) return static_cast<std::size_t>(letti);
+            if (errno != EINTR) Solleva();
+        }
+    }
+
+    void Scrivi(const char* da, std::size_t n) override {
+        while (n > 0) {
+            const ssize_t scritti = ::write(fd_, da, n);
+            if (scritti < 0) {
+                if (errno == EINTR) continue;
+                Solleva();
+            }
+            da += scritti;
+            n -= static_cast<std::size_t>(scritti);
+        }
+    }
+
+    void Chiudi() override {
+        const int fd = fd_;
+        fd_ = -1;
+        if (::close(fd) != 0 && errno != EINTR) Solleva();
+    }
+
+    // The kernel's own way from file to file; false where it has none for these two.
+    bool CopiaDentro(FilePosix& sorgente) {
+#ifdef __linux__
+        bool iniziata = false;
+        for (;;) {
+            const ssize_t copiati = ::copy_file_range(sorgente.fd_, nullptr, fd_, nullptr, 1u << 30, 0);
+            if (copiati > 0) {
+                iniziata = true;
+                continue;
+            }
+            if (copiati == 0) return iniziata; // an end at once may be a file without a size: read it
+            if (errno == EINTR) continue;
+            if (!iniziata && (errno == EXDEV || errno == ENOSYS || errno == EINVAL || errno == EOPNOTSUPP))
+                return false;
+            Solleva();
+        }
+#else
+        (void)sorgente;
+        return false;
+#endif
+    }
+
+  private:
+    int fd_;
+};
+
+int Apri(const std::string& percorso, int modo) {
+    for (;;) {
+        const int fd = ::open(percorso.c_str(), modo | O_CLOEXEC, 0666);
+        if (fd >= 0) return fd;
+        if (errno != EINTR) Solleva();
+    }
+}
+
+Istante Locale(std::time_t secondi) {
+    std::tm tm{};
+    ::localtime_r(&secondi, &tm);
+    return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
+}
+
+class DiscoPosix : public Disco {
+  public:
+    Scheda Esamina(const std::string& percorso) override {
+        struct stat st {};
+        Scheda cosa;
+        if (::stat(percorso.c_str(), &st) != 0) {
+            const int numero = NumeroDaErrno(errno);
+            if (numero != ErrFileAssente && numero != ErrPercorso) cosa.Errore = numero;
+            return cosa;
+        }
+        cosa.Tipo = S_ISREG(st.st_mode)   ? TipoVoce::File
+                    : S_ISDIR(st.st_mode) ? TipoVoce::Directory
+                                          : TipoVoce::Altro;
+        cosa.Chi = {static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+        cosa.Bytes = static_cast<std::uint64_t>(st.st_size);
+        cosa.Modificato = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+        return cosa;
+    }
+
+    std::vector<std::string> Elenca(const std::string& directory) override {
+        DIR* aperta = ::opendir(directory.c_str());
+        if (!aperta) Solleva();
+        std::vector<std::string> nomi;
+        while (const dirent* voce = ::readdir(aperta)) {
+            std::string nome = voce->d_name;
+            if (nome != "." && nome != "..") nomi.push_back(std::move(nome));
+        }
+        ::closedir(aperta);
+        return nomi;
+    }
+
+    std::unique_ptr<FileAperto> ApriLettura(const std::string& percorso) override {
+        return std::make_unique<FilePosix>(Apri(percorso, O_RDONLY));
+    }
+
+    std::unique_ptr<FileAperto> ApriScrittura(const std::string& percorso) override {
+        return std::make_unique<FilePosix>(Apri(percorso, O_WRONLY | O_CREAT | O_TRUNC));
+    }
+
+    void CreaDirectory(const std::string& percorso) override {
+        if (::mkdir(percorso.c_str(), 0777) == 0) return;
+        if (errno == ENOENT) throw Errore(ErrPercorso);
+        Solleva();
+    }
+
+    void CambiaDirectory(const std::string& percorso) override {
+        if (::chdir(percorso.c_str()) == 0) return;
+        if (errno == ENOENT) throw Errore(ErrPercorso);
+        Solleva();
+    }
+
+    std::string DirectoryCorrente() override {
+        std::string percorso(256, '\0');
+        while (!::getcwd(percorso.data(), percorso.size())) {
+            if (errno != ERANGE) return "/"; // the directory is gone: what is sought there is not found
+            percorso.resize(percorso.size() * 2);
+        }
+        percorso.resize(percorso.find('\0'));
+        return percorso;
+    }
+
+    void Copia(const std::string& da, const std::string& a) override {
+        FilePosix sorgente(Apri(da, O_RDONLY));
+        FilePosix destinazione(Apri(a, O_WRONLY | O_CREAT | O_TRUNC));
+        if (!destinazione.CopiaDentro(sorgente)) {
+            std::string blocco(128 * 1024, '\0');
+            while (const std::size_t letti = sorgente.Leggi(blocco.data(), blocco.size()))
+                destinazione.Scrivi(blocco.data(), letti);
+        }
+        destinazione.Chiudi();
+    }
+
+    void Cancella(const std::string& percorso) override {
+        if (::unlink(percorso.c_str()) != 0) Solleva();
+    }
+
+    Istante Adesso() override { return Locale(std::time(nullptr)); }
+
+    Istante UltimaModifica(const std::string& percorso) override {
+        struct stat st {};
+        if (::stat(percorso.c_str(), &st) != 0) Solleva();
+        return Locale(st.st_mtime);
+    }
+
+    void Avvia(const std::string&, const std::string& percorso, int) override {
+        // Both programs that the system names show a file: here the desktop knows which does.
+        std::string programma = "xdg-open";
+        std::string argomento = percorso;
+        char* argv[] = {programma.data(), argomento.data(), nullptr};
+        posix_spawnattr_t attributi;
+        ::posix_spawnattr_init(&attributi);
+        ::posix_spawnattr_setflags(&attributi, POSIX_SPAWN_SETPGROUP); // it outlives this program
+        pid_t figlio = 0;
+        const int esito = ::posix_spawnp(&figlio, argv[0], nullptr, &attributi, argv, environ);
+        ::posix_spawnattr_destroy(&attributi);
+        if (esito != 0) throw Errore(ErrFileAssente);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Disco> DiscoReale() { return std::make_unique<DiscoPosix>(); }
+
+} // namespace morvella

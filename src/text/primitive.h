@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// text/primitive.h
+//
+// The ground that every rule stands on, in one header: texts, numbered errors, the file
+// system and the sequential files. It knows nothing of what the program is for.
+#pragma once
+
+#include "text/archivio.h"
+#include "text/canali.h"
+#include "text/codifica.h"
+#include "text/disco.h"
+#include "text/errore.h"
+#include "text/testo.h"

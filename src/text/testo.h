@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// text/testo.h
+//
+// The text operations that every rule of the system is written in. A text is a counted
+// sequence of bytes in Windows-1252 and can hold any byte; positions start at 1.
+// Comparing is binary: who wants to ignore case folds first. Nothing here knows UTF-8
+// (text/codifica.h does, at the edges) and nothing uses the locale.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "text/errore.h"
+
+namespace morvella {
+
+using Testo = std::string;
+using Vista = std::string_view;
+
+/// A length or a position: signed, since some rules compute a negative one and mean its error.
+using Lungo = std::ptrdiff_t;
+
+inline Lungo Len(Vista s) noexcept { return static_cast<Lungo>(s.size()); }
+
+/// The bytes of `s` from position `inizio` (from 1), at most `n`; "" behind the end.
+/// Raises 5 when `inizio` is below 1 or `n` below 0. The result looks into `s`.
+inline Vista Mid(Vista s, Lungo inizio, Lungo n) {
+    if (inizio < 1 || n < 0) throw Errore(ErrArgomento);
+    if (inizio > Len(s)) return {};
+    return s.substr(static_cast<std::size_t>(inizio - 1), static_cast<std::size_t>(n));
+}
+
+/// `Mid(s, 1, n)`; raises 5 when `n` is below 0.
+inline Vista Left(Vista s, Lungo n) { return Mid(s, 1, n); }
+
+/// The last `n` bytes of `s`, all of it when it is shorter; raises 5 when `n` is below 0.
+inline Vista Right(Vista s, Lungo n) {
+    if (n < 0) throw Errore(ErrArgomento);
+    return n >= Len(s) ? s : s.substr(s.size() - static_cast<std::size_t>(n));
+}
+
+/// `s` without the blanks (byte 32) at both ends, and without those only: a TAB, CR, LF or
+/// byte 160 stays, so that a line indented with a TAB fails its keyword tests. This is meant.
+inline Vista Trim(Vista s) noexcept {
+    while (!s.empty() && s.front() == ' ')
+        s.remove_prefix(1);
+    while (!s.empty() && s.back() == ' ')
+        s.remove_suffix(1);
+    return s;
+}
+
+/// Position (from 1) of the first `ago` in `pagliaio` at or behind `inizio`, 0 when there is
+/// none. Binary. Raises 5 when `inizio` is below 1.
+Lungo InStr(Lungo inizio, Vista pagliaio, Vista ago);
+
+/// `n` blanks; raises 5 when `n` is below 0.
+Testo Space(Lungo n);
+
+/// The single byte `n` (0 to 255); raises 5 for any other number.
+Testo Chr(int n);
+
+/// Decimal digits, a minus sign when negative, no leading blank.
+Testo CStr(long long n);
+
+/// The decimal number at the start of `s` behind blanks, 0 when there is none.
+double Val(Vista s);
+
+/// One byte folded by Windows-1252: A to Z, the accented letters at and above 192 without
+/// the multiplication and division signs, and the pairs 138/154, 140/156, 142/158, 159/255.
+unsigned char MinuscolaByte(unsigned char c) noexcept;
+unsigned char MaiuscolaByte(unsigned char c) noexcept;
+
+Testo LCase(Vista s);
+Testo UCase(Vista s);
+
+/// Whether `LCase(Mid(s, 1, Len(prefisso))) = prefisso`, without building a text.
+/// `prefisso` is ASCII in lower case; a shorter `s` simply does not match.
+inline bool IniziaPer(Vista s, Vista prefisso) noexcept {
+    if (s.size() < prefisso.size()) return false;
+    for (std::size_t i = 0; i < prefisso.size(); ++i) {
+        const char c = s[i];
+        const char minuscola = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+        if (minuscola != prefisso[i]) return false;
+    }
+    return true;
+}
+
+} // namespace morvella

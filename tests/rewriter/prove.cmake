@@ -1,0 +1,2 @@
+# SPDX-License-Identifier: MIT
+# The test programs of this directory: morvella_prova(NAME FILE...)

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// tests/sostegno/finestra_finta.h
+//
+// A window for tests: answers what it is told to and keeps what it hears.
+#pragma once
+
+#include "shell/state.h"
+
+namespace morvella::prove {
+
+class FinestraFinta : public Finestra {
+  public:
+    struct Box {
+        Testo Scritto;
+        int Flag;
+        Testo Titolo;
+    };
+
+    int MsgBox(Vista testo, int flag, Vista titolo) override {
+        Box_.push_back({Testo(testo), flag, Testo(titolo)});
+        return flag == SiNoDomanda || flag == SiNoInformazione ? Risposta : static_cast<int>(RispostaOk);
+    }
+    void Beep() override { ++Beeps; }
+    void Avvia(Vista comando, int finestra) override {
+        Processi.emplace_back(comando);
+        StileProcesso = finestra;
+    }
+    void RidisegnaLabel2() override {
+        if (S) Etichette.push_back(S->Label2);
+    }
+    void RidisegnaBarra(const Barra&) override { ++Barre; }
+    void AggiornaDir1() override { ++Aggiornamenti; }
+    void MotoreFermato(const Arresto& arresto) override { Arresti.push_back(arresto); }
+    void FileScritto(Lungo riga, Vista percorso, Lungo righe) override {
+        Scritti.push_back(CStr(riga) + "|" + Testo(percorso) + "|" + CStr(righe));
+    }
+
+    const Stato* S = nullptr; // whose Label2 is recorded
+    int Risposta = RispostaNo;
+    std::vector<Box> Box_;
+    std::vector<Testo> Processi;
+    int StileProcesso = 0;
+    std::vector<Testo> Etichette;
+    std::vector<Testo> Scritti; // "row|path|lines"
+    std::vector<Arresto> Arresti;
+    int Beeps = 0;
+    int Barre = 0;
+    int Aggiornamenti = 0;
+};
+
+} // namespace morvella::prove

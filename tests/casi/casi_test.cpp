@@ -2,6 +2,7 @@
 //
 // Whole runs. A case is tests/casi/SUBSYSTEM/CASE with
 //   progetto/   what the user has; it holds one *.vbp, at any depth
+//   progetto-da in the place of progetto/: a directory of the repository that is the project
 //   opzioni     the command line, one argument a line; without a command among them the
 //               subsystem's own (rewriter: riordina)
 //   atteso/     the whole work directory afterwards
@@ -98,7 +99,10 @@ void Confronta(const Albero& atteso, const Albero& avuto, const std::string& che
 
 class Caso : public testing::Test {
   public:
-    explicit Caso(fs::path directory) : caso_(std::move(directory)) {}
+    explicit Caso(fs::path directory) : caso_(std::move(directory)), progetto_(caso_ / "progetto") {
+        if (fs::exists(caso_ / "progetto-da"))
+            progetto_ = fs::path(MORVELLA_RADICE) / Righe(caso_ / "progetto-da").at(0);
+    }
 
     void TestBody() override {
         Passa("prima");
@@ -112,7 +116,7 @@ class Caso : public testing::Test {
             fs::path(MORVELLA_CASI_USCITA) / caso_.parent_path().filename() / caso_.filename() / quale;
         fs::remove_all(qui);
         fs::create_directories(qui);
-        fs::copy(caso_ / "progetto", qui / "progetto", fs::copy_options::recursive);
+        fs::copy(progetto_, qui / "progetto", fs::copy_options::recursive);
         Guarda(qui, quale);
         Guarda(qui, quale + ", di nuovo");
     }
@@ -148,7 +152,7 @@ class Caso : public testing::Test {
 
         const fs::path lavoro = progetto.parent_path() / "Appoggio";
         Confronta(LeggiAlbero(caso_ / "atteso"), LeggiAlbero(lavoro), quale);
-        Albero resto = LeggiAlbero(caso_ / "progetto");
+        Albero resto = LeggiAlbero(progetto_);
         for (auto& [file, bytes] : LeggiAlbero(caso_ / "fuori"))
             resto[file] = bytes;
         Albero avuto = LeggiAlbero(qui / "progetto");
@@ -160,6 +164,7 @@ class Caso : public testing::Test {
     }
 
     fs::path caso_;
+    fs::path progetto_;
 };
 
 } // namespace
@@ -172,7 +177,8 @@ int main(int argc, char** argv) {
     for (const auto& sottosistema : fs::directory_iterator(MORVELLA_CASI))
         if (sottosistema.is_directory())
             for (const auto& caso : fs::directory_iterator(sottosistema.path()))
-                if (fs::exists(caso.path() / "progetto")) casi.push_back(caso.path());
+                if (fs::exists(caso.path() / "progetto") || fs::exists(caso.path() / "progetto-da"))
+                    casi.push_back(caso.path());
     std::sort(casi.begin(), casi.end());
     if (casi.empty()) {
         std::fprintf(stderr, "no cases below %s\n", MORVELLA_CASI);

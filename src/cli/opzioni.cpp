@@ -11,10 +11,10 @@ namespace {
 
 // clang-format off
 constexpr Comando TabellaComandi[] = {
-    {"esegui",   "",          "Sceglie il progetto, chiede conferma e riscrive tutti i moduli."},
+    {"esegui",   "",          "Chiede conferma e riscrive tutti i moduli del progetto."},
     {"riordina", "[RIGA...]", "Riscrive i moduli indicati, o tutti, senza chiedere."},
     {"elenca",   "",          "Mostra le righe del progetto, una per riga."},
-    {"eventi",   "EVENTO...", "Le operazioni della finestra, una dopo l'altra (per script)."},
+    {"eventi",   "EVENTO...", "Operazioni della finestra, una dopo l'altra (per script)."},
 };
 
 constexpr Opzione TabellaOpzioni[] = {
@@ -34,7 +34,7 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
     {'k', "prosegui",               nullptr, "Dopo un errore continua con le altre righe.",
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
-    {'r', "rapporto",               "FILE",  "Scrive un rapporto JSON (- per l'uscita standard).",
+    {'r', "rapporto",               "FILE",  "Rapporto JSON (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Rapporto = v; }},
     {'p', "programma",              "DIR",   "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},

@@ -1,0 +1,355 @@
+// SPDX-License-Identifier: MIT
+#include "cli/programma.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/opzioni.h"
+#include "sostegno/disco_finto.h"
+
+namespace morvella::cli {
+
+namespace {
+
+using prove::DiscoFinto;
+
+constexpr const char* ModuloA = "Attribute VB_Name = \"A\"\r\nOption Explicit\r\nSub a()\r\nEnd Sub\r\n";
+
+// A project of three modules on the double's disk, and a run of the program over it.
+struct Banco {
+    DiscoFinto Disco{"/casa"};
+    std::istringstream Ingresso;
+    std::ostringstream Uscita;
+    std::ostringstream Errori;
+    bool Terminale = false;
+
+    Banco() {
+        Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\nModule=B; B.bas\r\nModule=A; A.bas\r\nForm=C.frm\r\n");
+        Disco.Metti("/casa/p/A.bas", ModuloA);
+        Disco.Metti("/casa/p/B.bas", ModuloA);
+        Disco.Metti("/casa/p/C.frm",
+                    "VERSION 5.00\r\nAttribute VB_Exposed = False\r\nOption Explicit\r\n'c\r\n");
+    }
+
+    int Esegui(std::vector<std::string> argomenti) {
+        Uscita.str("");
+        Errori.str("");
+        Disco.CambiaDirectory("/casa"); // a run leaves the process in the project's directory
+        Ambiente ambiente{.Macchina = Disco, .Ingresso = Ingresso, .Uscita = Uscita, .Errori = Errori};
+        ambiente.IngressoTerminale = ambiente.ErroriTerminale = Terminale;
+        ambiente.DirectoryProgramma = "/casa/programma";
+        return Programma(argomenti, ambiente);
+    }
+
+    bool C(const std::string& testo) const { return Errori.str().find(testo) != std::string::npos; }
+    std::string Scritto(const std::string& nome) const { return Disco.Leggi("/casa/p/Appoggio/" + nome); }
+    bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
+};
+
+TEST(Uso, Errato) {
+    const std::vector<std::vector<std::string>> casi = {
+        {},
+        {"p/Prova.vbp"},
+        {"esegui"},
+        {"esegui", "--boh", "p/Prova.vbp"},
+        {"esegui", "-z", "p/Prova.vbp"},
+        {"esegui", "--si=1", "p/Prova.vbp"},
+        {"esegui", "p/Prova.vbp", "A.bas"},
+        {"elenca", "p/Prova.vbp", "A.bas"},
+        {"riordina", "p/Prova.vbp", "Assente.bas"},
+        {"riordina", "p/Prova.vbp", "--rapporto"},
+        {"eventi", "p/Prova.vbp"},
+        {"eventi", "p/Prova.vbp", "File1Leggi_Click", "Boh_Click"},
+        {"eventi", "p/Prova.vbp", "seleziona=x"},
+        {"eventi", "p/Prova.vbp", "File1Leggi_Click", "seleziona=3"},
+        {"riordina", "p/Prova.vbp", "--testo-intestazione", "assente.txt"},
+    };
+    for (const auto& argomenti : casi) {
+        Banco b;
+        EXPECT_EQ(b.Esegui(argomenti), 2) << testing::PrintToString(argomenti);
+        EXPECT_TRUE(b.C("morvella-cli: ") && b.C("--aiuto")) << b.Errori.str();
+        EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio")) << testing::PrintToString(argomenti);
+    }
+}
+
+TEST(Uso, AiutoStaInUnoSchermo) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"--aiuto"}), 0);
+    const std::string testo = b.Uscita.str();
+    EXPECT_LE(std::count(testo.begin(), testo.end(), '\n'), 24);
+    EXPECT_NE(testo.find("Esempio: morvella-cli esegui"), std::string::npos);
+    for (const Opzione& o : Opzioni())
+        EXPECT_NE(testo.find(std::string("--") + o.Lunga), std::string::npos);
+    for (const Comando& c : Comandi())
+        EXPECT_NE(testo.find(std::string("  ") + c.Nome), std::string::npos);
+    std::istringstream righe(testo);
+    for (std::string riga; std::getline(righe, riga);)
+        EXPECT_LE(Bytes1252DaUtf8(riga).value().size(), 80U) << riga;
+}
+
+TEST(Uso, OpzioniInOgniForma) {
+    const Richiesta r = Analizza(
+        {"-tq", "riordina", "-r", "f.json", "--testo-intestazione=t.txt", "p.vbp", "-k", "--", "-a.bas"});
+    EXPECT_TRUE(r.TogliCommenti && r.Silenzioso && r.Prosegui);
+    EXPECT_FALSE(r.IntestazioneProcedure || r.Lf || r.SenzaConferma || r.Risposta.has_value());
+    EXPECT_EQ(r.Rapporto, "f.json");
+    EXPECT_EQ(r.TestoIntestazione, "t.txt");
+    EXPECT_EQ(r.Progetto, "p.vbp");
+    EXPECT_EQ(r.Resto, std::vector<std::string>{"-a.bas"});
+    EXPECT_EQ(Analizza({"elenca", "-rf", "p.vbp"}).Rapporto, "f"); // a value may stick to its letter
+    EXPECT_EQ(Analizza({"elenca", "-r", "-", "p.vbp"}).Rapporto, "-");
+}
+
+TEST(Elenca, RigheInOrdineSenzaScrivere) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"elenca", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "A.bas\nB.bas\nC.frm\n");
+    EXPECT_EQ(b.Errori.str(), "");
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+}
+
+TEST(Esegui, SenzaTerminaleLaRispostaENo) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"esegui", "p/Prova.vbp"}), 3);
+    EXPECT_TRUE(b.C("Vuoi riordinare il Codice")) << b.Errori.str();
+    EXPECT_TRUE(b.C("la risposta è No"));
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+    EXPECT_EQ(b.Esegui({"esegui", "--no", "p/Prova.vbp"}), 3);
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+}
+
+TEST(Esegui, SiScriveTutto) {
+    for (const char* modo : {"--si", "-s", "--senza-conferma", "-c"}) {
+        Banco b;
+        EXPECT_EQ(b.Esegui({"esegui", modo, "p/Prova.vbp"}), 0) << modo;
+        for (const char* nome : {"a.txt", "a.bas", "b.txt", "b.bas", "c.txt", "c.frm", "Prova.vbp", "OK.LOG"})
+            EXPECT_TRUE(b.Fatto(nome)) << modo << ' ' << nome;
+        EXPECT_NE(b.Uscita.str().find("A.bas  -> Appoggio/a.txt, Appoggio/a.bas"), std::string::npos)
+            << b.Uscita.str();
+        EXPECT_NE(b.Uscita.str().find("3 moduli riscritti, 12 righe"), std::string::npos) << b.Uscita.str();
+    }
+}
+
+TEST(Esegui, DomandaSulTerminale) {
+    const std::pair<const char*, int> risposte[] = {{"s\n", 0}, {"S\r\n", 0}, {"sì\n", 0}, {"si\n", 0},
+                                                    {"n\n", 3}, {"\n", 3},    {"", 3},     {"sa\n", 3}};
+    for (const auto& [detto, stato] : risposte) {
+        Banco b;
+        b.Terminale = true;
+        b.Ingresso.str(detto);
+        EXPECT_EQ(b.Esegui({"esegui", "p/Prova.vbp"}), stato) << detto;
+        EXPECT_TRUE(b.C("nel progetto\nProva.vbp [s/N] ")) << b.Errori.str();
+        EXPECT_EQ(b.Fatto("a.txt"), stato == 0);
+    }
+}
+
+TEST(Esegui, SilenziosoTace) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"esegui", "-sq", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Uscita.str() + b.Errori.str(), "");
+    EXPECT_TRUE(b.Fatto("a.bas"));
+}
+
+TEST(Riordina, RigheNominateInOgniScrittura) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp", "c.FRM", "a.BAS"}), 0);
+    EXPECT_TRUE(b.Fatto("a.bas") && b.Fatto("c.frm"));
+    EXPECT_FALSE(b.Fatto("b.txt"));
+    EXPECT_EQ(b.Errori.str(), "") << "the command's own No is no news";
+}
+
+TEST(Riordina, SenzaConfermaNonCambiaIlComando) {
+    Banco b; // choosing the project must not run everything first
+    EXPECT_EQ(b.Esegui({"riordina", "--senza-conferma", "p/Prova.vbp", "A.bas"}), 0);
+    EXPECT_TRUE(b.Fatto("a.bas"));
+    EXPECT_FALSE(b.Fatto("b.txt"));
+}
+
+TEST(Riordina, RigheConDirectoryEdAccenti) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Module=Q; sub\\Quantit\xE0.bas\r\n");
+    b.Disco.Metti("/casa/p/sub/Quantit\xC3\xA0.bas", ModuloA);
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp", "SUB/quantit\xC3\x80.bas"}), 0) << b.Errori.str();
+    EXPECT_TRUE(b.Fatto("quantit\xC3\xA0.txt"));
+}
+
+TEST(Opzioni, ComeSpunteDellUtente) {
+    Banco b;
+    b.Disco.Metti("/casa/t.txt", "\xEF\xBB\xBF'Perch\xC3\xA9\n'due\r\n");
+    EXPECT_EQ(b.Esegui({"riordina", "-ti", "--testo-intestazione", "/casa/t.txt", "p/Prova.vbp", "C.frm"}),
+              0);
+    const std::string c = b.Scritto("c.txt");
+    // The text box holds Windows-1252 and CR LF; Print adds its own line end.
+    EXPECT_NE(c.find("Attribute VB_Exposed = False\r\n'Perch\xE9\r\n'due\r\n\r\n"), std::string::npos) << c;
+    EXPECT_EQ(c.find("'c\r\n"), std::string::npos);
+}
+
+TEST(Opzioni, TestoIn1252RestaComE) {
+    Banco b;
+    b.Disco.Metti("/casa/t.txt", "'Perch\xE9 s\xEC");
+    EXPECT_EQ(b.Esegui({"riordina", "-i", "--testo-intestazione=/casa/t.txt", "p/Prova.vbp", "C.frm"}), 0);
+    EXPECT_NE(b.Scritto("c.txt").find("False\r\n'Perch\xE9 s\xEC\r\n"), std::string::npos);
+}
+
+TEST(Opzioni, IntestazioneSenzaTestoAvvisa) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"riordina", "-i", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.C("non c'è un testo da scrivere"));
+}
+
+TEST(Errori, FileMancanteFermaESiDice) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp",
+                  "Module=A; A.bas\r\nModule=M; Manca.bas\r\nForm=Z.frm\r\nForm=C.frm\r\n");
+    b.Disco.Metti("/casa/p/Z.frm", "Option Explicit\r\n");
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.C(
+        "mnuRiordina_Click fermato alla riga «Manca.bas»: errore 53, File non trovato. (/casa/p/Manca.bas)"))
+        << b.Errori.str();
+    EXPECT_TRUE(b.Fatto("a.txt"));
+    EXPECT_FALSE(b.Fatto("a.bas")); // the second stage never ran
+    EXPECT_FALSE(b.Fatto("z.txt"));
+}
+
+TEST(Errori, ProseguiCompletaIlResto) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Module=A; A.bas\r\nModule=M; Manca.bas\r\nModule=N; Nulla.bas\r\n"
+                                       "Form=Z.frm\r\nForm=x\r\nForm=C.frm\r\n");
+    b.Disco.Metti("/casa/p/Z.frm", "Option Explicit\r\n");
+    EXPECT_EQ(b.Esegui({"riordina", "--prosegui", "p/Prova.vbp"}), 1);
+    for (const char* nome : {"a.txt", "a.bas", "c.txt", "c.frm", "z.txt", "z.frm"})
+        EXPECT_TRUE(b.Fatto(nome)) << nome;
+    EXPECT_TRUE(b.C("«Manca.bas»: errore 53"));
+    EXPECT_TRUE(b.C("«Nulla.bas»: errore 53"));
+    EXPECT_TRUE(b.C("«x»: errore 5,"));
+    EXPECT_NE(b.Uscita.str().find("3 moduli riscritti"), std::string::npos) << b.Uscita.str();
+}
+
+TEST(Errori, ProseguiDaEsegui) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Module=A; Assente.bas\r\nForm=C.frm\r\n");
+    EXPECT_EQ(b.Esegui({"esegui", "-sk", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Fatto("c.frm"));
+    EXPECT_EQ(b.Esegui({"esegui", "-nk", "p/Prova.vbp"}), 3);
+}
+
+TEST(Errori, ProseguiFinisceAncheSeTuttoFallisce) {
+    Banco b;
+    b.Disco.Fallisci("Copia", "a.bas", ErrDiscoPieno); // second stage, always
+    b.Disco.Fallisci("ApriScrittura", "b.txt", ErrAccesso);
+    EXPECT_EQ(b.Esegui({"riordina", "-k", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Fatto("c.frm"));
+    EXPECT_TRUE(b.C("«A.bas»: errore 61"));
+    EXPECT_TRUE(b.C("«B.bas»: errore 75"));
+}
+
+TEST(Errori, ProgettoAssenteEFinale) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"esegui", "-s", "p/Altro.vbp"}), 1);
+    EXPECT_TRUE(b.C("File1Leggi_Click fermato: errore 53, File non trovato. (/casa/p/Altro.vbp)"))
+        << b.Errori.str();
+    EXPECT_EQ(b.Esegui({"esegui", "-s", "q/Altro.vbp"}), 1);
+    EXPECT_TRUE(b.C("errore 76")) << b.Errori.str();
+}
+
+TEST(Errori, DiscoPienoNonSiPerde) {
+    Banco b;
+    b.Disco.SpazioLibero = 200;
+    const auto prima = b.Disco.TuttiIFile();
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.C("errore 61")) << b.Errori.str();
+    for (const auto& [percorso, bytes] : prima)
+        EXPECT_EQ(b.Disco.Leggi(percorso), bytes);
+}
+
+TEST(Avvisi, DiconoSenzaCambiare) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp",
+                  "Form=A.frm\r\nModule=A; A.bas\r\nModule=L; Lf.bas\r\nModule=U; ..\\lib\\U.bas\r\n");
+    b.Disco.Metti("/casa/p/A.frm", "Option Explicit\r\n");
+    b.Disco.Metti("/casa/p/Lf.bas", "Option Explicit\nSub a()\nEnd Sub\n");
+    b.Disco.Metti("/casa/lib/U.bas", ModuloA);
+    b.Disco.FaiDirectory("/casa/p/lib");
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 0) << b.Errori.str();
+    EXPECT_TRUE(b.C("«Lf.bas» ha fine riga LF")) << b.Errori.str();
+    EXPECT_TRUE(b.C("«A.bas» e «A.frm» scrivono lo stesso file, /casa/p/Appoggio/a.txt"));
+    EXPECT_TRUE(b.C("«..\\lib\\U.bas» esce da Appoggio: il suo testo va in /casa/p/lib/u.txt"));
+    EXPECT_FALSE(b.C("Prova.vbp» ha fine riga"));
+    EXPECT_EQ(b.Esegui({"riordina", "--lf", "p/Prova.vbp"}), 0);
+    EXPECT_FALSE(b.C("ha fine riga LF"));
+}
+
+TEST(Avvisi, ProgettoConLf) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\nModule=A; A.bas\n");
+    EXPECT_EQ(b.Esegui({"elenca", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "");
+    EXPECT_TRUE(b.C("«Prova.vbp» ha fine riga LF"));
+    EXPECT_EQ(b.Esegui({"elenca", "--lf", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "A.bas\n");
+}
+
+TEST(Eventi, InOrdine) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "seleziona=0,2", "mnuRiordina_Click"}),
+              0);
+    EXPECT_TRUE(b.Fatto("a.bas") && b.Fatto("c.frm"));
+    EXPECT_FALSE(b.Fatto("b.txt"));
+    Banco c;
+    EXPECT_EQ(
+        c.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "mnuSeleziona_Click", "mnuRiordina_Click"}),
+        0);
+    EXPECT_TRUE(c.Disco.Esiste("/casa/p/Appoggio/OK.LOG")); // the toggle had deselected every row
+    EXPECT_FALSE(c.Fatto("a.txt"));
+    Banco d;
+    EXPECT_EQ(d.Esegui({"eventi", "--si", "p/Prova.vbp", "File1Leggi_Click", "seleziona="}), 0);
+    EXPECT_TRUE(d.Fatto("b.bas"));
+}
+
+TEST(Eventi, ErroreFinaleChiudeLaLista) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"eventi", "p/Altro.vbp", "File1Leggi_Click", "mnuRiordina_Click"}), 1);
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+}
+
+TEST(Rapporto, OggettoIntero) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Module=A; A.bas\r\nModule=M; Perch\xE9.bas\r\n");
+    EXPECT_EQ(b.Esegui({"esegui", "-s", "-r", "-", "p/Prova.vbp"}), 1);
+    EXPECT_EQ(
+        b.Uscita.str(),
+        "{\n"
+        "  \"righe\": [\n"
+        "    {\"testo\": \"A.bas\", \"selezionata\": true},\n"
+        "    {\"testo\": \"Perché.bas\", \"selezionata\": true}\n"
+        "  ],\n"
+        "  \"menu\": {\"mnuRiordina\": true, \"mnuvorn\": true, \"mnuLettura\": true, \"mnuHTML\": true, "
+        "\"mnuSeleziona\": \"DeSeleziona tutto\"},\n"
+        "  \"Label2\": \"\\\\casa\\\\p\\\\Perché.bas\",\n"
+        "  \"ProgressBar1\": {\"Max\": 2, \"Value\": 2, \"Visible\": true},\n"
+        "  \"Progress\": {\"Max\": 19, \"Value\": 4, \"Visible\": true},\n"
+        "  \"messaggi\": [\n"
+        "    {\"testo\": \"Vuoi riordinare il Codice di tutti i form, moduli e classi presenti nel "
+        "progetto\\u000dProva.vbp\", \"flag\": 68, \"titolo\": \"Identazione\", \"risposta\": 6}\n"
+        "  ],\n"
+        "  \"processi\": [],\n"
+        "  \"errori\": [\n"
+        "    {\"motore\": \"mnuRiordina_Click\", \"numero\": 53, \"descrizione\": \"File non trovato.\", "
+        "\"file\": \"\\\\casa\\\\p\\\\Perché.bas\", \"finale\": false}\n"
+        "  ]\n"
+        "}\n");
+}
+
+TEST(Rapporto, SuFileAncheDopoUnErroreFinale) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"esegui", "-s", "--rapporto=r.json", "p/Altro.vbp"}), 1);
+    const std::string json = b.Disco.Leggi("/casa/r.json"); // from where the program was started
+    EXPECT_NE(json.find("\"motore\": \"File1Leggi_Click\", \"numero\": 53"), std::string::npos) << json;
+    EXPECT_NE(json.find("\"finale\": true"), std::string::npos);
+    EXPECT_NE(json.find("\"righe\": []"), std::string::npos);
+}
+
+} // namespace
+
+} // namespace morvella::cli

@@ -63,7 +63,7 @@ void FinestraTesto::Beep() {
 void FinestraTesto::Avvia(Vista comando, int finestra) {
     Avvenuto.Processi.emplace_back(comando);
     if (SenzaProcessi) return;
-    Archivio(ambiente_.Macchina).Shell(comando, finestra);
+    S->File.Shell(comando, finestra);
 }
 
 void FinestraTesto::RidisegnaLabel2() { Disegna(); }
@@ -106,8 +106,9 @@ void FinestraTesto::TogliProgresso() {
 }
 
 void FinestraTesto::MotoreFermato(const Arresto& arresto) {
-    Avvenuto.Errori.push_back({Testo(arresto.Motore), arresto.Causa, false, arresto.Riga});
-    Fermo = arresto;
+    Avvenuto.Errori.push_back({Testo(arresto.Motore), arresto.Causa, false, arresto.Riga, arresto.RigaFile});
+    Fermi.insert_or_assign(Testo(arresto.Motore), arresto);
+    Trovato.Osserva(arresto);
 }
 
 void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa) {

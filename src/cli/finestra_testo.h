@@ -10,11 +10,12 @@
 #include <optional>
 
 #include "cli/rapporto.h"
+#include "cli/rilievi.h"
 #include "cli/terminale.h"
 
 namespace morvella::cli {
 
-/// What the rewriter wrote for one row.
+/// What the engines wrote for one row.
 struct Prodotto {
     std::vector<Testo> File;
     Lungo Righe = 0;
@@ -32,6 +33,7 @@ class FinestraTesto : public Finestra {
     void AggiornaDir1() override {}
     void MotoreFermato(const Arresto& arresto) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
+    void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo); }
 
     /// An error that nobody trapped.
     void ErroreFinale(Vista operazione, const Errore& causa);
@@ -40,7 +42,7 @@ class FinestraTesto : public Finestra {
     /// Writes UTF-8 to standard error in the terminal's encoding, on a line of its own.
     void Di(const std::string& utf8);
 
-    const Stato* S = nullptr; // whose bars are shown
+    Stato* S = nullptr; // whose bars are shown and whose paths are opened
     /// The answer to questions; without one a person is asked, and where nobody can be asked it
     /// is No, which is said.
     std::optional<bool> Risposta;
@@ -49,7 +51,8 @@ class FinestraTesto : public Finestra {
     bool Silenzioso = false;
 
     Cronaca Avvenuto;
-    std::optional<Arresto> Fermo; // the engine's end since this was last cleared
+    std::map<Testo, Arresto> Fermi; // the engines' ends by engine, until taken away
+    Sorvegliante Trovato;
     std::map<Lungo, Prodotto> Prodotti;
 
   private:

@@ -4,5 +4,5 @@
 int main(int argc, char** argv) {
     const auto disco = morvella::DiscoReale();
     morvella::cli::Ambiente ambiente = morvella::cli::AmbienteDelProcesso(*disco);
-    return morvella::cli::Programma({argv + 1, argv + argc}, ambiente);
+    return morvella::cli::Programma(morvella::cli::ArgomentiDelProcesso(argc, argv), ambiente);
 }

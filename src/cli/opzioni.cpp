@@ -10,41 +10,54 @@ namespace morvella::cli {
 namespace {
 
 // clang-format off
+constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Eventi;
+constexpr unsigned DiProgetto = Lavorano | Legge | Elenca;
+constexpr unsigned Tutti = ~0U;
+
 constexpr Comando TabellaComandi[] = {
-    {"esegui",   "",          "Chiede conferma e riscrive tutti i moduli del progetto."},
-    {"riordina", "[RIGA...]", "Riscrive i moduli indicati, o tutti, senza chiedere."},
-    {"elenca",   "",          "Mostra le righe del progetto, una per riga."},
-    {"eventi",   "EVENTO...", "Operazioni della finestra, una dopo l'altra (per script)."},
+    {Esegue,    "esegui",    "PROGETTO.vbp",           "Chiede, poi riscrive i moduli e la struttura."},
+    {Riordina,  "riordina",  "PROGETTO.vbp [RIGA...]", "Riscrive i moduli indicati, o tutti."},
+    {Struttura, "struttura", "PROGETTO.vbp [RIGA...]", "Scrive la struttura dei moduli, o di tutti."},
+    {Legge,     "leggi",     "PROGETTO.vbp [RIGA...]", "Apre le strutture in un lettore."},
+    {MostraQui, "mostra",    "FILE.log...",            "Mostra qui una struttura, coi connettori."},
+    {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto."},
+    {Eventi,    "eventi",    "PROGETTO.vbp EVENTO...", "Operazioni della finestra (per script)."},
 };
 
 constexpr Opzione TabellaOpzioni[] = {
-    {'s', "si",                     nullptr, "Risponde Sì alla domanda.",
+    {'s', "si",                     nullptr, DiProgetto, "Risponde Sì alla domanda.",
      [](Richiesta& r, const std::string&) { r.Risposta = true; }},
-    {'n', "no",                     nullptr, "Risponde No alla domanda.",
+    {'n', "no",                     nullptr, DiProgetto, "Risponde No alla domanda.",
      [](Richiesta& r, const std::string&) { r.Risposta = false; }},
-    {'c', "senza-conferma",         nullptr, "Non fa la domanda.",
+    {'c', "senza-conferma",         nullptr, DiProgetto, "Non fa la domanda.",
      [](Richiesta& r, const std::string&) { r.SenzaConferma = true; }},
-    {'t', "togli-commenti",         nullptr, "Toglie le righe di commento.",
+    {'t', "togli-commenti",         nullptr, DiProgetto, "Toglie le righe di commento.",
      [](Richiesta& r, const std::string&) { r.TogliCommenti = true; }},
-    {'i', "intestazione-procedure", nullptr, "Scrive l'intestazione in form e classi.",
+    {'i', "intestazione-procedure", nullptr, DiProgetto, "Scrive l'intestazione in form e classi.",
      [](Richiesta& r, const std::string&) { r.IntestazioneProcedure = true; }},
-    {0,   "testo-intestazione",     "FILE",  "Il testo dell'intestazione.",
+    {0,   "testo-intestazione",     "FILE",  DiProgetto, "Il testo dell'intestazione.",
      [](Richiesta& r, const std::string& v) { r.TestoIntestazione = v; }},
-    {0,   "lf",                     nullptr, "In lettura anche il solo LF chiude una riga.",
+    {0,   "lf",                     nullptr, DiProgetto, "In lettura anche il solo LF chiude una riga.",
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
-    {'k', "prosegui",               nullptr, "Dopo un errore continua con le altre righe.",
+    {'k', "prosegui",               nullptr, Lavorano,   "Dopo un errore continua con le altre righe.",
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
-    {'r', "rapporto",               "FILE",  "Rapporto JSON (- per l'uscita standard).",
+    {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, "Dice i blocchi lasciati aperti (uscita 4).",
+     [](Richiesta& r, const std::string&) { r.Controlla = true; }},
+    {'r', "rapporto",               "FILE",  DiProgetto, "Rapporto JSON (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Rapporto = v; }},
-    {'p', "programma",              "DIR",   "La directory del programma.",
+    {'p', "programma",              "DIR",   DiProgetto, "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},
-    {0,   "senza-processi",         nullptr, "Non avvia altri programmi.",
+    {0,   "senza-processi",         nullptr, DiProgetto, "Non avvia altri programmi.",
      [](Richiesta& r, const std::string&) { r.SenzaProcessi = true; }},
-    {'q', "silenzioso",             nullptr, "Dice soltanto gli errori.",
+    {0,   "senza-pager",            nullptr, MostraQui,  "Senza impaginatore.",
+     [](Richiesta& r, const std::string&) { r.SenzaPager = true; }},
+    {0,   "senza-colori",           nullptr, MostraQui,  "Senza colori (come con NO_COLOR).",
+     [](Richiesta& r, const std::string&) { r.SenzaColori = true; }},
+    {'q', "silenzioso",             nullptr, DiProgetto, "Dice soltanto errori e rilievi.",
      [](Richiesta& r, const std::string&) { r.Silenzioso = true; }},
-    {'h', "aiuto",                  nullptr, "Mostra questo testo.",
+    {'h', "aiuto",                  nullptr, Tutti,      "Mostra questo testo.",
      [](Richiesta& r, const std::string&) { r.Aiuto = true; }},
-    {'V', "versione",               nullptr, "Mostra la versione.",
+    {'V', "versione",               nullptr, Tutti,      "Mostra la versione.",
      [](Richiesta& r, const std::string&) { r.Versione = true; }},
 };
 // clang-format on
@@ -75,6 +88,7 @@ std::span<const Opzione> Opzioni() { return TabellaOpzioni; }
 Richiesta Analizza(const std::vector<std::string>& argomenti) {
     Richiesta richiesta;
     std::vector<std::string> liberi;
+    std::vector<const Opzione*> usate;
     std::size_t i = 0;
     const auto applica = [&](const Opzione& opzione, const std::string& scritta,
                              std::optional<std::string> valore) {
@@ -86,6 +100,7 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
             valore = argomenti[++i];
         }
         opzione.Applica(richiesta, valore.value_or(""));
+        usate.push_back(&opzione);
     };
     bool soloLiberi = false;
     for (; i < argomenti.size(); ++i) {
@@ -109,12 +124,22 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
             }
         }
     }
-    if (richiesta.Aiuto || richiesta.Versione) return richiesta;
+    if (!liberi.empty()) richiesta.Comando = liberi[0];
+    if (richiesta.Versione || (richiesta.Aiuto && liberi.empty())) return richiesta;
     if (liberi.empty()) throw UsoErrato{"manca il comando"};
-    richiesta.Comando = liberi[0];
-    if (std::none_of(std::begin(TabellaComandi), std::end(TabellaComandi),
-                     [&](const Comando& c) { return richiesta.Comando == c.Nome; }))
-        throw UsoErrato{"comando sconosciuto: " + richiesta.Comando};
+    const auto* comando = std::find_if(std::begin(TabellaComandi), std::end(TabellaComandi),
+                                       [&](const Comando& c) { return richiesta.Comando == c.Nome; });
+    if (comando == std::end(TabellaComandi)) throw UsoErrato{"comando sconosciuto: " + richiesta.Comando};
+    if (richiesta.Aiuto) return richiesta;
+    for (const Opzione* opzione : usate)
+        if ((opzione->Per & comando->Chi) == 0)
+            throw UsoErrato{"l'opzione --" + std::string(opzione->Lunga) + " non riguarda il comando " +
+                            richiesta.Comando};
+    if (comando->Chi == MostraQui) {
+        if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
+        richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
+        return richiesta;
+    }
     if (liberi.size() < 2)
         throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
     richiesta.Progetto = liberi[1];
@@ -128,21 +153,33 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
     return richiesta;
 }
 
-std::string TestoAiuto() {
-    std::string testo = "morvella-cli COMANDO [OPZIONI] PROGETTO.vbp [RIGA...]\n"
-                        "Riscrive nella directory Appoggio il codice di un progetto Visual Basic.\n\n";
-    for (const Comando& c : TabellaComandi)
-        testo += "  " + Riempito(std::string(c.Nome) + " " + c.Righe, 20) + c.Aiuto + "\n";
-    testo += '\n';
+std::string TestoAiuto(const std::string& comando) {
+    std::string testo;
+    unsigned chi = 0;
+    if (comando.empty()) {
+        testo = "morvella-cli COMANDO [OPZIONI] ...\n"
+                "Riscrive in Appoggio il codice di un progetto Visual Basic 5 o 6 e ne scrive la\n"
+                "struttura, senza toccare i sorgenti.\n\n";
+        for (const Comando& c : TabellaComandi)
+            testo += "  " + Riempito(std::string(c.Nome) + " " + c.Righe, 33) + c.Aiuto + "\n";
+        testo += "\nmorvella-cli COMANDO --aiuto mostra le opzioni di un comando.\n";
+    }
+    for (const Comando& c : TabellaComandi) {
+        if (comando != c.Nome) continue;
+        chi = c.Chi;
+        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Righe + "\n" + c.Aiuto + "\n\n";
+    }
     for (const Opzione& o : TabellaOpzioni) {
+        if ((o.Per & chi) == 0) continue;
         std::string nome = o.Corta ? std::string("-") + o.Corta + ", --" : "    --";
         nome += o.Lunga;
         if (o.Argomento) nome += std::string("=") + o.Argomento;
         testo += "  " + Riempito(nome, 32) + o.Aiuto + "\n";
     }
-    testo += "Uscita: 0 fatto, 1 fermato da un errore, 2 uso errato, 3 risposto No.\n"
-             "Esempio: morvella-cli esegui --si --togli-commenti Magazzino/Magazzino.vbp\n";
-    return testo;
+    testo += "\nUscita: 0 fatto, 1 fermato da un errore, 2 uso errato, 3 risposto No, 4 rilievi.\n";
+    return testo + (chi == MostraQui
+                        ? "Esempio: morvella-cli mostra Magazzino/Appoggio/modGenerale.log\n"
+                        : "Esempio: morvella-cli esegui --si --togli-commenti Magazzino/Magazzino.vbp\n");
 }
 
 } // namespace morvella::cli

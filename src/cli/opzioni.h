@@ -17,7 +17,7 @@ namespace morvella::cli {
 struct Richiesta {
     std::string Comando;
     std::string Progetto;           // platform path of the *.vbp
-    std::vector<std::string> Resto; // rows, or the events of "eventi"
+    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra"
     std::optional<bool> Risposta;   // --si, --no
     std::string Programma;
     std::string TestoIntestazione;
@@ -27,6 +27,9 @@ struct Richiesta {
     bool SenzaConferma = false;
     bool Lf = false;
     bool Prosegui = false;
+    bool Controlla = false;
+    bool SenzaPager = false;
+    bool SenzaColori = false;
     bool SenzaProcessi = false;
     bool Silenzioso = false;
     bool Aiuto = false;
@@ -38,7 +41,19 @@ struct UsoErrato {
     std::string Testo;
 };
 
+/// The commands that an option goes with.
+enum PerComando : unsigned {
+    Esegue = 1,
+    Riordina = 2,
+    Struttura = 4,
+    Legge = 8,
+    MostraQui = 16,
+    Elenca = 32,
+    Eventi = 64
+};
+
 struct Comando {
+    unsigned Chi; // PerComando
     const char* Nome;
     const char* Righe; // what may follow the project, for the help text
     const char* Aiuto;
@@ -48,6 +63,7 @@ struct Opzione {
     char Corta; // 0 when there is none
     const char* Lunga;
     const char* Argomento; // name of its value, nullptr for a flag
+    unsigned Per;          // PerComando
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);
 };
@@ -58,7 +74,8 @@ std::span<const Opzione> Opzioni();
 /// Reads the arguments (without the program's name). Raises UsoErrato.
 Richiesta Analizza(const std::vector<std::string>& argomenti);
 
-/// The help text: it fits a screen and ends in an example.
-std::string TestoAiuto();
+/// The help text, of one command with its options, or with "" of all commands: it fits a screen and ends in
+/// an example.
+std::string TestoAiuto(const std::string& comando);
 
 } // namespace morvella::cli

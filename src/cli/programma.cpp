@@ -11,7 +11,9 @@
 
 #include "cli/avvisi.h"
 #include "cli/finestra_testo.h"
+#include "cli/mostra.h"
 #include "cli/opzioni.h"
+#include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/comandi.h"
 
@@ -33,6 +35,8 @@ constexpr Operazione Operazioni[] = {
     {"Command1_Click", Command1_Click},
     {"mnuSeleziona_Click", mnuSeleziona_Click},
     {"mnuRiordina_Click", mnuRiordina_Click},
+    {"mnuvorn_Click", mnuvorn_Click},
+    {"mnuLettura_Click", mnuLettura_Click},
     {"File1_Click", File1_Click},
     {"Dir1_Change", Dir1_Change},
     {"Drive1_Change", Drive1_Change},
@@ -60,10 +64,13 @@ Testo ChiaveRiga(Vista riga) {
 Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_or(utf8); }
 
 // What to do about an error, for the person who reads of it.
-const char* Consiglio(int numero) {
+const char* Consiglio(int numero, bool inUnaRiga) {
     switch (numero) {
     case ErrArgomento:
-        return "La riga del progetto è troppo corta o la riga di codice chiude un blocco mai aperto.";
+        return inUnaRiga
+                   ? "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
+                     "#End If); con --prosegui si passa al modulo seguente."
+                   : "La riga del progetto è più corta di 4 caratteri; con --prosegui viene saltata.";
     case ErrFileAssente: return "Controllare il nome nel progetto; con --prosegui la riga viene saltata.";
     case ErrDiscoPieno: return "Liberare spazio sul disco e ripetere: ciò che manca non è stato scritto.";
     case ErrPermesso: return "L'operazione avrebbe cambiato un sorgente del progetto, che non si tocca.";
@@ -93,9 +100,11 @@ class Corsa {
     void ScegliProgetto();
     void ScegliRighe();
     void LeggiOpzioni();
+    int EseguiTutto();
+    void SuRighe();
     bool Scegli(bool consenti);
-    void Riordina();
     void ProseguiRiordina();
+    void ProseguiStruttura();
     int Eventi();
     void SelezionaEsattamente(const std::vector<Lungo>& righe);
     std::vector<Lungo> Selezionate() const;
@@ -106,11 +115,14 @@ class Corsa {
     void Riga(const std::string& utf8);
     std::string Nativo(Vista percorso);
     std::string Breve(Vista percorso);
+    std::string SorgenteDiRiga(Lungo riga);
+    std::optional<Arresto> PrendiFermo(Vista motore);
 
     Richiesta r_;
     Ambiente& ambiente_;
     FinestraTesto finestra_;
     Stato s_;
+    std::string partenza_;        // platform path of the directory where the program was started
     std::string directory_;       // platform path of the project's directory
     std::vector<Lungo> lavorate_; // rows that the command was for
     std::chrono::steady_clock::time_point inizio_ = std::chrono::steady_clock::now();
@@ -150,7 +162,7 @@ void Corsa::Riga(const std::string& utf8) {
 
 void Corsa::ScegliProgetto() {
     namespace fs = std::filesystem;
-    fs::path progetto = fs::path(ambiente_.Macchina.DirectoryCorrente()) / fs::path(r_.Progetto);
+    fs::path progetto = fs::path(partenza_) / fs::path(r_.Progetto);
     // ".." behind a link means the link's target to a shell: the disk resolves it, not the text.
     std::error_code errore;
     if (r_.Progetto.find("..") != std::string::npos) {
@@ -160,11 +172,9 @@ void Corsa::ScegliProgetto() {
     progetto = progetto.lexically_normal();
     directory_ = progetto.parent_path().generic_string();
     if (directory_.size() > 1 && directory_.back() == '/') directory_.pop_back();
-    const std::string programma = r_.Programma.empty()
-                                      ? ambiente_.DirectoryProgramma
-                                      : (fs::path(ambiente_.Macchina.DirectoryCorrente()) / r_.Programma)
-                                            .lexically_normal()
-                                            .generic_string();
+    const std::string programma =
+        r_.Programma.empty() ? ambiente_.DirectoryProgramma
+                             : (fs::path(partenza_) / r_.Programma).lexically_normal().generic_string();
     s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
     CambiaDir1(s_, directory_);
     s_.File1Leggi.Nomi = {DaArgomento(progetto.filename().string())};
@@ -245,10 +255,9 @@ void Corsa::ScegliRighe() {
     SelezionaEsattamente(righe);
 }
 
-void Corsa::Riordina() {
-    finestra_.Fermo.reset();
-    Fai("mnuRiordina_Click", mnuRiordina_Click);
-    if (r_.Prosegui) ProseguiRiordina();
+std::optional<Arresto> Corsa::PrendiFermo(Vista motore) {
+    auto fermo = finestra_.Fermi.extract(Testo(motore));
+    return fermo ? std::optional(std::move(fermo.mapped())) : std::nullopt;
 }
 
 // Goes on behind a row that failed, as a user would by hand: it is deselected together with the
@@ -258,18 +267,32 @@ void Corsa::Riordina() {
 void Corsa::ProseguiRiordina() {
     std::vector<Lungo> sospese;
     for (;;) {
-        while (finestra_.Fermo && finestra_.Fermo->Riga >= 0) {
-            const Arresto fermo = *std::exchange(finestra_.Fermo, std::nullopt);
+        const std::optional<Arresto> fermo = PrendiFermo("mnuRiordina_Click");
+        if (fermo && fermo->Riga < 0) return; // an error before the first row: no use
+        if (fermo) {
+            std::vector<Lungo> restano;
             for (const Lungo i : Selezionate()) {
-                if (i > fermo.Riga) break;
-                if (i < fermo.Riga && !fermo.SecondoGiro) sospese.push_back(i);
-                SelezionaFile1(s_, i, false);
+                if (i > fermo->Riga) restano.push_back(i);
+                if (i < fermo->Riga && !fermo->SecondoGiro) sospese.push_back(i);
             }
-            if (!Selezionate().empty()) Fai("mnuRiordina_Click", mnuRiordina_Click);
+            SelezionaEsattamente(restano);
+            if (restano.empty() && sospese.empty()) return;
+            if (!restano.empty()) {
+                Fai("mnuRiordina_Click", mnuRiordina_Click);
+                continue;
+            }
         }
-        if (sospese.empty() || finestra_.Fermo) return; // an error before the first row: no use
+        if (sospese.empty()) return;
         SelezionaEsattamente(std::exchange(sospese, {}));
         Fai("mnuRiordina_Click", mnuRiordina_Click);
+    }
+}
+
+// The listing deselects each row before it opens it: giving the command again goes on behind.
+void Corsa::ProseguiStruttura() {
+    while (const std::optional<Arresto> fermo = PrendiFermo("mnuvorn_Click")) {
+        if (fermo->Riga < 0 || Selezionate().empty()) return;
+        Fai("mnuvorn_Click", mnuvorn_Click);
     }
 }
 
@@ -320,17 +343,26 @@ void Corsa::Elenca() {
         Riga(Utf8Da1252(s_.File1.List(i)));
 }
 
+// The source of a row as editors and CI systems want it: from where the program was started.
+std::string Corsa::SorgenteDiRiga(Lungo riga) {
+    std::string nativo = Nativo(s_.Dir1Path + "\\" + s_.File1.List(riga));
+    if (partenza_.size() > 1 && nativo.compare(0, partenza_.size() + 1, partenza_ + "/") == 0)
+        nativo.erase(0, partenza_.size() + 1);
+    return nativo;
+}
+
 void Corsa::RaccontaErrori() {
     for (const ErroreAvvenuto& e : finestra_.Avvenuto.Errori) {
-        std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore);
-        if (e.Riga >= 0 && e.Riga < s_.File1.ListCount())
-            frase += " fermato alla riga «" + Utf8Da1252(s_.File1.List(e.Riga)) + "»";
-        else
-            frase += " fermato";
+        const bool diRiga = e.Riga >= 0 && e.Riga < s_.File1.ListCount();
+        std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
+        if (diRiga) frase += " alla riga «" + Utf8Da1252(s_.File1.List(e.Riga)) + "»";
         frase +=
             ": errore " + std::to_string(e.Causa.Numero) + ", " + Utf8Da1252(Descrizione(e.Causa.Numero));
-        if (!e.Causa.File.empty()) frase += " (" + Nativo(e.Causa.File) + ")";
-        const std::string consiglio = Consiglio(e.Causa.Numero);
+        if (!e.Causa.File.empty())
+            frase += " (" + Nativo(e.Causa.File) + ")";
+        else if (diRiga && e.RigaFile > 0)
+            frase += " (" + SorgenteDiRiga(e.Riga) + ":" + std::to_string(e.RigaFile) + ")";
+        const std::string consiglio = Consiglio(e.Causa.Numero, e.RigaFile > 0);
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
     }
@@ -358,10 +390,15 @@ void Corsa::Racconta() {
             finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
-        if (r_.Comando != "elenca")
-            Riga(Conto(moduli, "modulo riscritto", "moduli riscritti") + ", " +
-                 Conto(totale, "riga", "righe") + ", " + Italiano(durata.count(), 2) + " s");
+        if (r_.Comando != "elenca" && r_.Comando != "leggi")
+            Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
+                 Italiano(durata.count(), 2) + " s");
     }
+    if (r_.Controlla)
+        for (const Rilievo& rilievo : finestra_.Trovato.Rilievi())
+            Riga(SorgenteDiRiga(rilievo.Riga) + ":" + std::to_string(rilievo.RigaFile) + ": " +
+                 rilievo.Frase);
+    ambiente_.Uscita << std::flush;
     RaccontaErrori();
 }
 
@@ -377,41 +414,63 @@ void Corsa::ScriviRapporto() {
     file->Chiudi();
 }
 
+int Corsa::EseguiTutto() {
+    if (!Scegli(true)) return Fermato;
+    const bool no = !s_.OpzSenzaConferma && finestra_.Avvenuto.Messaggi.back().Risposta == RispostaNo;
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
+        lavorate_.push_back(i);
+    if (no) return RispostoNo;
+    if (r_.Prosegui) {
+        // The rows that the listing left selected are its own; the rewriter's were all.
+        ProseguiStruttura();
+        SelezionaEsattamente(lavorate_);
+        ProseguiRiordina();
+        SelezionaEsattamente({});
+    }
+    return Fatto;
+}
+
+// A command for some rows: all when none is named.
+void Corsa::SuRighe() {
+    ScegliRighe();
+    lavorate_ = Selezionate();
+    if (r_.Comando == "riordina") {
+        Fai("mnuRiordina_Click", mnuRiordina_Click);
+        if (r_.Prosegui) ProseguiRiordina();
+    } else if (r_.Comando == "struttura") {
+        Fai("mnuvorn_Click", mnuvorn_Click);
+        if (r_.Prosegui) ProseguiStruttura();
+    } else {
+        Fai("mnuLettura_Click", mnuLettura_Click);
+    }
+}
+
 int Corsa::Esegui() {
     int stato = Fatto;
     // The run moves the process's current directory: paths of the command line are read before.
     namespace fs = std::filesystem;
+    partenza_ = ambiente_.Macchina.DirectoryCorrente();
     if (!r_.Rapporto.empty() && r_.Rapporto != "-")
-        r_.Rapporto = (fs::path(ambiente_.Macchina.DirectoryCorrente()) / r_.Rapporto).generic_string();
+        r_.Rapporto = (fs::path(partenza_) / r_.Rapporto).generic_string();
     LeggiOpzioni();
     ScegliProgetto();
     try {
         if (r_.Comando == "eventi") {
             stato = Eventi();
         } else if (r_.Comando == "esegui") {
-            if (Scegli(true)) {
-                lavorate_ = Selezionate();
-                if (s_.IndiceFile == RispostaNo && !s_.OpzSenzaConferma &&
-                    !finestra_.Avvenuto.Messaggi.empty() &&
-                    finestra_.Avvenuto.Messaggi.back().Risposta == RispostaNo)
-                    stato = RispostoNo;
-                else if (r_.Prosegui)
-                    ProseguiRiordina();
-            }
+            stato = EseguiTutto();
         } else if (Scegli(false)) {
-            if (r_.Comando == "elenca") {
+            if (r_.Comando == "elenca")
                 Elenca();
-            } else {
-                ScegliRighe();
-                lavorate_ = Selezionate();
-                Riordina();
-            }
+            else
+                SuRighe();
         }
     } catch (const UsoErrato&) {
         ScriviRapporto();
         throw;
     }
     if (!finestra_.Avvenuto.Errori.empty()) stato = Fermato;
+    if (r_.Controlla && !finestra_.Trovato.Rilievi().empty()) stato = Trovato;
     Racconta();
     ScriviRapporto();
     return stato;
@@ -424,13 +483,14 @@ int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
     try {
         Richiesta richiesta = Analizza(argomenti);
         if (richiesta.Aiuto) {
-            ambiente.Uscita << ambiente.Codifica(TestoAiuto());
+            ambiente.Uscita << ambiente.Codifica(TestoAiuto(richiesta.Comando));
             return Fatto;
         }
         if (richiesta.Versione) {
             ambiente.Uscita << "morvella-cli " MORVELLA_VERSIONE "\n";
             return Fatto;
         }
+        if (richiesta.Comando == "mostra") return Mostra(richiesta, ambiente);
         return Corsa(std::move(richiesta), ambiente).Esegui();
     } catch (const UsoErrato& e) {
         di("morvella-cli: " + e.Testo + "\n(morvella-cli --aiuto mostra comandi e opzioni)");

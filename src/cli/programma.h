@@ -12,7 +12,7 @@
 
 namespace morvella::cli {
 
-enum Uscita : int { Fatto = 0, Fermato = 1, UsoSbagliato = 2, RispostoNo = 3 };
+enum Uscita : int { Fatto = 0, Fermato = 1, UsoSbagliato = 2, RispostoNo = 3, Trovato = 4 };
 
 /// Runs the program with these arguments (without its name) and gives its exit status.
 int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente);

@@ -21,8 +21,9 @@ struct Messaggio {
 struct ErroreAvvenuto {
     Testo Motore; // the operation that the error ended
     Errore Causa;
-    bool Finale; // nobody had a handler: the list of operations ends here
-    Lungo Riga = -1;
+    bool Finale;        // nobody had a handler: the list of operations ends here
+    Lungo Riga = -1;    // of File1
+    Lungo RigaFile = 0; // of the source, 0 when it was at none
 };
 
 struct Cronaca {

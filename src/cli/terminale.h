@@ -7,11 +7,21 @@
 
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "text/disco.h"
 
 namespace morvella::cli {
+
+/// A program that shows a text page by page.
+class Impaginatore {
+  public:
+    virtual ~Impaginatore() = default; // waits for the reader to leave it
+    /// False when the reader has left it.
+    virtual bool Scrivi(const std::string& testo) = 0;
+};
 
 struct Ambiente {
     Disco& Macchina;
@@ -20,13 +30,21 @@ struct Ambiente {
     std::ostream& Errori;
     bool IngressoTerminale = false; // a person can answer
     bool ErroriTerminale = false;   // a bar can be shown
+    bool UscitaTerminale = false;   // colours and pages make sense
     unsigned Colonne = 80;
     /// UTF-8 to the encoding of the terminal.
     std::function<std::string(const std::string&)> Codifica = [](const std::string& utf8) { return utf8; };
+    /// Starts a pager; empty where there is none.
+    std::function<std::unique_ptr<Impaginatore>()> Impagina = {};
+    bool SenzaColori = false;            // NO_COLOR
     std::string DirectoryProgramma = {}; // platform path of the executable's directory
 };
 
 /// The process's own surroundings.
 Ambiente AmbienteDelProcesso(Disco& macchina);
+
+/// The arguments behind the program's name, in UTF-8 (on POSIX whatever bytes were given);
+/// `argc` and `argv` are those of main.
+std::vector<std::string> ArgomentiDelProcesso(int argc, char** argv);
 
 } // namespace morvella::cli

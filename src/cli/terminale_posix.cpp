@@ -6,6 +6,9 @@
 
 #include <array>
 #include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -42,6 +45,26 @@ std::string PerTerminale(const std::string& utf8) {
     return testo;
 }
 
+class ImpaginatorePosix : public Impaginatore {
+  public:
+    explicit ImpaginatorePosix(FILE* tubo) : tubo_(tubo) {}
+    ~ImpaginatorePosix() override { ::pclose(tubo_); }
+    bool Scrivi(const std::string& testo) override {
+        return std::fwrite(testo.data(), 1, testo.size(), tubo_) == testo.size();
+    }
+
+  private:
+    FILE* tubo_;
+};
+
+std::unique_ptr<Impaginatore> AvviaImpaginatore() {
+    const char* scelto = std::getenv("PAGER");
+    // A reader who leaves early must not end the program.
+    std::signal(SIGPIPE, SIG_IGN);
+    FILE* tubo = ::popen(scelto && *scelto ? scelto : "less -FRSX", "w");
+    return tubo ? std::make_unique<ImpaginatorePosix>(tubo) : nullptr;
+}
+
 } // namespace
 
 Ambiente AmbienteDelProcesso(Disco& macchina) {
@@ -49,6 +72,10 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     Ambiente ambiente{.Macchina = macchina, .Ingresso = std::cin, .Uscita = std::cout, .Errori = std::cerr};
     ambiente.IngressoTerminale = ::isatty(STDIN_FILENO) && ::isatty(STDERR_FILENO);
     ambiente.ErroriTerminale = ::isatty(STDERR_FILENO);
+    ambiente.UscitaTerminale = ::isatty(STDOUT_FILENO);
+    ambiente.Impagina = AvviaImpaginatore;
+    const char* senzaColori = std::getenv("NO_COLOR");
+    ambiente.SenzaColori = senzaColori && *senzaColori;
     winsize finestra{};
     if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &finestra) == 0 && finestra.ws_col > 0)
         ambiente.Colonne = finestra.ws_col;
@@ -59,5 +86,7 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     if (errore) ambiente.DirectoryProgramma = macchina.DirectoryCorrente();
     return ambiente;
 }
+
+std::vector<std::string> ArgomentiDelProcesso(int argc, char** argv) { return {argv + 1, argv + argc}; }
 
 } // namespace morvella::cli

@@ -85,10 +85,7 @@ void Riquadro(Stato& s, Lungo larghezza, Vista davantiAllaRiga) {
 // The margin holds blanks alone in this engine, so this test never finds anything: a block left
 // open shows as a deep margin and no more. The listing has the same test, and there it bites.
 void ControllaMargine(Stato& s) {
-    if (!Trim(s.Margine).empty())
-        Scrivi(s, {Space(Len(s.Numero)),
-                   "######  Errore generico - Manca uno o pi\xF9 elementi di chiusura ENDIF - "
-                   "Loop, Next ... ect"}); // sic
+    if (!Trim(s.Margine).empty()) Scrivi(s, {Space(Len(s.Numero)), ErroreGenerico});
     s.Margine = Space(Len(s.Margine));
 }
 

@@ -42,6 +42,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     s.Margine = Space(5);
     s.TotaleRighe = 0;
     s.StoriaBlocchi = "00";
+    s.RigaFile = 0;
 
     s.FileUscita =
         Istruzione(s, [&] { return LCase(s.DirAppoggio + "\\" + Testo(BaseDiRiga(voce)) + ".Txt"); });
@@ -62,6 +63,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     IniziaTestaRiordina(s);
     while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
         ++s.ContaRighe;
+        ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
         const Vista linea = Istruzione(s, [&] { return s.Canale.LineInput(1); });
         if (AvanzaTestaRiordina(s, linea)) RiscriviRiga(s);
@@ -69,6 +71,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     ScriviChiusura(s);
     Istruzione(s, [&] { s.Canale.Close(1); });
     Istruzione(s, [&] { s.Canale.Close(2); });
+    s.RigaFile = 0;
     s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
 

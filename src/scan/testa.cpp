@@ -5,8 +5,9 @@ namespace morvella {
 
 bool SorgenteForm(const Stato& s) { return UCase(Right(s.FileSorgente, 4)) == ".FRM"; }
 
-void RaccogliShow(Stato& s) {
+void RaccogliShow(Stato& s, bool scriviLabel2) {
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
+    if (scriviLabel2) ScriviLabel2(s, s.FileSorgente);
     s.ElencoShow.Svuota();
     while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
         ++s.TotaleRighe;

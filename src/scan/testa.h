@@ -16,8 +16,9 @@ namespace morvella {
 bool SorgenteForm(const Stato& s);
 
 /// The first pass over FileSorgente, on channel 1: adds its lines to TotaleRighe and fills
-/// ElencoShow. Each statement runs under the engines' handler.
-void RaccogliShow(Stato& s);
+/// ElencoShow. Each statement runs under the engines' handler. The listing puts the name into
+/// Label2 here, when the source is open and no line is read; the rewriter did so before.
+void RaccogliShow(Stato& s, bool scriviLabel2 = false);
 
 /// Takes the first entry off ElencoShow: up to 53 bytes it is padded with blanks to 54 and
 /// closed with "*"; longer it is given as it is. False, and nothing taken, when no Chr(13) is

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/comandi.h"
 
+#include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/progetto.h"
 
@@ -37,7 +38,9 @@ void Command1_Click(Stato& s) {
             Testo(s.File1Leggi.Scelto());
         s.IndiceFile = s.Casa.MsgBox(domanda, SiNoInformazione, "Identazione");
     }
-    if (s.IndiceFile == RispostaSi) mnuRiordina_Click(s);
+    if (s.IndiceFile != RispostaSi) return;
+    mnuRiordina_Click(s);
+    mnuvorn_Click(s);
 }
 
 } // namespace morvella

@@ -13,8 +13,9 @@ namespace morvella {
 /// project file that cannot be read raises; such an error is final.
 void File1Leggi_Click(Stato& s);
 
-/// Asks, unless OpzSenzaConferma is set, and on Yes runs the rewriter; what stops it is not
-/// raised. The answer stands in IndiceFile until the first engine counts rows with it.
+/// Asks, unless OpzSenzaConferma is set, and on Yes runs the rewriter and then the listing, the
+/// listing also when the rewriter stopped; what stops them is not raised. The answer stands in IndiceFile
+/// until the first engine counts rows with it.
 void Command1_Click(Stato& s);
 
 /// Selects all rows, or none, by what the caption says, and turns the caption.

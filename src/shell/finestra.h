@@ -27,7 +27,31 @@ struct Arresto {
     Vista Motore;             // the operation that was called, "mnuRiordina_Click"
     Lungo Riga = -1;          // the row of File1 in work, -1 before the first
     bool SecondoGiro = false; // the rewriter's second stage: the earlier rows are complete
+    Lungo RigaFile = 0;       // the line of the source in work, from 1; 0 when none was
+    Lungo RigaListato = 0;    // the same line as the listing numbers it
+    Testo Linea;              // the line, trimmed
     Errore Causa{0};
+};
+
+/// A step of the listing's margin. The engine keeps no stack: who wants to know which block
+/// stands open watches these, with a record as long as the margin is wide.
+struct PassoMargine {
+    enum Genere {
+        Inizio,      // a new file
+        Testa,       // a procedure's head: the margin starts anew
+        Apre,        // a block; Larghezza is the margin's width with its column
+        Mezzo,       // an Else or a Case redraws the last column, or draws one where none was
+        Chiude,      // a block; Larghezza is the margin's width without its column
+        Sbilanciata, // a procedure ends with columns in Margine: the error line is written
+        Fine,        // a procedure's end, behind its balance test
+    };
+    Genere Che;
+    Lungo Riga;        // of File1
+    Lungo RigaFile;    // of the source, from 1
+    Lungo RigaListato; // as the listing numbers it
+    Lungo Larghezza;   // of the margin, in bytes
+    Vista Margine;
+    Vista Testo; // the source line, trimmed
 };
 
 class Finestra {
@@ -51,6 +75,8 @@ class Finestra {
     /// A file of row `riga` was written whole; `percorso` is its text, `righe` the lines read
     /// for it, 0 for a copy.
     virtual void FileScritto(Lungo riga, Vista percorso, Lungo righe) = 0;
+    /// The listing's margin moved.
+    virtual void MargineMosso(const PassoMargine& passo) = 0;
 };
 
 } // namespace morvella

@@ -48,9 +48,20 @@ Seguito Gestisci(Stato& s, const Errore& e, bool& invano) {
     try {
         ChiudiCanali(s);
     } catch (const Errore& chiusura) {
-        s.Casa.MotoreFermato({"Close", s.RigaInLavoro, s.SecondoGiro, chiusura});
+        s.Casa.MotoreFermato(FaiArresto(s, "Close", chiusura));
     }
     throw FineMotore{e};
+}
+
+Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa) {
+    const bool inRiga = s.RigaFile > 0;
+    return {motore,
+            s.RigaInLavoro,
+            s.SecondoGiro,
+            s.RigaFile,
+            inRiga ? s.ContaRighe : 0,
+            inRiga ? Testo(s.Riga) : Testo(),
+            causa};
 }
 
 void ProteggiSorgenti(Stato& s) {

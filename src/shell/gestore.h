@@ -49,6 +49,9 @@ auto Istruzione(Stato& s, F&& statement) {
     }
 }
 
+/// An engine's end at the place where the state stands.
+Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa);
+
 /// Tells every row's source, its companion and the project file to the file layer as files
 /// that are only to be read.
 void ProteggiSorgenti(Stato& s);
@@ -59,12 +62,13 @@ void ProteggiSorgenti(Stato& s);
 template <class F>
 void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
     s.RigaInLavoro = -1;
+    s.RigaFile = 0;
     s.SecondoGiro = false;
     try {
         ProteggiSorgenti(s);
         corpo();
     } catch (const FineMotore& fine) {
-        s.Casa.MotoreFermato({motore, s.RigaInLavoro, s.SecondoGiro, fine.Causa});
+        s.Casa.MotoreFermato(FaiArresto(s, motore, fine.Causa));
     }
 }
 

@@ -23,6 +23,10 @@ namespace morvella {
 inline constexpr Vista IndirizzoContatto = "vorn@morvella.example";
 static_assert(IndirizzoContatto.size() == 21);
 
+/// Stands in front of a procedure's end whose margin is not blank.
+inline constexpr Vista ErroreGenerico = // sic
+    "######  Errore generico - Manca uno o pi\xF9 elementi di chiusura ENDIF - Loop, Next ... ect";
+
 /// A progress bar. A Max of 0 is accepted.
 struct Barra {
     Lungo Min = 0;
@@ -135,8 +139,9 @@ struct Stato {
     Testo Text1;
     bool Option1_0 = false; // "*.Bas"; hidden, so it stays off in any window
 
-    // Where the engine in work stands, for the home that reports an engine's end.
-    Lungo RigaInLavoro = -1;
+    // Where the engine in work stands, for the home that reports what it found or what ended it.
+    Lungo RigaInLavoro = -1; // of File1
+    Lungo RigaFile = 0;      // of the source, from 1; 0 but for the second pass
     bool SecondoGiro = false;
 };
 

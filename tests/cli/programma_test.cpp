@@ -57,6 +57,11 @@ TEST(Uso, Errato) {
         {"esegui", "--si=1", "p/Prova.vbp"},
         {"esegui", "p/Prova.vbp", "A.bas"},
         {"elenca", "p/Prova.vbp", "A.bas"},
+        {"elenca", "p/Prova.vbp", "--prosegui"},
+        {"riordina", "p/Prova.vbp", "--controlla"},
+        {"mostra"},
+        {"mostra", "--si", "x.log"},
+        {"boh", "--aiuto"},
         {"riordina", "p/Prova.vbp", "Assente.bas"},
         {"riordina", "p/Prova.vbp", "--rapporto"},
         {"eventi", "p/Prova.vbp"},
@@ -74,18 +79,25 @@ TEST(Uso, Errato) {
 }
 
 TEST(Uso, AiutoStaInUnoSchermo) {
-    Banco b;
-    EXPECT_EQ(b.Esegui({"--aiuto"}), 0);
-    const std::string testo = b.Uscita.str();
-    EXPECT_LE(std::count(testo.begin(), testo.end(), '\n'), 24);
-    EXPECT_NE(testo.find("Esempio: morvella-cli esegui"), std::string::npos);
-    for (const Opzione& o : Opzioni())
-        EXPECT_NE(testo.find(std::string("--") + o.Lunga), std::string::npos);
+    std::string tutto;
+    std::vector<std::vector<std::string>> argomenti = {{"--aiuto"}};
     for (const Comando& c : Comandi())
-        EXPECT_NE(testo.find(std::string("  ") + c.Nome), std::string::npos);
-    std::istringstream righe(testo);
-    for (std::string riga; std::getline(righe, riga);)
-        EXPECT_LE(Bytes1252DaUtf8(riga).value().size(), 80U) << riga;
+        argomenti.push_back({c.Nome, "-h"});
+    for (const auto& a : argomenti) {
+        Banco b;
+        EXPECT_EQ(b.Esegui(a), 0);
+        const std::string testo = b.Uscita.str();
+        EXPECT_LE(std::count(testo.begin(), testo.end(), '\n'), 24) << testo;
+        EXPECT_NE(testo.find("Esempio: morvella-cli "), std::string::npos);
+        std::istringstream righe(testo);
+        for (std::string riga; std::getline(righe, riga);)
+            EXPECT_LE(Bytes1252DaUtf8(riga).value().size(), 80U) << riga;
+        tutto += testo;
+    }
+    for (const Opzione& o : Opzioni())
+        EXPECT_NE(tutto.find(std::string("--") + o.Lunga), std::string::npos);
+    for (const Comando& c : Comandi())
+        EXPECT_NE(tutto.find(std::string("  ") + c.Nome), std::string::npos);
 }
 
 TEST(Uso, OpzioniInOgniForma) {
@@ -127,7 +139,7 @@ TEST(Esegui, SiScriveTutto) {
             EXPECT_TRUE(b.Fatto(nome)) << modo << ' ' << nome;
         EXPECT_NE(b.Uscita.str().find("A.bas  -> Appoggio/a.txt, Appoggio/a.bas"), std::string::npos)
             << b.Uscita.str();
-        EXPECT_NE(b.Uscita.str().find("3 moduli riscritti, 12 righe"), std::string::npos) << b.Uscita.str();
+        EXPECT_NE(b.Uscita.str().find("3 moduli, 12 righe"), std::string::npos) << b.Uscita.str();
     }
 }
 
@@ -223,7 +235,7 @@ TEST(Errori, ProseguiCompletaIlResto) {
     EXPECT_TRUE(b.C("«Manca.bas»: errore 53"));
     EXPECT_TRUE(b.C("«Nulla.bas»: errore 53"));
     EXPECT_TRUE(b.C("«x»: errore 5,"));
-    EXPECT_NE(b.Uscita.str().find("3 moduli riscritti"), std::string::npos) << b.Uscita.str();
+    EXPECT_NE(b.Uscita.str().find("3 moduli"), std::string::npos) << b.Uscita.str();
 }
 
 TEST(Errori, ProseguiDaEsegui) {
@@ -316,7 +328,7 @@ TEST(Eventi, ErroreFinaleChiudeLaLista) {
 TEST(Rapporto, OggettoIntero) {
     Banco b;
     b.Disco.Metti("/casa/p/Prova.vbp", "Module=A; A.bas\r\nModule=M; Perch\xE9.bas\r\n");
-    EXPECT_EQ(b.Esegui({"esegui", "-s", "-r", "-", "p/Prova.vbp"}), 1);
+    EXPECT_EQ(b.Esegui({"riordina", "-r", "-", "p/Prova.vbp"}), 1);
     EXPECT_EQ(
         b.Uscita.str(),
         "{\n"
@@ -331,7 +343,7 @@ TEST(Rapporto, OggettoIntero) {
         "  \"Progress\": {\"Max\": 19, \"Value\": 4, \"Visible\": true},\n"
         "  \"messaggi\": [\n"
         "    {\"testo\": \"Vuoi riordinare il Codice di tutti i form, moduli e classi presenti nel "
-        "progetto\\u000dProva.vbp\", \"flag\": 68, \"titolo\": \"Identazione\", \"risposta\": 6}\n"
+        "progetto\\u000dProva.vbp\", \"flag\": 68, \"titolo\": \"Identazione\", \"risposta\": 7}\n"
         "  ],\n"
         "  \"processi\": [],\n"
         "  \"errori\": [\n"

@@ -10,6 +10,10 @@ namespace morvella::prove {
 
 class FinestraFinta : public Finestra {
   public:
+    struct Passo {
+        PassoMargine Come; // its Margine and Testo are gone
+        Testo Linea;
+    };
     struct Box {
         Testo Scritto;
         int Flag;
@@ -34,6 +38,7 @@ class FinestraFinta : public Finestra {
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override {
         Scritti.push_back(CStr(riga) + "|" + Testo(percorso) + "|" + CStr(righe));
     }
+    void MargineMosso(const PassoMargine& passo) override { Passi.push_back({passo, Testo(passo.Testo)}); }
 
     const Stato* S = nullptr; // whose Label2 is recorded
     int Risposta = RispostaNo;
@@ -43,6 +48,7 @@ class FinestraFinta : public Finestra {
     std::vector<Testo> Etichette;
     std::vector<Testo> Scritti; // "row|path|lines"
     std::vector<Arresto> Arresti;
+    std::vector<Passo> Passi;
     int Beeps = 0;
     int Barre = 0;
     int Aggiornamenti = 0;

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "listing/decodifica.h"
+
+#include <algorithm>
+
+#include "shell/state.h"
+
+namespace morvella {
+
+namespace {
+
+struct Gruppo {
+    Vista Bytes;
+    const char* Glifi;
+    Tratto::Genere Che;
+    bool Ultimo; // a connector: the text of the line follows
+};
+
+// clang-format off
+constexpr Gruppo Gruppi[] = {
+    {"   ",          "   ", Tratto::Scritto,    false},
+    {"\xB3  ",       "│  ", Tratto::Condizione, false},
+    {"\xBA  ",       "║  ", Tratto::Ciclo,      false},
+    {"\xDA\xC4>",    "┌─>", Tratto::Condizione, true},
+    {"\xC3\xC4>",    "├─>", Tratto::Condizione, true},
+    {"\xC0\xC4>",    "└─>", Tratto::Condizione, true},
+    {"\xC9\xCD>",    "╔═>", Tratto::Ciclo,      true},
+    {"\xC8\xCD>",    "╚═>", Tratto::Ciclo,      true},
+};
+// clang-format on
+
+void Accoda(std::vector<Tratto>& tratti, Tratto::Genere che, std::string_view utf8) {
+    if (utf8.empty()) return;
+    if (!tratti.empty() && tratti.back().Che == che)
+        tratti.back().Utf8 += utf8;
+    else
+        tratti.push_back({che, std::string(utf8)});
+}
+
+// Windows-1252 to what a terminal can show: a control byte must not act on it.
+std::string Mostrabile(Vista bytes) {
+    std::string utf8;
+    for (const char c : Utf8Da1252(bytes)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 32 && c != '\t') {
+            utf8 += "\xE2\x90"; // U+2400 and on: the pictures of the control characters
+            utf8 += static_cast<char>(0x80 + byte);
+        } else if (byte == 127) {
+            utf8 += "\xE2\x90\xA1";
+        } else {
+            utf8 += c;
+        }
+    }
+    return utf8;
+}
+
+bool Cifre(Vista s) {
+    return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// Lines 1, 2, 4 and 5 of a box: nothing but asterisks and blanks, with 101 columns of box.
+bool BordoDiRiquadro(Vista riga) {
+    const Vista bordo = Trim(riga);
+    return bordo.size() == 101 && bordo.front() == '*' && bordo.back() == '*' &&
+           (bordo.find_first_not_of('*') == Vista::npos ||
+            bordo.substr(1, 99).find_first_not_of(' ') == Vista::npos);
+}
+
+} // namespace
+
+void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
+    tratti.clear();
+    if (BordoDiRiquadro(riga)) {
+        Accoda(tratti, Tratto::Riquadro, riga);
+        return;
+    }
+    if (Trim(riga) == ErroreGenerico) {
+        Accoda(tratti, Tratto::Errore, Mostrabile(riga));
+        return;
+    }
+    // Beyond line 999,999 the field is its five blanks alone.
+    const bool numerata = riga.size() >= 11 && Cifre(riga.substr(0, 6)) && riga.substr(6, 5) == "     ";
+    if (!numerata && riga.substr(0, 5) != "     ") {
+        Accoda(tratti, Tratto::Scritto, Mostrabile(riga));
+        return;
+    }
+    const std::size_t campo = numerata ? 11 : 5;
+    Accoda(tratti, Tratto::Numero, riga.substr(0, campo));
+    riga.remove_prefix(campo);
+
+    if (const std::size_t barre = std::min(riga.find_first_not_of('\xCD', 2), riga.size());
+        riga.substr(0, 2) == "<<" && barre >= 4 && IniziaPer(riga.substr(barre), "exit ")) {
+        std::string barra = "<<";
+        for (std::size_t i = 2; i < barre; ++i)
+            barra += "═";
+        Accoda(tratti, Tratto::Barra, barra);
+        riga.remove_prefix(barre);
+    }
+    for (bool ancora = true; ancora;) {
+        const auto* gruppo = std::find_if(std::begin(Gruppi), std::end(Gruppi),
+                                          [&](const Gruppo& g) { return riga.substr(0, 3) == g.Bytes; });
+        ancora = gruppo != std::end(Gruppi);
+        if (!ancora) break;
+        Accoda(tratti, gruppo->Che, gruppo->Glifi);
+        riga.remove_prefix(3);
+        ancora = !gruppo->Ultimo;
+    }
+    Accoda(tratti, Tratto::Scritto, Mostrabile(riga));
+}
+
+} // namespace morvella

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// listing/decodifica.h
+//
+// Reads a line of a listing back. A listing mixes two code pages: the connectors are bytes of
+// code page 437 and all the rest is Windows-1252. Connectors stand in threes directly behind
+// the number field, and only a whole connector counts as one: a source line that begins with
+// the letter 205 or holds a 179 keeps its letters.
+#pragma once
+
+#include <vector>
+
+#include "text/primitive.h"
+
+namespace morvella {
+
+/// A stretch of a listing line that looks alike.
+struct Tratto {
+    enum Genere { Numero, Condizione, Ciclo, Barra, Riquadro, Errore, Scritto };
+    Genere Che;
+    std::string Utf8; // never empty; control characters as their visible pictures, but for TAB
+    bool operator==(const Tratto&) const = default;
+};
+
+/// Takes one line, without its line end, apart. `tratti` is overwritten.
+void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
+
+} // namespace morvella

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+//
+// The listing's run over the rows of File1, and the viewer.
+#include "listing/listing.h"
+
+#include "scan/testa.h"
+#include "shell/cartella.h"
+#include "shell/gestore.h"
+
+namespace morvella {
+
+namespace {
+
+// A form's control section ends here: the file starts anew, the margin and the history do not.
+void Riparti(Stato& s) {
+    Istruzione(s, [&] { s.Canale.Close(2); });
+    s.ContaRighe = 0;
+    s.Numero = Space(5);
+    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
+}
+
+void ElencaFile(Stato& s, const Testo& voce) {
+    // A new file. StatoTesta is not here: it goes over from one file to the next.
+    s.ContaRighe = 0;
+    s.Numero.clear();
+    s.Margine = Space(3);
+    s.TotaleRighe = 0;
+    s.StoriaBlocchi = "00";
+    s.RigaFile = 0;
+
+    s.FileUscita =
+        Istruzione(s, [&] { return s.Dir1Path + "\\Appoggio\\" + Testo(BaseDiRiga(voce)) + ".log"; });
+    s.FileSorgente = s.Dir1Path + "\\" + voce;
+
+    RaccogliShow(s, true);
+
+    LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
+    s.Progress.Min = 0;
+    PortaBarra(s, s.Progress, 0);
+    MostraBarra(s, s.Progress, true);
+
+    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
+    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    IniziaTestaStruttura(s);
+    s.Casa.MargineMosso({PassoMargine::Inizio, s.RigaInLavoro, 0, 0, Len(s.Margine), s.Margine, {}});
+    while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
+        ++s.ContaRighe;
+        ++s.RigaFile;
+        AvanzaBarra(s, s.Progress);
+        s.Riga = Trim(Istruzione(s, [&] { return s.Canale.LineInput(1); }));
+        const PassoTesta passo = AvanzaTestaStruttura(s);
+        if (passo.Testa) ScriviTesta(s);
+        if (!passo.Codice && !passo.Riparte) continue;
+        s.Numero = CampoNumero(s.ContaRighe);
+        if (passo.Riparte)
+            Riparti(s);
+        else
+            ElencaRiga(s);
+    }
+    Istruzione(s, [&] { s.Canale.Close(1); });
+    Istruzione(s, [&] { s.Canale.Close(2); });
+    s.RigaFile = 0;
+    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+}
+
+void Elenca(Stato& s) {
+    s.StatoTesta = 0; // once a run
+    ScriviDir(s, s.Dir1Path + "\\Appoggio");
+    LimitaBarra(s, s.ProgressBar1, s.File1.ListCount());
+    MostraBarra(s, s.ProgressBar1, true);
+    PortaBarra(s, s.ProgressBar1, 0); // the rewriter leaves it where it stood
+
+    const Lungo righe = s.File1.ListCount();
+    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+        if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
+            PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
+        if (!s.File1.Selected(s.IndiceFile)) continue;
+        s.RigaInLavoro = s.IndiceFile;
+        SelezionaFile1(s, s.IndiceFile, false); // done from here on, whatever happens to it
+        ElencaFile(s, s.File1.List(s.IndiceFile));
+    }
+    ScriviLabel2(s, "");
+    MostraBarra(s, s.Progress, false);
+    PortaBarra(s, s.Progress, 0);
+    PortaBarra(s, s.ProgressBar1, 0);
+    MostraBarra(s, s.ProgressBar1, false);
+}
+
+Lungo Selezionate(const Stato& s) {
+    Lungo quante = 0;
+    for (Lungo i = 0; i < s.File1.ListCount(); ++i)
+        quante += s.File1.Selected(i) ? 1 : 0;
+    return quante;
+}
+
+} // namespace
+
+Testo CampoNumero(Lungo n) {
+    Testo campo(11, ' ');
+    if (n > 999999) { // the number disappears, and the margin moves to the left
+        campo.resize(5);
+        return campo;
+    }
+    for (std::size_t i = 6; i-- > 0; n /= 10)
+        campo[i] = static_cast<char>('0' + n % 10);
+    return campo;
+}
+
+void ScriviTesta(Stato& s) {
+    const auto scrivi = [&](std::initializer_list<Vista> pezzi) {
+        Istruzione(s, [&] { s.Canale.Print(2, pezzi); });
+    };
+    const Testo stelle(55, '*');
+    scrivi({"\x0F", stelle}); // 15, the only control byte, and only here
+    scrivi({"*              Procedura by Dario Fenzoni             *"});
+    scrivi({"*              E-mail ", IndirizzoContatto, "           *"});
+    scrivi({"*", Space(53), "*"});
+    if (!s.ElencoShow.Resto().empty()) scrivi({"*  La procedura esegue i seguenti Form o procedure:   *"});
+    for (Testo voce; VoceShow(s.ElencoShow, voce);)
+        scrivi({voce});
+    scrivi({stelle});
+    const Testo data = Istruzione(s, [&] { return s.File.Date(); });
+    const Testo ora = Istruzione(s, [&] { return s.File.Time(); });
+    scrivi({"              ... ", data, " - ", ora});
+    scrivi({});
+}
+
+void mnuvorn_Click(Stato& s) {
+    s.mnuLettura = true; // before the handler is armed
+    EseguiMotore(s, "mnuvorn_Click", [&] { Elenca(s); });
+}
+
+void mnuLettura_Click(Stato& s) {
+    for (;;) {
+        s.FileUscita.clear();
+        s.Casa.MsgBox("Per visualizzare l'Identazione in maniera ottimizzata" + Chr(13) +
+                          "Selezionare il carattere TERMINAL - Normale",
+                      OkInformazione, "Lettura Ottimizzata");
+        bool manca = false;
+        for (s.IndiceFile = 0; s.IndiceFile <= s.File1.ListCount() - 1 && !manca;) {
+            if (s.File1.Selected(s.IndiceFile)) {
+                // ".Log" here and ".log" where it is written name one file.
+                s.FileUscita = PercorsoCorto(s, s.Dir1Path + "\\Appoggio\\" +
+                                                    Testo(BaseDiRiga(s.File1.List(s.IndiceFile))) + ".Log");
+                manca = s.File.Dir(s.FileUscita, 0).empty();
+                if (!manca) s.Casa.Avvia("Notepad.exe " + s.FileUscita, 3);
+            }
+            if (!manca) ++s.IndiceFile;
+        }
+        if (!manca) return;
+        // The listing run deselects every row that it comes to, so each visit here leaves fewer.
+        // One that leaves as many would leave them for ever.
+        const Lungo prima = Selezionate(s);
+        mnuvorn_Click(s);
+        if (Selezionate(s) >= prima) {
+            s.Casa.MotoreFermato(FaiArresto(s, "mnuLettura_Click", Errore(ErrFileAssente, s.FileUscita)));
+            return;
+        }
+    }
+}
+
+} // namespace morvella

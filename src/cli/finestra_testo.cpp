@@ -33,11 +33,12 @@ void FinestraTesto::Di(const std::string& utf8) {
 
 int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
     const bool domanda = flag == SiNoDomanda || flag == SiNoInformazione;
+    const std::optional<bool>& prevista = flag == SiNoDomanda ? RispostaIndice : Risposta;
     int risposta = RispostaOk;
     if (!domanda) {
         if (!Silenzioso) Di(TestoDiBox(testo));
-    } else if (Risposta) {
-        risposta = *Risposta ? RispostaSi : RispostaNo;
+    } else if (prevista) {
+        risposta = *prevista ? RispostaSi : RispostaNo;
     } else if (RispostaTaciuta) {
         risposta = RispostaNo;
     } else if (ambiente_.IngressoTerminale) {
@@ -48,7 +49,7 @@ int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
         risposta = DiceSi(detto) ? RispostaSi : RispostaNo;
     } else {
         risposta = RispostaNo;
-        if (!Silenzioso)
+        if (!Silenzioso && flag == SiNoInformazione)
             Di(TestoDiBox(testo) +
                "\nNessun terminale a cui chiederlo: la risposta è No (per rispondere Sì: --si).");
     }
@@ -111,8 +112,8 @@ void FinestraTesto::MotoreFermato(const Arresto& arresto) {
     Trovato.Osserva(arresto);
 }
 
-void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa) {
-    Avvenuto.Errori.push_back({Testo(operazione), causa, true, -1});
+void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo riga) {
+    Avvenuto.Errori.push_back({Testo(operazione), causa, true, riga, 0});
 }
 
 void FinestraTesto::FileScritto(Lungo riga, Vista percorso, Lungo righe) {

@@ -31,12 +31,13 @@ class FinestraTesto : public Finestra {
     void RidisegnaLabel2() override;
     void RidisegnaBarra(const Barra& barra) override;
     void AggiornaDir1() override {}
+    void PortaFuocoSuText1() override {}
     void MotoreFermato(const Arresto& arresto) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
     void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo); }
 
     /// An error that nobody trapped.
-    void ErroreFinale(Vista operazione, const Errore& causa);
+    void ErroreFinale(Vista operazione, const Errore& causa, Lungo riga);
     /// Takes the progress line away.
     void TogliProgresso();
     /// Writes UTF-8 to standard error in the terminal's encoding, on a line of its own.
@@ -46,7 +47,8 @@ class FinestraTesto : public Finestra {
     /// The answer to questions; without one a person is asked, and where nobody can be asked it
     /// is No, which is said.
     std::optional<bool> Risposta;
-    bool RispostaTaciuta = false; // the command itself answers No: nothing to say
+    std::optional<bool> RispostaIndice; // the same for the question that ends the documentation
+    bool RispostaTaciuta = false;       // the command itself answers No: nothing to say
     bool SenzaProcessi = false;
     bool Silenzioso = false;
 

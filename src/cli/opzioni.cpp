@@ -9,8 +9,14 @@ namespace morvella::cli {
 
 namespace {
 
+bool SiNo(const std::string& valore) {
+    if (valore.empty() || valore == "si" || valore == "s\xC3\xAC") return true;
+    if (valore == "no") return false;
+    throw UsoErrato{"il valore può essere si o no, non «" + valore + "»"};
+}
+
 // clang-format off
-constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Eventi;
+constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Eventi | Documenta;
 constexpr unsigned DiProgetto = Lavorano | Legge | Elenca;
 constexpr unsigned Tutti = ~0U;
 
@@ -20,8 +26,11 @@ constexpr Comando TabellaComandi[] = {
     {Struttura, "struttura", "PROGETTO.vbp [RIGA...]", "Scrive la struttura dei moduli, o di tutti."},
     {Legge,     "leggi",     "PROGETTO.vbp [RIGA...]", "Apre le strutture in un lettore."},
     {MostraQui, "mostra",    "FILE.log...",            "Mostra qui una struttura, coi connettori."},
+    {Documenta, "documenta", "PROGETTO.vbp [RIGA...]", "Scrive le pagine HTML e il loro indice."},
     {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto."},
     {Eventi,    "eventi",    "PROGETTO.vbp EVENTO...", "Operazioni della finestra (per script)."},
+    {Conserva,  "opzioni",   "",                       "Mostra le opzioni conservate, o le cambia."},
+    {Guida,     "guida",     "",                       "Apre la pagina di aiuto nel browser."},
 };
 
 constexpr Opzione TabellaOpzioni[] = {
@@ -29,13 +38,13 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Risposta = true; }},
     {'n', "no",                     nullptr, DiProgetto, "Risponde No alla domanda.",
      [](Richiesta& r, const std::string&) { r.Risposta = false; }},
-    {'c', "senza-conferma",         nullptr, DiProgetto, "Non fa la domanda.",
-     [](Richiesta& r, const std::string&) { r.SenzaConferma = true; }},
-    {'t', "togli-commenti",         nullptr, DiProgetto, "Toglie le righe di commento.",
-     [](Richiesta& r, const std::string&) { r.TogliCommenti = true; }},
-    {'i', "intestazione-procedure", nullptr, DiProgetto, "Scrive l'intestazione in form e classi.",
-     [](Richiesta& r, const std::string&) { r.IntestazioneProcedure = true; }},
-    {0,   "testo-intestazione",     "FILE",  DiProgetto, "Il testo dell'intestazione.",
+    {'c', "senza-conferma",         "[si|no]", DiProgetto | Conserva, "Non fa la domanda.",
+     [](Richiesta& r, const std::string& v) { r.SenzaConferma = SiNo(v); }},
+    {'t', "togli-commenti",         "[si|no]", DiProgetto | Conserva, "Toglie le righe di commento.",
+     [](Richiesta& r, const std::string& v) { r.TogliCommenti = SiNo(v); }},
+    {'i', "intestazione-procedure", "[si|no]", DiProgetto | Conserva, "Scrive l'intestazione in form e classi.",
+     [](Richiesta& r, const std::string& v) { r.IntestazioneProcedure = SiNo(v); }},
+    {0,   "testo-intestazione",     "FILE",  DiProgetto | Conserva, "Il testo dell'intestazione.",
      [](Richiesta& r, const std::string& v) { r.TestoIntestazione = v; }},
     {0,   "lf",                     nullptr, DiProgetto, "In lettura anche il solo LF chiude una riga.",
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
@@ -43,17 +52,27 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
     {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, "Dice i blocchi lasciati aperti (uscita 4).",
      [](Richiesta& r, const std::string&) { r.Controlla = true; }},
+    {0,   "html",                   nullptr, Esegue,     "Scrive poi anche le pagine HTML.",
+     [](Richiesta& r, const std::string&) { r.Html = true; }},
+    {0,   "apri",                   nullptr, Esegue | Documenta | Eventi, "Apre l'indice delle pagine.",
+     [](Richiesta& r, const std::string&) { r.Apri = true; }},
+    {0,   "sottocartelle",          nullptr, Esegue | Documenta, "Pagine anche per i moduli in sottocartelle.",
+     [](Richiesta& r, const std::string&) { r.Sottocartelle = true; }},
+    {0,   "ini",                    nullptr, Eventi,     "Prima carica le opzioni, come la finestra.",
+     [](Richiesta& r, const std::string&) { r.Ini = true; }},
+    {0,   "ripristina",             nullptr, Conserva,   "Rimette le opzioni iniziali.",
+     [](Richiesta& r, const std::string&) { r.Ripristina = true; }},
     {'r', "rapporto",               "FILE",  DiProgetto, "Rapporto JSON (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Rapporto = v; }},
-    {'p', "programma",              "DIR",   DiProgetto, "La directory del programma.",
+    {'p', "programma",              "DIR",   DiProgetto | Conserva | Guida, "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},
-    {0,   "senza-processi",         nullptr, DiProgetto, "Non avvia altri programmi.",
+    {0,   "senza-processi",         nullptr, DiProgetto | Guida, "Non avvia altri programmi.",
      [](Richiesta& r, const std::string&) { r.SenzaProcessi = true; }},
     {0,   "senza-pager",            nullptr, MostraQui,  "Senza impaginatore.",
      [](Richiesta& r, const std::string&) { r.SenzaPager = true; }},
     {0,   "senza-colori",           nullptr, MostraQui,  "Senza colori (come con NO_COLOR).",
      [](Richiesta& r, const std::string&) { r.SenzaColori = true; }},
-    {'q', "silenzioso",             nullptr, DiProgetto, "Dice soltanto errori e rilievi.",
+    {'q', "silenzioso",             nullptr, DiProgetto | Guida, "Dice soltanto errori e rilievi.",
      [](Richiesta& r, const std::string&) { r.Silenzioso = true; }},
     {'h', "aiuto",                  nullptr, Tutti,      "Mostra questo testo.",
      [](Richiesta& r, const std::string&) { r.Aiuto = true; }},
@@ -94,7 +113,7 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
                              std::optional<std::string> valore) {
         if (!opzione.Argomento) {
             if (valore) throw UsoErrato{"l'opzione " + scritta + " non vuole un valore"};
-        } else if (!valore) {
+        } else if (!valore && opzione.Argomento[0] != '[') {
             if (i + 1 == argomenti.size())
                 throw UsoErrato{"all'opzione " + scritta + " manca il valore " + opzione.Argomento};
             valore = argomenti[++i];
@@ -117,10 +136,11 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         } else {
             for (std::size_t c = 1; c < a.size(); ++c) {
                 const Opzione& opzione = Trova(a.substr(c, 1), false);
-                const bool attaccato = opzione.Argomento && c + 1 < a.size();
+                const bool vuole = opzione.Argomento && opzione.Argomento[0] != '[';
+                const bool attaccato = vuole && c + 1 < a.size();
                 applica(opzione, a.substr(0, 1) + a[c],
                         attaccato ? std::optional(a.substr(c + 1)) : std::nullopt);
-                if (opzione.Argomento) break;
+                if (vuole) break;
             }
         }
     }
@@ -138,6 +158,11 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
     if (comando->Chi == MostraQui) {
         if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
         richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
+        return richiesta;
+    }
+    if ((comando->Chi & (Conserva | Guida)) != 0) {
+        if (liberi.size() > 1)
+            throw UsoErrato{"il comando " + richiesta.Comando + " non vuole altro: " + liberi[1]};
         return richiesta;
     }
     if (liberi.size() < 2)
@@ -173,7 +198,8 @@ std::string TestoAiuto(const std::string& comando) {
         if ((o.Per & chi) == 0) continue;
         std::string nome = o.Corta ? std::string("-") + o.Corta + ", --" : "    --";
         nome += o.Lunga;
-        if (o.Argomento) nome += std::string("=") + o.Argomento;
+        if (o.Argomento && o.Argomento[0] == '[') nome += std::string("[=") + (o.Argomento + 1);
+        if (o.Argomento && o.Argomento[0] != '[') nome += std::string("=") + o.Argomento;
         testo += "  " + Riempito(nome, 32) + o.Aiuto + "\n";
     }
     testo += "\nUscita: 0 fatto, 1 fermato da un errore, 2 uso errato, 3 risposto No, 4 rilievi.\n";

@@ -22,12 +22,17 @@ struct Richiesta {
     std::string Programma;
     std::string TestoIntestazione;
     std::string Rapporto;
-    bool TogliCommenti = false;
-    bool IntestazioneProcedure = false;
-    bool SenzaConferma = false;
+    std::optional<bool> TogliCommenti; // these three: nothing where the stored option holds
+    std::optional<bool> IntestazioneProcedure;
+    std::optional<bool> SenzaConferma;
     bool Lf = false;
     bool Prosegui = false;
     bool Controlla = false;
+    bool Html = false;
+    bool Apri = false;
+    bool Sottocartelle = false;
+    bool Ini = false;
+    bool Ripristina = false;
     bool SenzaPager = false;
     bool SenzaColori = false;
     bool SenzaProcessi = false;
@@ -49,7 +54,10 @@ enum PerComando : unsigned {
     Legge = 8,
     MostraQui = 16,
     Elenca = 32,
-    Eventi = 64
+    Eventi = 64,
+    Documenta = 128,
+    Conserva = 256,
+    Guida = 512,
 };
 
 struct Comando {
@@ -62,7 +70,7 @@ struct Comando {
 struct Opzione {
     char Corta; // 0 when there is none
     const char* Lunga;
-    const char* Argomento; // name of its value, nullptr for a flag
+    const char* Argomento; // name of its value, nullptr for a flag; in brackets: only behind "="
     unsigned Per;          // PerComando
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);

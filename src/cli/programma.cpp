@@ -13,9 +13,12 @@
 #include "cli/finestra_testo.h"
 #include "cli/mostra.h"
 #include "cli/opzioni.h"
+#include "cli/sottocartelle.h"
+#include "docs/docs.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/comandi.h"
+#include "shell/opzioni.h"
 
 #ifndef MORVELLA_VERSIONE
 #define MORVELLA_VERSIONE "0"
@@ -37,6 +40,15 @@ constexpr Operazione Operazioni[] = {
     {"mnuRiordina_Click", mnuRiordina_Click},
     {"mnuvorn_Click", mnuvorn_Click},
     {"mnuLettura_Click", mnuLettura_Click},
+    {"mnuHTML_Click", mnuHTML_Click},
+    {"MnuHelpHtml_Click", MnuHelpHtml_Click},
+    {"Form_Resize", Form_Resize},
+    {"Command2_Click", Command2_Click},
+    {"Check1_Click", Check1_Click},
+    {"Check1_LostFocus", Opzione_LostFocus},
+    {"Check2_LostFocus", Opzione_LostFocus},
+    {"TogliCommenti_LostFocus", Opzione_LostFocus},
+    {"Text1_LostFocus", Opzione_LostFocus},
     {"File1_Click", File1_Click},
     {"Dir1_Change", Dir1_Change},
     {"Drive1_Change", Drive1_Change},
@@ -66,6 +78,10 @@ Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_
 // What to do about an error, for the person who reads of it.
 const char* Consiglio(int numero, bool inUnaRiga) {
     switch (numero) {
+    case ErrFineFile:
+        return "Il file finisce prima del previsto; se è Default.ini, «morvella-cli opzioni --ripristina» lo "
+               "rimette a "
+               "posto.";
     case ErrArgomento:
         return inUnaRiga
                    ? "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
@@ -88,8 +104,13 @@ class Corsa {
           finestra_(ambiente),
           s_(ambiente.Macchina, finestra_) {
         finestra_.S = &s_;
+        s_.Canale.FineRigaLf = r_.Lf;
         finestra_.Risposta = r_.Risposta;
         finestra_.SenzaProcessi = r_.SenzaProcessi;
+        if (r_.Apri)
+            finestra_.RispostaIndice = true;
+        else if (r_.Comando == "eventi")
+            finestra_.RispostaIndice = r_.Risposta;
         finestra_.Silenzioso = r_.Silenzioso;
     }
 
@@ -99,7 +120,12 @@ class Corsa {
     bool Fai(const char* nome, void (*operazione)(Stato&));
     void ScegliProgetto();
     void ScegliRighe();
-    void LeggiOpzioni();
+    void ScegliProgramma();
+    bool CaricaIni();
+    Testo LeggiIntestazione();
+    void SpuntaOpzioni();
+    int MostraOpzioni();
+    void Documenta();
     int EseguiTutto();
     void SuRighe();
     bool Scegli(bool consenti);
@@ -122,22 +148,35 @@ class Corsa {
     Ambiente& ambiente_;
     FinestraTesto finestra_;
     Stato s_;
-    std::string partenza_;        // platform path of the directory where the program was started
-    std::string directory_;       // platform path of the project's directory
-    std::vector<Lungo> lavorate_; // rows that the command was for
+    std::string partenza_;          // platform path of the directory where the program was started
+    std::string directory_;         // platform path of the project's directory
+    std::vector<std::string> note_; // what --sottocartelle has to say
+    std::vector<Lungo> lavorate_;   // rows that the command was for
     std::chrono::steady_clock::time_point inizio_ = std::chrono::steady_clock::now();
 };
 
-// Runs one operation; false when an error that nobody traps ended it.
+// Runs one operation; false when an error that nobody traps ended it. Files that were open then
+// are closed, as at a program's end: what was written stays.
 bool Corsa::Fai(const char* nome, void (*operazione)(Stato&)) {
+    s_.RigaInLavoro = -1;
+    const auto chiudi = [&] {
+        for (int n = 1; n <= Canali::NumeroMassimo; ++n) {
+            try {
+                s_.Canale.Close(n);
+            } catch (const Errore& e) {
+                finestra_.ErroreFinale(nome, e, s_.RigaInLavoro);
+            }
+        }
+    };
     try {
         operazione(s_);
         return true;
     } catch (const Errore& e) {
-        finestra_.ErroreFinale(nome, e);
+        finestra_.ErroreFinale(nome, e, s_.RigaInLavoro);
     } catch (const std::bad_alloc&) {
-        finestra_.ErroreFinale(nome, Errore(ErrMemoria));
+        finestra_.ErroreFinale(nome, Errore(ErrMemoria), s_.RigaInLavoro);
     }
+    chiudi();
     return false;
 }
 
@@ -160,6 +199,14 @@ void Corsa::Riga(const std::string& utf8) {
     dove << ambiente_.Codifica(utf8) << '\n';
 }
 
+void Corsa::ScegliProgramma() {
+    namespace fs = std::filesystem;
+    const std::string programma =
+        r_.Programma.empty() ? ambiente_.DirectoryProgramma
+                             : (fs::path(partenza_) / r_.Programma).lexically_normal().generic_string();
+    s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
+}
+
 void Corsa::ScegliProgetto() {
     namespace fs = std::filesystem;
     fs::path progetto = fs::path(partenza_) / fs::path(r_.Progetto);
@@ -172,44 +219,81 @@ void Corsa::ScegliProgetto() {
     progetto = progetto.lexically_normal();
     directory_ = progetto.parent_path().generic_string();
     if (directory_.size() > 1 && directory_.back() == '/') directory_.pop_back();
-    const std::string programma =
-        r_.Programma.empty() ? ambiente_.DirectoryProgramma
-                             : (fs::path(partenza_) / r_.Programma).lexically_normal().generic_string();
-    s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
     CambiaDir1(s_, directory_);
     s_.File1Leggi.Nomi = {DaArgomento(progetto.filename().string())};
     s_.File1Leggi.ListIndex = 0;
 }
 
-void Corsa::LeggiOpzioni() {
-    s_.Canale.FineRigaLf = r_.Lf;
-    s_.TogliCommenti = r_.TogliCommenti ? 1 : 0;
-    s_.Check1 = r_.IntestazioneProcedure ? 1 : 0;
-    s_.Check2 = r_.SenzaConferma ? 1 : 0;
-    if (!r_.TestoIntestazione.empty()) {
-        std::string testo;
-        try {
-            const auto file = ambiente_.Macchina.ApriLettura(r_.TestoIntestazione);
-            char blocco[4096];
-            while (const std::size_t letti = file->Leggi(blocco, sizeof blocco))
-                testo.append(blocco, letti);
-        } catch (const Errore& e) {
-            throw UsoErrato{"--testo-intestazione: " + r_.TestoIntestazione + ": " +
-                            Utf8Da1252(Descrizione(e.Numero))};
-        }
-        // The text box holds Windows-1252 and ends its lines in CR LF, wherever the text was written.
-        if (testo.compare(0, 3, "\xEF\xBB\xBF") == 0) testo.erase(0, 3);
-        testo = DaArgomento(testo);
-        s_.Text1.clear();
-        for (std::size_t i = 0; i < testo.size(); ++i) {
-            if (testo[i] == '\n' && (i == 0 || testo[i - 1] != '\r')) s_.Text1 += '\r';
-            s_.Text1 += testo[i];
-        }
+// The options as stored, where a file stores them; none is made. "eventi" has it only as its
+// first event.
+bool Corsa::CaricaIni() {
+    if (r_.Comando == "eventi") return !r_.Ini || Fai("Form_Resize", Form_Resize);
+    if (r_.Comando == "elenca" || s_.File.Dir(PercorsoOpzioni(s_), 0).empty()) return true;
+    return Fai("CaricaOpzioni", CaricaOpzioni);
+}
+
+Testo Corsa::LeggiIntestazione() {
+    std::string testo;
+    try {
+        const auto file = ambiente_.Macchina.ApriLettura(r_.TestoIntestazione);
+        char blocco[4096];
+        while (const std::size_t letti = file->Leggi(blocco, sizeof blocco))
+            testo.append(blocco, letti);
+    } catch (const Errore& e) {
+        throw UsoErrato{"--testo-intestazione: " + r_.TestoIntestazione + ": " +
+                        Utf8Da1252(Descrizione(e.Numero))};
     }
-    RaccogliOpzioni(s_);
-    if (s_.Check1 == 1 && s_.Text1.empty() && !r_.Silenzioso)
+    // The text box holds Windows-1252 and ends its lines in CR LF, wherever the text was written.
+    if (testo.compare(0, 3, "\xEF\xBB\xBF") == 0) testo.erase(0, 3);
+    testo = DaArgomento(testo);
+    Testo casella;
+    for (std::size_t i = 0; i < testo.size(); ++i) {
+        if (testo[i] == '\n' && (i == 0 || testo[i - 1] != '\r')) casella += '\r';
+        casella += testo[i];
+    }
+    return casella;
+}
+
+// The command line's options over the stored ones, like a user's own ticks, for this run.
+void Corsa::SpuntaOpzioni() {
+    if (r_.TogliCommenti) s_.TogliCommenti = *r_.TogliCommenti ? 1 : 0;
+    if (r_.IntestazioneProcedure) CambiaCheck1(s_, *r_.IntestazioneProcedure ? 1 : 0);
+    if (r_.SenzaConferma) s_.Check2 = *r_.SenzaConferma ? 1 : 0;
+    if (!r_.TestoIntestazione.empty()) s_.Text1 = LeggiIntestazione();
+    if (r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty())
+        RaccogliOpzioni(s_);
+    if (r_.IntestazioneProcedure.value_or(false) && s_.Text1.empty() && !r_.Silenzioso)
         finestra_.Di(
             "Avviso: --intestazione-procedure senza --testo-intestazione: non c'è un testo da scrivere.");
+}
+
+// The command "opzioni": what is stored, after the changes asked for.
+int Corsa::MostraOpzioni() {
+    const bool cambia =
+        r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty();
+    const bool esiste = !s_.File.Dir(PercorsoOpzioni(s_), 0).empty();
+    if (r_.Ripristina && !Fai("Command2_Click", Command2_Click)) return Fermato;
+    if (!r_.Ripristina && (esiste || cambia) && !Fai("Form_Resize", Form_Resize)) return Fermato;
+    if (cambia) {
+        // As in the window: the control is set, and stored when it loses the focus.
+        SpuntaOpzioni();
+        if (!Fai("Opzione_LostFocus", Opzione_LostFocus)) return Fermato;
+    }
+    if (s_.File.Dir(PercorsoOpzioni(s_), 0).empty()) {
+        Riga("Nessuna opzione conservata in " + Nativo(PercorsoOpzioni(s_)) + ": valgono quelle iniziali.");
+        return Fatto;
+    }
+    const auto siNo = [](bool acceso) { return std::string(acceso ? "sì" : "no"); };
+    Riga("Togli tutti i commenti:   " + siNo(s_.TogliCommenti == 1));
+    Riga("Intestazione Procedure:   " + siNo(s_.Check1 == 1));
+    Riga("Senza chiedere conferma:  " + siNo(s_.Check2 == 1));
+    Riga("Testo dell'intestazione:  " + std::string(s_.TestoIntestazione.empty() ? "(nessuno)" : ""));
+    std::string testo = Utf8Da1252(s_.TestoIntestazione);
+    std::erase(testo, '\r');
+    while (!testo.empty() && testo.back() == '\n')
+        testo.pop_back();
+    if (!testo.empty()) Riga(testo);
+    return Fatto;
 }
 
 // File1Leggi_Click. Without `consenti` the command's own answer to the question is No.
@@ -427,7 +511,35 @@ int Corsa::EseguiTutto() {
         ProseguiRiordina();
         SelezionaEsattamente({});
     }
+    if (r_.Html) {
+        SelezionaEsattamente(lavorate_);
+        Documenta();
+    }
     return Fatto;
+}
+
+// The documentation of the selected rows. An error there is final; with --prosegui the row is
+// deselected and the run made again, so that the index holds every page that there is.
+void Corsa::Documenta() {
+    std::vector<std::string> cartelle;
+    if (r_.Sottocartelle) {
+        try {
+            cartelle = FaiSottocartelle(s_, Selezionate(), note_);
+        } catch (const Errore& e) {
+            finestra_.ErroreFinale("mnuHTML_Click", e, -1);
+            return;
+        }
+    }
+    while (!Fai("mnuHTML_Click", mnuHTML_Click)) {
+        if (!r_.Prosegui || s_.RigaInLavoro < 0) return;
+        SelezionaFile1(s_, s_.RigaInLavoro, false);
+        if (Selezionate().empty()) return;
+    }
+    try {
+        ArredaSottocartelle(s_, cartelle, Selezionate());
+    } catch (const Errore& e) {
+        finestra_.ErroreFinale("mnuHTML_Click", e, -1);
+    }
 }
 
 // A command for some rows: all when none is named.
@@ -440,6 +552,8 @@ void Corsa::SuRighe() {
     } else if (r_.Comando == "struttura") {
         Fai("mnuvorn_Click", mnuvorn_Click);
         if (r_.Prosegui) ProseguiStruttura();
+    } else if (r_.Comando == "documenta") {
+        Documenta();
     } else {
         Fai("mnuLettura_Click", mnuLettura_Click);
     }
@@ -452,10 +566,22 @@ int Corsa::Esegui() {
     partenza_ = ambiente_.Macchina.DirectoryCorrente();
     if (!r_.Rapporto.empty() && r_.Rapporto != "-")
         r_.Rapporto = (fs::path(partenza_) / r_.Rapporto).generic_string();
-    LeggiOpzioni();
-    ScegliProgetto();
+    ScegliProgramma();
+    if (r_.Comando == "opzioni" || r_.Comando == "guida") {
+        if (r_.Comando == "opzioni")
+            stato = MostraOpzioni();
+        else if (!Fai("MnuHelpHtml_Click", MnuHelpHtml_Click))
+            stato = Fermato;
+        RaccontaErrori();
+        return stato;
+    }
     try {
-        if (r_.Comando == "eventi") {
+        ScegliProgetto();
+        const bool caricate = CaricaIni();
+        if (caricate) SpuntaOpzioni();
+        if (!caricate) {
+            stato = Fermato;
+        } else if (r_.Comando == "eventi") {
             stato = Eventi();
         } else if (r_.Comando == "esegui") {
             stato = EseguiTutto();

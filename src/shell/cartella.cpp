@@ -23,7 +23,7 @@ void ScriviDir(Stato& s, Vista mdir) {
     if (s.File.Dir(mdir, 16).empty()) {
         SaltaSeFallisce([&] { s.File.MkDir(mdir); });
         SaltaSeFallisce([&] { s.Canale.OpenOutput(7, marca); });
-        SaltaSeFallisce([&] { s.Canale.Print(7, "Ok! Directory Creata, ora mettiamoci al lavoro ..."); });
+        SaltaSeFallisce([&] { s.Canale.Print(7, FraseOkLog); });
         SaltaSeFallisce([&] { s.Canale.Close(7); });
     }
     s.DirAppoggio = mdir;

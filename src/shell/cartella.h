@@ -9,6 +9,9 @@
 
 namespace morvella {
 
+/// What the marker OK.LOG says.
+inline constexpr Vista FraseOkLog = "Ok! Directory Creata, ora mettiamoci al lavoro ...";
+
 /// Makes the work directory `mdir` with its marker OK.LOG where nothing of that name is there,
 /// sets DirAppoggio, and copies the chosen project file into it. A statement that fails is
 /// passed over: nothing is raised, and a directory that could not be made shows later.

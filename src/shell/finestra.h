@@ -70,6 +70,9 @@ class Finestra {
     /// `Dir1.Refresh`: read the directory list anew.
     virtual void AggiornaDir1() = 0;
 
+    /// The focus goes to Text1.
+    virtual void PortaFuocoSuText1() = 0;
+
     /// Word for a home that reports what the window keeps silent about.
     virtual void MotoreFermato(const Arresto& arresto) = 0;
     /// A file of row `riga` was written whole; `percorso` is its text, `righe` the lines read

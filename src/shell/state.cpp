@@ -51,6 +51,17 @@ void PortaBarra(Stato& s, Barra& barra, Lungo valore) {
     s.Casa.RidisegnaBarra(barra);
 }
 
+void CambiaCheck1(Stato& s, int valore) {
+    if (s.Check1 == valore) return;
+    s.Check1 = valore;
+    Check1_Click(s);
+}
+
+void Check1_Click(Stato& s) {
+    s.Text1TabStop = s.Check1 == 1;
+    if (s.Check1 == 1) s.Casa.PortaFuocoSuText1();
+}
+
 void RaccogliOpzioni(Stato& s) {
     s.OpzTogliCommenti = s.TogliCommenti == 1;
     s.OpzIntestazione = s.Check1 == 1;

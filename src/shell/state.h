@@ -137,6 +137,7 @@ struct Stato {
     int Check2 = 0;
     int TogliCommenti = 0;
     Testo Text1;
+    bool Text1TabStop = false;
     bool Option1_0 = false; // "*.Bas"; hidden, so it stays off in any window
 
     // Where the engine in work stands, for the home that reports what it found or what ended it.
@@ -162,6 +163,11 @@ inline void AvanzaBarra(Stato& s, Barra& barra) {
     ++barra.Value;
     if ((barra.Value - barra.Mostrato) * 200 >= barra.Max) PortaBarra(s, barra, barra.Value);
 }
+
+/// `Check1.Value = valore`; raises Check1_Click when that is a change.
+void CambiaCheck1(Stato& s, int valore);
+/// Ticking Check1 leads the user to Text1.
+void Check1_Click(Stato& s);
 
 /// The four option fields of Module1 from their controls, as when an option loses the focus.
 void RaccogliOpzioni(Stato& s);

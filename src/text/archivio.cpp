@@ -326,6 +326,21 @@ Testo Archivio::FileDateTime(Vista percorso) {
     return testo;
 }
 
+void Archivio::AncheCome(Vista percorso, Vista nome) {
+    const Trovato file = Trova(percorso);
+    if (file.Cosa.Tipo != TipoVoce::File || !disco_.DistingueMaiuscole()) return;
+    const std::string altro =
+        Unisci(file.Percorso.substr(0, file.Percorso.find_last_of('/')), Utf8Da1252(nome));
+    if (disco_.Esamina(altro).Esiste()) return;
+    Indice* indice = IndiceFresco(altro);
+    try {
+        disco_.Collega(file.Percorso, altro);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
+    Annota(indice, altro, true);
+}
+
 Testo Archivio::Date() { return disco_.TestoData(disco_.Adesso()); }
 
 Testo Archivio::Time() { return disco_.TestoOra(disco_.Adesso()); }

@@ -73,6 +73,9 @@ class Archivio {
     long long FileLen(Vista percorso);
     /// Date, one blank, time; at midnight the date alone. Raises 53 when there is no such file.
     Testo FileDateTime(Vista percorso);
+    /// Makes the file reachable under a further spelling of its name, beside it, on a disk that
+    /// tells case apart; nothing where it is reachable so already or is not there.
+    void AncheCome(Vista percorso, Vista nome);
     Testo Date();
     Testo Time();
     /// `Shell(comando, finestra)`: a program's name, a blank and a path. Returns at once; raises

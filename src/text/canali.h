@@ -14,6 +14,7 @@
 #include <cstring>
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "text/archivio.h"
@@ -66,7 +67,7 @@ class Canali {
 
     /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
     /// output, 61 or 57 when a block could not be written.
-    void Print(int n, std::initializer_list<Vista> pezzi) {
+    void Print(int n, std::span<const Vista> pezzi) {
         Canale& c = Aperto(n, Modo::Scrittura);
         std::size_t totale = 2;
         for (const Vista pezzo : pezzi)
@@ -81,7 +82,10 @@ class Canali {
         *dove = '\n';
         c.Fine += totale;
     }
-    void Print(int n, Vista testo) { Print(n, {testo}); }
+    void Print(int n, std::initializer_list<Vista> pezzi) {
+        Print(n, std::span(pezzi.begin(), pezzi.size()));
+    }
+    void Print(int n, Vista testo) { Print(n, std::span(&testo, 1)); }
 
     /// A lone LF ends a line too, when reading.
     bool FineRigaLf = false;

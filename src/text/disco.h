@@ -73,6 +73,8 @@ class Disco {
     /// Copies the bytes; creates the target, or empties it first.
     virtual void Copia(const std::string& da, const std::string& a) = 0;
     virtual void Cancella(const std::string& percorso) = 0;
+    /// A second name for a file: a link where the disk has links, else a copy.
+    virtual void Collega(const std::string& da, const std::string& a) { Copia(da, a); }
 
     virtual Istante Adesso() = 0;
     virtual Istante UltimaModifica(const std::string& percorso) = 0;

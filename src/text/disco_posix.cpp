@@ -188,6 +188,11 @@ class DiscoPosix : public Disco {
         destinazione.Chiudi();
     }
 
+    void Collega(const std::string& da, const std::string& a) override {
+        const std::string vicino = da.substr(da.find_last_of('/') + 1); // both lie in one directory
+        if (::symlink(vicino.c_str(), a.c_str()) != 0) Copia(da, a);
+    }
+
     void Cancella(const std::string& percorso) override {
         if (::unlink(percorso.c_str()) != 0) Solleva();
     }

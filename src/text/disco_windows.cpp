@@ -207,8 +207,10 @@ class DiscoWindows : public Disco {
         BY_HANDLE_FILE_INFORMATION voce{};
         bool disco = false;
         if (!Interroga(percorso, voce, disco)) {
+            // A name that no file can have is a file that is not there, until somebody makes it.
             const int numero = NumeroDaWindows(::GetLastError());
-            if (numero != ErrFileAssente && numero != ErrPercorso) cosa.Errore = numero;
+            if (numero != ErrFileAssente && numero != ErrPercorso && numero != ErrNumeroFile)
+                cosa.Errore = numero;
             return cosa;
         }
         cosa.Tipo = !disco                                                    ? TipoVoce::Altro
@@ -354,7 +356,8 @@ class DiscoWindows : public Disco {
     }
 
     std::string DirectoryUnita(const std::string& unita) override {
-        const std::string dove = PercorsoDaUtf16(Intero(Utf16DaUtf8(unita.substr(0, 2))));
+        std::string dove = PercorsoDaUtf16(Intero(Utf16DaUtf8(unita.substr(0, 2))));
+        if (dove.size() > 3 && dove.back() == '/') dove.pop_back();
         if (Esamina(dove).Tipo != TipoVoce::Directory) throw Errore(ErrUnita);
         return dove;
     }

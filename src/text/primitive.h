@@ -10,4 +10,5 @@
 #include "text/codifica.h"
 #include "text/disco.h"
 #include "text/errore.h"
+#include "text/flusso.h"
 #include "text/testo.h"

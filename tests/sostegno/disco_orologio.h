@@ -23,6 +23,7 @@ class DiscoOrologio : public Disco {
     void CambiaDirectory(const std::string& p) override { vero_->CambiaDirectory(p); }
     std::string DirectoryCorrente() override { return vero_->DirectoryCorrente(); }
     void Copia(const std::string& da, const std::string& a) override { vero_->Copia(da, a); }
+    void Collega(const std::string& da, const std::string& a) override { vero_->Collega(da, a); }
     void Cancella(const std::string& p) override { vero_->Cancella(p); }
     Istante Adesso() override { return Ora; }
     Istante UltimaModifica(const std::string&) override { return Ora; }

@@ -34,6 +34,7 @@ class FinestraFinta : public Finestra {
     }
     void RidisegnaBarra(const Barra&) override { ++Barre; }
     void AggiornaDir1() override { ++Aggiornamenti; }
+    void PortaFuocoSuText1() override { ++Fuochi; }
     void MotoreFermato(const Arresto& arresto) override { Arresti.push_back(arresto); }
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override {
         Scritti.push_back(CStr(riga) + "|" + Testo(percorso) + "|" + CStr(righe));
@@ -52,6 +53,7 @@ class FinestraFinta : public Finestra {
     int Beeps = 0;
     int Barre = 0;
     int Aggiornamenti = 0;
+    int Fuochi = 0; // times that the focus went to Text1
 };
 
 } // namespace morvella::prove

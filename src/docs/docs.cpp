@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+//
+// The documentation's run over the rows of File1, and the index.
+#include "docs/docs.h"
+
+#include "docs/righe.h"
+#include "shell/cartella.h"
+#include "shell/gestore.h"
+
+namespace morvella {
+
+namespace {
+
+// clang-format off
+constexpr Vista IndiceTesta[] = {
+    "<html>",
+    "",
+    "<head>",
+    "<title>Indice Progetto di Documentazione</title>",
+    R"(<meta http-equiv="Content-Type" content="text/html; charset=iso-8859-1">)",
+    R"(<meta name="GENERATOR">)",
+    "</head>",
+    "",
+    R"(<body background="BLULETHR.GIF" style="font-family: Arial; font-size: 12">)",
+    R"(<div align="center"><center>)",
+};
+
+constexpr Vista IndiceTitolo[] = {
+    R"(<table border="0" cellpadding="0" cellspacing="0" width="90%">)",
+    " <tr>",
+    R"(   <td align="center" valign="top" colspan="5" width="100%"><p align="center"><font size="7">Documentazione progetto ...</font><font size="6"><br>)",
+    R"(   </font><font size="5">Indice generale Form e/o procedure</font>&nbsp;&nbsp;<p align="center">&nbsp;</td>)",
+    " </tr>",
+    "   <tr>",
+    R"(     <td width="30%"></td>)",
+    R"(     <td width="5%"></td>)",
+    R"(     <td width="30%"></td>)",
+    R"(     <td width="5%"></td>)",
+    R"(     <td width="30%"></td>)",
+    "   </tr>",
+    "   <tr>",
+};
+
+constexpr Vista PrimaCella[] = {
+    R"(   <td valign="top" width="30%">@</a></td>)",
+    R"(    <td width="5%"></td>)",
+};
+
+constexpr Vista SecondaCella[] = {
+    R"(  <td valign="top" width="30%">@</a></td>)",
+    R"(    <td width="5%"></td>)",
+};
+
+constexpr Vista TerzaCella[] = { // with the row's end, which stands only here
+    R"(    <td valign="top" width="30%">@</a></td>)",
+    "  </tr>",
+};
+
+constexpr Vista IndiceCoda[] = {
+    "</table>",
+    R"(<p align="center">&nbsp;</p>)",
+    R"(<p align="center"><img border="0" src="Dario.gif" width="429" height="124"></p>)",
+    "</BODY>",
+    "</HTML>",
+};
+// clang-format on
+
+// "dario.gif" here and "Dario.gif" in the pages: each is meant.
+constexpr Vista Figure[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
+constexpr Vista DarioNellePagine = "Dario.gif";
+
+Lungo ContaSelezionati(const Stato& s) {
+    Lungo quanti = 0;
+    for (Lungo i = 0; i < s.File1.ListCount(); ++i)
+        if (s.File1.Selected(i)) ++quanti;
+    return quanti;
+}
+
+// The first pass of this run. RaccogliShow is another: entries have another shape here, and
+// some names stay out.
+void RaccogliMostrati(Stato& s) {
+    s.Canale.OpenInput(1, s.FileSorgente);
+    s.ElencoShow.Svuota();
+    while (!s.Canale.Eof(1)) {
+        ++s.TotaleRighe;
+        s.RigaLetta = Trim(s.Canale.LineInput(1));
+        if (Mid(s.RigaLetta, 1, 1) == "'") continue;
+        const Lungo trovato = InStr(1, s.RigaLetta, ".Show");
+        if (trovato < 1) continue;
+        const Testo chi = UCase(Mid(s.RigaLetta, 1, trovato - 1));
+        if (chi == "SFONDO.MSG1" || Trim(chi).empty() || chi == "ME") continue;
+        s.ElencoShow.Voci.append("    ").append(chi).append("<br>\r");
+    }
+    s.Canale.Close(1);
+}
+
+} // namespace
+
+// A directory that holds no plain file counts as missing, and MkDir then fails: meant.
+Testo PreparaDirectory(Stato& s) {
+    const Testo directory = s.Dir1Path + "\\Appoggio";
+    if (s.File.Dir(directory + "\\*.*", 0).empty()) {
+        s.File.ChDir(s.Dir1Path);
+        s.File.MkDir("Appoggio");
+        s.Canale.OpenOutput(7, directory + "\\OK.LOG");
+        s.Canale.Print(7, FraseOkLog);
+        s.Canale.Close(7);
+    }
+    return directory;
+}
+
+void CopiaFigure(Stato& s, const Testo& dirPagine) {
+    if (s.AppPath == s.Dir1Path && s.AppPath == dirPagine) return;
+    for (const Vista nome : Figure) {
+        const Testo figura = dirPagine + "\\" + Testo(nome);
+        if (s.File.Dir(figura, 0).empty()) s.File.FileCopy(s.AppPath + "\\" + Testo(nome), figura);
+    }
+    // A browser on a disk that tells case apart must find the name that the pages use.
+    s.File.AncheCome(dirPagine + "\\dario.gif", DarioNellePagine);
+}
+
+void mnuHTML_Click(Stato& s) {
+    s.mnuLettura = true;
+    ProteggiSorgenti(s);
+    const Lungo selezionati = ContaSelezionati(s);
+    const Testo dirPagine = selezionati > 0 ? PreparaDirectory(s) : Testo();
+
+    ValoriPendenti pendenti;
+    for (s.IndiceFile = 0; s.IndiceFile <= s.File1.ListCount() - 1; ++s.IndiceFile) {
+        if (!s.File1.Selected(s.IndiceFile)) continue;
+        s.RigaInLavoro = s.IndiceFile;
+        const Testo& voce = s.File1.List(s.IndiceFile);
+        // No page depends on these three; they are left as this sets them.
+        s.Numero = Space(5);
+        s.Margine = Space(5);
+        s.StoriaBlocchi = "00";
+        s.TotaleRighe = 0;
+        const Testo pagina = Testo(BaseDiRiga(voce)) + ".Html";
+        const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
+        s.FileUscita = radice ? dirPagine + pagina : dirPagine + "\\" + pagina;
+        if (!s.File.Dir(s.FileUscita, 0).empty()) s.File.Kill(s.FileUscita);
+        s.FileSorgente = s.Dir1Path + "\\" + voce;
+        // The place in the whole list, from 0, over the number selected: "9/3" can be.
+        ScriviLabel2(s, s.FileSorgente + "  " + CStr(s.IndiceFile) + "/" + CStr(selezionati));
+        RaccogliMostrati(s);
+        LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
+        s.Progress.Min = 0;
+        PortaBarra(s, s.Progress, 0);
+        MostraBarra(s, s.Progress, true);
+        ScriviPagina(s, voce, pendenti);
+        s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+    }
+    s.RigaInLavoro = -1;
+    CopiaFigure(s, dirPagine);
+    ScriviLabel2(s, "");
+    ScriviIndice(s, dirPagine);
+    MostraBarra(s, s.Progress, false); // the bar stays in view behind the question
+    PortaBarra(s, s.Progress, 0);
+}
+
+void ScriviIndice(Stato& s, const Testo& dirPagine) {
+    const Testo indice = dirPagine + "\\Indice.Html";
+    if (!s.File.Dir(indice, 0).empty()) s.File.Kill(indice);
+    s.Canale.OpenOutput(1, indice);
+    ScriviRighe(s, 1, IndiceTesta);
+
+    // One more than there are, which makes the third column the short one.
+    Lungo conto = ContaSelezionati(s);
+    if (conto > 0) ++conto;
+    Lungo limiteColonna1 = 0;
+    Lungo limiteColonna2 = 0;
+    Lungo terzoBase = 0;
+    if (conto == 2) {
+        limiteColonna1 = 1;
+        limiteColonna2 = 2;
+    } else if (conto >= 3) {
+        limiteColonna1 = limiteColonna2 = terzoBase = conto / 3;
+        const Lungo resto = conto - 3 * terzoBase;
+        if (resto >= 1) ++limiteColonna1;
+        if (resto == 2) ++limiteColonna2;
+        limiteColonna2 += limiteColonna1;
+    }
+
+    Testo testoColonna1;
+    Testo testoColonna2;
+    Testo testoColonna3;
+    Lungo corrente = 0;
+    for (Lungo i = 0; i <= s.File1.ListCount() - 1; ++i) {
+        if (!s.File1.Selected(i)) continue;
+        const Testo& voce = s.File1.List(i);
+        ++corrente;
+        Testo& colonna = corrente <= limiteColonna1   ? testoColonna1
+                         : corrente <= limiteColonna2 ? testoColonna2
+                                                      : testoColonna3;
+        // Only a column's last link is closed; the others run on to the next.
+        colonna.append("<a href=\"")
+            .append(dirPagine)
+            .append("\\")
+            .append(BaseDiRiga(voce))
+            .append(".Html\">");
+        colonna.append(voce).append("<br>");
+    }
+    ScriviRighe(s, 1, IndiceTitolo);
+    ScriviRighe(s, 1, PrimaCella, {testoColonna1});
+    if (limiteColonna2 >= 1) ScriviRighe(s, 1, SecondaCella, {testoColonna2});
+    if (terzoBase >= 1) ScriviRighe(s, 1, TerzaCella, {testoColonna3});
+    ScriviRighe(s, 1, IndiceCoda);
+    s.Canale.Close(1);
+
+    const Testo domanda = "Documentazione HTML riuscita." + Chr(13) + "Vuoi visualizzare l'indice?";
+    if (s.Casa.MsgBox(domanda, SiNoDomanda, "Visualizzazione Documentazione HTML") != RispostaSi) return;
+    s.File.ChDir(dirPagine);
+    s.Casa.Avvia("Explorer " + indice, 3);
+    s.File.ChDir(s.Dir1Path);
+}
+
+Testo TogliRisalita(Vista testo) {
+    Testo senza;
+    while (!testo.empty()) {
+        const bool risalita = Mid(testo, 1, 3) == "../";
+        if (!risalita) senza += testo.front();
+        testo.remove_prefix(risalita ? 3 : 1);
+    }
+    return senza;
+}
+
+} // namespace morvella

@@ -14,14 +14,28 @@ constexpr const char* RimedioLf = " ha fine riga LF e verrebbe letto come una ri
 
 std::string Tra(Vista riga) { return "«" + Utf8Da1252(riga) + "»"; }
 
-// Where the rewriter's output with this name below the work directory comes to lie: there, or
-// flat in the work directory when the directory part of the name is missing.
-std::string Destinazione(Stato& s, const Testo& nome) {
+// Where an output with this name below the work directory comes to lie: there, or, but for a
+// page, flat in the work directory when the directory part of the name is missing.
+std::string Destinazione(Stato& s, const Testo& nome, Uscite uscite) {
     const Testo lavoro = s.Dir1Path + "\\Appoggio\\";
-    Trovato file = s.File.Trova(LCase(s.DirAppoggio + "\\" + nome));
-    if (!file.DirectoryPresente)
-        file = s.File.Trova(lavoro + LCase(nome.substr(nome.find_last_of('\\') + 1)));
+    Trovato file = s.File.Trova(lavoro + nome);
+    if (!file.DirectoryPresente && uscite != Uscite::Pagine)
+        file = s.File.Trova(lavoro + nome.substr(nome.find_last_of('\\') + 1));
     return file.Percorso;
+}
+
+// The names of a row's outputs below the work directory. The rewriter's second one is the
+// module's own name, and comes only where the first did not end flat.
+std::vector<Testo> NomiScritti(Stato& s, const Testo& riga, Uscite uscite) {
+    const Testo base(BaseDiRiga(riga));
+    switch (uscite) {
+    case Uscite::Strutture: return {base + ".log"};
+    case Uscite::Pagine: return {base + ".Html"};
+    default: break;
+    }
+    std::vector<Testo> nomi = {LCase(base + ".txt")};
+    if (s.File.Trova(s.Dir1Path + "\\Appoggio\\" + riga).DirectoryPresente) nomi.push_back(LCase(riga));
+    return nomi;
 }
 
 } // namespace
@@ -43,14 +57,14 @@ bool FiniRigaLf(Stato& s, Vista percorso) {
     }
 }
 
-std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe) {
+std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite) {
     std::vector<std::string> avvisi;
     const auto lf = [&](Vista nome) {
         if (!s.Canale.FineRigaLf && FiniRigaLf(s, s.Dir1Path + "\\" + Testo(nome)))
             avvisi.push_back(Tra(nome) + RimedioLf);
     };
     lf(s.File1Leggi.Scelto());
-    if (righe.empty()) return avvisi;
+    if (uscite == Uscite::Nessuna) return avvisi;
 
     const std::string lavoro = s.File.Trova(s.Dir1Path + "\\Appoggio").Percorso + "/";
     std::unordered_map<std::string, Lungo> scrittore;
@@ -63,18 +77,18 @@ std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe) {
             }
             lf(riga);
             if (Len(riga) < 4) continue;
-            const std::string testo = Destinazione(s, Testo(BaseDiRiga(riga)) + ".txt");
-            if (testo.compare(0, lavoro.size(), lavoro) != 0)
-                avvisi.push_back(Tra(riga) + " esce da Appoggio: il suo testo va in " + testo + ".");
-            std::vector<std::string> scritti = {testo};
-            if (s.File.Trova(s.DirAppoggio + "\\" + riga).DirectoryPresente)
-                scritti.push_back(Destinazione(s, riga));
-            for (const std::string& file : scritti) {
+            bool detto = false;
+            for (const Testo& nome : NomiScritti(s, riga, uscite)) {
+                const std::string file = Destinazione(s, nome, uscite);
+                if (!detto && file.compare(0, lavoro.size(), lavoro) != 0) {
+                    avvisi.push_back(Tra(riga) + " esce da Appoggio: si scrive in " + file + ".");
+                    detto = true;
+                }
                 const auto [altro, nuovo] = scrittore.try_emplace(file, i);
-                if (nuovo || altro->second == i) continue;
+                if (nuovo || altro->second == i || detto) continue;
                 avvisi.push_back(Tra(s.File1.List(altro->second)) + " e " + Tra(riga) +
                                  " scrivono lo stesso file, " + file + ": resta il secondo.");
-                break;
+                detto = true;
             }
         } catch (const Errore&) {
             // A row that no path can be made of: the engine says so.

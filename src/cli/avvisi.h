@@ -16,8 +16,11 @@ namespace morvella::cli {
 /// False for a file that cannot be read.
 bool FiniRigaLf(Stato& s, Vista percorso);
 
+/// Which outputs a command writes for its rows.
+enum class Uscite { Nessuna, Testi, Strutture, Pagine };
+
 /// UTF-8 sentences about the chosen project file and, for the given rows, about missing
 /// files, LF line ends, outputs beside the work directory and outputs of two rows in one file.
-std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe);
+std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite);
 
 } // namespace morvella::cli

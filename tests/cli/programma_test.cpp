@@ -286,7 +286,7 @@ TEST(Avvisi, DiconoSenzaCambiare) {
     EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 0) << b.Errori.str();
     EXPECT_TRUE(b.C("«Lf.bas» ha fine riga LF")) << b.Errori.str();
     EXPECT_TRUE(b.C("«A.bas» e «A.frm» scrivono lo stesso file, /casa/p/Appoggio/a.txt"));
-    EXPECT_TRUE(b.C("«..\\lib\\U.bas» esce da Appoggio: il suo testo va in /casa/p/lib/u.txt"));
+    EXPECT_TRUE(b.C("«..\\lib\\U.bas» esce da Appoggio: si scrive in /casa/p/lib/u.txt"));
     EXPECT_FALSE(b.C("Prova.vbp» ha fine riga"));
     EXPECT_EQ(b.Esegui({"riordina", "--lf", "p/Prova.vbp"}), 0);
     EXPECT_FALSE(b.C("ha fine riga LF"));

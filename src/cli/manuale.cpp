@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+//
+// Makes the manual page: puts the version and the program's own tables of commands and options
+// into manual/morvella-cli.1.in, so that the page cannot fall behind the program.
+//
+//     genera-manuale morvella-cli.1.in morvella-cli.1
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+#include "cli/opzioni.h"
+
+#ifndef MORVELLA_VERSIONE
+#define MORVELLA_VERSIONE "0"
+#endif
+
+namespace morvella::cli {
+
+namespace {
+
+// Text for roff: a plain "-" would come out as a hyphen that nobody can copy to a shell, and a
+// line that begins with "." or "'" would be taken for a request.
+std::string PerRoff(const std::string& testo) {
+    std::string roff = !testo.empty() && (testo[0] == '.' || testo[0] == '\'') ? "\\&" : "";
+    for (const char c : testo) {
+        if (c == '-')
+            roff += "\\-";
+        else if (c == '\\')
+            roff += "\\e";
+        else
+            roff += c;
+    }
+    return roff;
+}
+
+std::string Grassetto(const std::string& testo) { return "\\fB" + PerRoff(testo) + "\\fR"; }
+std::string Corsivo(const std::string& testo) { return "\\fI" + PerRoff(testo) + "\\fR"; }
+
+std::string PaginaComandi() {
+    std::string pagina;
+    for (const Comando& c : Comandi())
+        pagina += ".TP\n" + Grassetto(c.Nome) + " " + Corsivo(c.Righe) + "\n" + PerRoff(c.Aiuto) + "\n";
+    return pagina;
+}
+
+// The commands that an option goes with; "" when it goes with all.
+std::string ValePer(const Opzione& opzione) {
+    std::string nomi;
+    bool tutti = true;
+    for (const Comando& c : Comandi()) {
+        if ((opzione.Per & c.Chi) != 0)
+            nomi += (nomi.empty() ? "" : ", ") + Grassetto(c.Nome);
+        else
+            tutti = false;
+    }
+    return tutti ? "" : "(" + nomi + ")\n";
+}
+
+std::string PaginaOpzioni() {
+    std::string pagina;
+    for (const Opzione& o : Opzioni()) {
+        pagina += ".TP\n";
+        if (o.Corta) pagina += Grassetto(std::string("-") + o.Corta) + ", ";
+        pagina += Grassetto(std::string("--") + o.Lunga);
+        if (o.Argomento) pagina += "=" + Corsivo(o.Argomento);
+        pagina += "\n" + PerRoff(o.Aiuto) + "\n" + ValePer(o);
+    }
+    return pagina;
+}
+
+bool Sostituisci(std::string& pagina, const std::string& segnaposto, const std::string& testo) {
+    const std::size_t posto = pagina.find(segnaposto);
+    if (posto == std::string::npos) return false;
+    pagina.replace(posto, segnaposto.size(), testo);
+    return true;
+}
+
+int Genera(const char* modello, const char* uscita) {
+    std::ifstream ingresso(modello, std::ios::binary);
+    std::string pagina((std::istreambuf_iterator<char>(ingresso)), {});
+    if (!ingresso) {
+        std::cerr << "genera-manuale: " << modello << ": non si legge\n";
+        return 1;
+    }
+    // A page without one of the three would be a page without its commands: better none.
+    if (!Sostituisci(pagina, "@VERSIONE@", MORVELLA_VERSIONE) ||
+        !Sostituisci(pagina, "@COMANDI@\n", PaginaComandi()) ||
+        !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni())) {
+        std::cerr << "genera-manuale: " << modello << ": manca @VERSIONE@, @COMANDI@ o @OPZIONI@\n";
+        return 1;
+    }
+    std::ofstream file(uscita, std::ios::binary);
+    file << pagina;
+    file.close();
+    if (!file) {
+        std::cerr << "genera-manuale: " << uscita << ": non si scrive\n";
+        std::remove(uscita);
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+} // namespace morvella::cli
+
+int main(int argc, char** argv) {
+    if (argc == 3) return morvella::cli::Genera(argv[1], argv[2]);
+    std::cerr << "uso: genera-manuale MODELLO USCITA\n";
+    return 2;
+}

@@ -470,7 +470,11 @@ void Corsa::Racconta() {
                 riga += (f ? ", " : " ") + Breve(prodotto.File[f]);
             Riga(riga);
         }
-        for (const std::string& avviso : Avvisi(s_, lavorate_))
+        const Uscite uscite = r_.Comando == "struttura"   ? Uscite::Strutture
+                              : r_.Comando == "documenta" ? Uscite::Pagine
+                              : lavorate_.empty()         ? Uscite::Nessuna
+                                                          : Uscite::Testi;
+        for (const std::string& avviso : Avvisi(s_, lavorate_, uscite))
             finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());

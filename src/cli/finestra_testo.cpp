@@ -18,8 +18,7 @@ std::string TestoDiBox(Vista testo) {
 }
 
 bool DiceSi(std::string risposta) {
-    while (!risposta.empty() && (risposta.back() == '\r' || risposta.back() == ' '))
-        risposta.pop_back();
+    while (!risposta.empty() && (risposta.back() == '\r' || risposta.back() == ' ')) risposta.pop_back();
     return risposta == "s" || risposta == "S" || risposta == "si" || risposta == "Si" || risposta == "SI" ||
            risposta == "s\xC3\xAC" || risposta == "S\xC3\xAC"; // sì
 }

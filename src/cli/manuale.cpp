@@ -39,22 +39,27 @@ std::string Corsivo(const std::string& testo) { return "\\fI" + PerRoff(testo) +
 
 std::string PaginaComandi() {
     std::string pagina;
-    for (const Comando& c : Comandi())
-        pagina += ".TP\n" + Grassetto(c.Nome) + " " + Corsivo(c.Righe) + "\n" + PerRoff(c.Aiuto) + "\n";
+    for (const Comando& c : Comandi()) {
+        pagina += ".TP\n" + Grassetto(c.Nome);
+        if (*c.Righe) pagina += " " + Corsivo(c.Righe);
+        pagina += "\n" + PerRoff(c.Aiuto) + "\n";
+    }
     return pagina;
 }
 
-// The commands that an option goes with; "" when it goes with all.
+// The commands that an option goes with, told by the shorter list; "" when it goes with all.
 std::string ValePer(const Opzione& opzione) {
-    std::string nomi;
-    bool tutti = true;
+    std::string con;
+    std::string senza;
+    int quanti = 0;
     for (const Comando& c : Comandi()) {
-        if ((opzione.Per & c.Chi) != 0)
-            nomi += (nomi.empty() ? "" : ", ") + Grassetto(c.Nome);
-        else
-            tutti = false;
+        const bool vale = (opzione.Per & c.Chi) != 0;
+        std::string& nomi = vale ? con : senza;
+        nomi += (nomi.empty() ? "" : ", ") + Grassetto(c.Nome);
+        quanti += vale ? 1 : -1;
     }
-    return tutti ? "" : "(" + nomi + ")\n";
+    if (senza.empty()) return "";
+    return quanti > 0 ? "Non con " + senza + ".\n" : "Con " + con + ".\n";
 }
 
 std::string PaginaOpzioni() {
@@ -63,7 +68,10 @@ std::string PaginaOpzioni() {
         pagina += ".TP\n";
         if (o.Corta) pagina += Grassetto(std::string("-") + o.Corta) + ", ";
         pagina += Grassetto(std::string("--") + o.Lunga);
-        if (o.Argomento) pagina += "=" + Corsivo(o.Argomento);
+        if (o.Argomento) { // "[si|no]" is a value that can be left out, with its "="
+            const bool libero = o.Argomento[0] == '[';
+            pagina += (libero ? "[=" : "=") + Corsivo(o.Argomento + (libero ? 1 : 0));
+        }
         pagina += "\n" + PerRoff(o.Aiuto) + "\n" + ValePer(o);
     }
     return pagina;

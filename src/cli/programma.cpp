@@ -237,8 +237,7 @@ Testo Corsa::LeggiIntestazione() {
     try {
         const auto file = ambiente_.Macchina.ApriLettura(r_.TestoIntestazione);
         char blocco[4096];
-        while (const std::size_t letti = file->Leggi(blocco, sizeof blocco))
-            testo.append(blocco, letti);
+        while (const std::size_t letti = file->Leggi(blocco, sizeof blocco)) testo.append(blocco, letti);
     } catch (const Errore& e) {
         throw UsoErrato{"--testo-intestazione: " + r_.TestoIntestazione + ": " +
                         Utf8Da1252(Descrizione(e.Numero))};
@@ -290,8 +289,7 @@ int Corsa::MostraOpzioni() {
     Riga("Testo dell'intestazione:  " + std::string(s_.TestoIntestazione.empty() ? "(nessuno)" : ""));
     std::string testo = Utf8Da1252(s_.TestoIntestazione);
     std::erase(testo, '\r');
-    while (!testo.empty() && testo.back() == '\n')
-        testo.pop_back();
+    while (!testo.empty() && testo.back() == '\n') testo.pop_back();
     if (!testo.empty()) Riga(testo);
     return Fatto;
 }
@@ -317,8 +315,7 @@ std::vector<Lungo> Corsa::Selezionate() const {
 
 void Corsa::SelezionaEsattamente(const std::vector<Lungo>& righe) {
     std::vector<bool> volute(static_cast<std::size_t>(s_.File1.ListCount()), false);
-    for (const Lungo i : righe)
-        volute[static_cast<std::size_t>(i)] = true;
+    for (const Lungo i : righe) volute[static_cast<std::size_t>(i)] = true;
     for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
         if (s_.File1.Selected(i) != volute[static_cast<std::size_t>(i)])
             SelezionaFile1(s_, i, volute[static_cast<std::size_t>(i)]);
@@ -390,8 +387,7 @@ int Corsa::Eventi() {
                                evento.find_first_not_of("0123456789,", 10) == std::string::npos;
         if (nota || selezione) continue;
         std::string noti;
-        for (const Operazione& o : Operazioni)
-            noti += std::string(o.Nome) + ", ";
+        for (const Operazione& o : Operazioni) noti += std::string(o.Nome) + ", ";
         throw UsoErrato{"evento sconosciuto: " + evento + "; ci sono " + noti + "seleziona=0,2,5"};
     }
     for (const std::string& evento : r_.Resto) {
@@ -417,14 +413,12 @@ int Corsa::Eventi() {
         if (!Fai(operazione->Nome, operazione->Fai)) break;
     }
     lavorate_.clear();
-    for (const auto& [riga, prodotto] : finestra_.Prodotti)
-        lavorate_.push_back(riga);
+    for (const auto& [riga, prodotto] : finestra_.Prodotti) lavorate_.push_back(riga);
     return finestra_.Avvenuto.Errori.empty() ? Fatto : Fermato;
 }
 
 void Corsa::Elenca() {
-    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
-        Riga(Utf8Da1252(s_.File1.List(i)));
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i) Riga(Utf8Da1252(s_.File1.List(i)));
 }
 
 // The source of a row as editors and CI systems want it: from where the program was started.
@@ -474,8 +468,7 @@ void Corsa::Racconta() {
                               : r_.Comando == "documenta" ? Uscite::Pagine
                               : lavorate_.empty()         ? Uscite::Nessuna
                                                           : Uscite::Testi;
-        for (const std::string& avviso : Avvisi(s_, lavorate_, uscite))
-            finestra_.Di("Avviso: " + avviso);
+        for (const std::string& avviso : Avvisi(s_, lavorate_, uscite)) finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
         if (r_.Comando != "elenca" && r_.Comando != "leggi")
@@ -505,8 +498,7 @@ void Corsa::ScriviRapporto() {
 int Corsa::EseguiTutto() {
     if (!Scegli(true)) return Fermato;
     const bool no = !s_.OpzSenzaConferma && finestra_.Avvenuto.Messaggi.back().Risposta == RispostaNo;
-    for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
-        lavorate_.push_back(i);
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i) lavorate_.push_back(i);
     if (no) return RispostoNo;
     if (r_.Prosegui) {
         // The rows that the listing left selected are its own; the rewriter's were all.
@@ -568,8 +560,9 @@ int Corsa::Esegui() {
     // The run moves the process's current directory: paths of the command line are read before.
     namespace fs = std::filesystem;
     partenza_ = ambiente_.Macchina.DirectoryCorrente();
-    if (!r_.Rapporto.empty() && r_.Rapporto != "-")
-        r_.Rapporto = (fs::path(partenza_) / r_.Rapporto).generic_string();
+    const auto daPartenza = [&](std::string& file) { file = (fs::path(partenza_) / file).generic_string(); };
+    if (!r_.Rapporto.empty() && r_.Rapporto != "-") daPartenza(r_.Rapporto);
+    if (!r_.TestoIntestazione.empty()) daPartenza(r_.TestoIntestazione);
     ScegliProgramma();
     if (r_.Comando == "opzioni" || r_.Comando == "guida") {
         if (r_.Comando == "opzioni")

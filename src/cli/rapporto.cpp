@@ -48,8 +48,7 @@ std::string DiBarra(const Barra& barra) {
 
 std::string Json(const Stato& s, const Cronaca& cronaca) {
     std::vector<Lungo> righe(static_cast<std::size_t>(s.File1.ListCount()));
-    for (std::size_t i = 0; i < righe.size(); ++i)
-        righe[i] = static_cast<Lungo>(i);
+    for (std::size_t i = 0; i < righe.size(); ++i) righe[i] = static_cast<Lungo>(i);
 
     std::string json = "{\n  \"righe\": ";
     json += Schiera(righe, [&](Lungo i) {

@@ -68,16 +68,15 @@ void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle,
         CopiaFigure(s, percorso);
         if (pagine.contains(LCase(cartella + "\\Indice.Html"))) continue;
         Testo casa;
-        for (Lungo n = 1 + std::count(cartella.begin(), cartella.end(), '\\'); n > 0; --n)
-            casa += "../";
+        for (Lungo n = 1 + std::count(cartella.begin(), cartella.end(), '\\'); n > 0; --n) casa += "../";
         casa += "Indice.Html";
         s.Canale.OpenOutput(1, percorso + "\\Indice.Html");
         s.Canale.Print(1, "<html>");
         s.Canale.Print(1, "<head>");
         s.Canale.Print(1, "<title>Indice Progetto di Documentazione</title>");
-        s.Canale.Print(1, {"<meta http-equiv=\"refresh\" content=\"0; url=", casa, "\">"});
+        s.Canale.Print(1, "<meta http-equiv=\"refresh\" content=\"0; url=", casa, "\">");
         s.Canale.Print(1, "</head>");
-        s.Canale.Print(1, {"<body><p align=\"center\"><a href=\"", casa, "\">Indice</a></p></body>"});
+        s.Canale.Print(1, "<body><p align=\"center\"><a href=\"", casa, "\">Indice</a></p></body>");
         s.Canale.Print(1, "</html>");
         s.Canale.Close(1);
     }

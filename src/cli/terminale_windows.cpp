@@ -125,8 +125,7 @@ std::vector<std::string> ArgomentiDelProcesso(int, char**) {
     int quanti = 0;
     wchar_t** scritti = ::CommandLineToArgvW(::GetCommandLineW(), &quanti);
     std::vector<std::string> argomenti;
-    for (int i = 1; i < quanti; ++i)
-        argomenti.push_back(BytesDaUtf16(scritti[i]));
+    for (int i = 1; i < quanti; ++i) argomenti.push_back(BytesDaUtf16(scritti[i]));
     ::LocalFree(scritti);
     return argomenti;
 }

@@ -241,7 +241,7 @@ void ScriviMostrati(Stato& s) {
         if (fine == 0) break;
         const Vista voce = Mid(resto, 1, fine - 1);
         const Testo coda = Len(voce) < 54 ? Space(54 - Len(voce)) + "<br> " : "";
-        s.Canale.Print(2, {"          ", "'", voce, coda});
+        s.Canale.Print(2, "          ", "'", voce, coda);
         s.ElencoShow.Presi += static_cast<std::size_t>(fine);
     }
     ScriviRighe(s, 2, MostratiCoda);

@@ -16,7 +16,8 @@ void ScriviRighe(Stato& s, int n, std::span<const Vista> righe, std::initializer
             riga.remove_prefix(segno + 1);
         }
         pezzi[quanti++] = riga;
-        s.Canale.Print(n, std::span(pezzi.data(), quanti));
+        pezzi[quanti++] = "\r\n";
+        s.Canale.PrintPezzi(n, std::span(pezzi.data(), quanti));
     }
 }
 

@@ -20,11 +20,12 @@ constexpr char DoppioTratto = '\xCD';  // 205 ═
 constexpr char DoppioChiude = '\xC8';  // 200 ╚
 constexpr char DoppiaColonna = '\xBA'; // 186 ║
 
-void Scrivi(Stato& s, std::initializer_list<Vista> pezzi) {
-    Istruzione(s, [&] { s.Canale.Print(2, pezzi); });
+template <class... Pezzi>
+void Scrivi(Stato& s, const Pezzi&... pezzi) {
+    Istruzione(s, [&] { s.Canale.Print(2, pezzi...); });
 }
 
-void ScriviRiga(Stato& s) { Scrivi(s, {s.Numero, s.Margine, s.Riga}); }
+void ScriviRiga(Stato& s) { Scrivi(s, s.Numero, s.Margine, s.Riga); }
 
 void Di(Stato& s, PassoMargine::Genere che, Lungo larghezza) {
     s.Casa.MargineMosso({che, s.RigaInLavoro, s.RigaFile, s.ContaRighe, larghezza, s.Margine, s.Riga});
@@ -99,11 +100,11 @@ void ScriviRiquadro(Stato& s) {
     const Testo prefisso = Space(Len(s.Numero) + Len(s.Margine));
     const Testo stelle(101, '*');
     const Testo vuoto = Space(99);
-    Scrivi(s, {prefisso, stelle});
-    Scrivi(s, {prefisso, "*", vuoto, "*"});
-    Scrivi(s, {s.Numero, prefisso, "  ", s.Riga});
-    Scrivi(s, {prefisso, "*", vuoto, "*"});
-    Scrivi(s, {prefisso, stelle});
+    Scrivi(s, prefisso, stelle);
+    Scrivi(s, prefisso, "*", vuoto, "*");
+    Scrivi(s, s.Numero, prefisso, "  ", s.Riga);
+    Scrivi(s, prefisso, "*", vuoto, "*");
+    Scrivi(s, prefisso, stelle);
 }
 
 // A head resets the margin and tests nothing: what was open before it is dropped in silence.
@@ -116,7 +117,7 @@ void ScriviTestaProcedura(Stato& s) {
 // The one judgement on balance: anything but blanks in the margin at a procedure's end.
 void ControllaChiusura(Stato& s) {
     if (Trim(s.Margine).empty()) return;
-    Scrivi(s, {Space(Len(s.Numero)), ErroreGenerico});
+    Scrivi(s, Space(Len(s.Numero)), ErroreGenerico);
     Di(s, PassoMargine::Sbilanciata, Len(s.Margine));
 }
 
@@ -131,7 +132,7 @@ void ChiudiProcedura(Stato& s, Vista margineDopo) {
 
 void ElencaAltra(Stato& s) {
     if (Mid(s.Riga, 1, 2) == "'*") { // the text goes, number and margin stay
-        Scrivi(s, {s.Numero, s.Margine});
+        Scrivi(s, s.Numero, s.Margine);
         return;
     }
     if (s.TogliCommenti == 1 && Mid(s.Riga, 1, 1) == "'") return; // a gap in the numbers
@@ -156,7 +157,7 @@ bool VerificaBlocco(Stato& s, Vista codice, bool togli) {
 
 void ElencaRiga(Stato& s) {
     const Classe classe = ClassificaRiga(s.Riga);
-    s.StoriaBlocchi += CodiceBlocco(classe);
+    if (const Vista codice = CodiceBlocco(classe); !codice.empty()) s.StoriaBlocchi += codice;
     switch (classe) {
     case RigaType: ScriviRiquadro(s); break; // at whatever margin it meets, which stays
     case RigaSub:
@@ -188,7 +189,7 @@ void ElencaRiga(Stato& s) {
     case RigaEnd: ScriviRiga(s); break;
     case RigaExitDo:
     case RigaExitFor:
-    case RigaExitSub: Scrivi(s, {s.Numero, BarraUscita(s.Margine), s.Riga}); break;
+    case RigaExitSub: Scrivi(s, s.Numero, BarraUscita(s.Margine), s.Riga); break;
     case RigaAltra: ElencaAltra(s); break;
     }
 }

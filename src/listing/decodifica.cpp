@@ -91,8 +91,7 @@ void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
     if (const std::size_t barre = std::min(riga.find_first_not_of('\xCD', 2), riga.size());
         riga.substr(0, 2) == "<<" && barre >= 4 && IniziaPer(riga.substr(barre), "exit ")) {
         std::string barra = "<<";
-        for (std::size_t i = 2; i < barre; ++i)
-            barra += "═";
+        for (std::size_t i = 2; i < barre; ++i) barra += "═";
         Accoda(tratti, Tratto::Barra, barra);
         riga.remove_prefix(barre);
     }

@@ -89,8 +89,7 @@ void Elenca(Stato& s) {
 
 Lungo Selezionate(const Stato& s) {
     Lungo quante = 0;
-    for (Lungo i = 0; i < s.File1.ListCount(); ++i)
-        quante += s.File1.Selected(i) ? 1 : 0;
+    for (Lungo i = 0; i < s.File1.ListCount(); ++i) quante += s.File1.Selected(i) ? 1 : 0;
     return quante;
 }
 
@@ -102,28 +101,24 @@ Testo CampoNumero(Lungo n) {
         campo.resize(5);
         return campo;
     }
-    for (std::size_t i = 6; i-- > 0; n /= 10)
-        campo[i] = static_cast<char>('0' + n % 10);
+    for (std::size_t i = 6; i-- > 0; n /= 10) campo[i] = static_cast<char>('0' + n % 10);
     return campo;
 }
 
 void ScriviTesta(Stato& s) {
-    const auto scrivi = [&](std::initializer_list<Vista> pezzi) {
-        Istruzione(s, [&] { s.Canale.Print(2, pezzi); });
-    };
+    const auto scrivi = [&](const auto&... pezzi) { Istruzione(s, [&] { s.Canale.Print(2, pezzi...); }); };
     const Testo stelle(55, '*');
-    scrivi({"\x0F", stelle}); // 15, the only control byte, and only here
-    scrivi({"*              Procedura by Dario Fenzoni             *"});
-    scrivi({"*              E-mail ", IndirizzoContatto, "           *"});
-    scrivi({"*", Space(53), "*"});
-    if (!s.ElencoShow.Resto().empty()) scrivi({"*  La procedura esegue i seguenti Form o procedure:   *"});
-    for (Testo voce; VoceShow(s.ElencoShow, voce);)
-        scrivi({voce});
-    scrivi({stelle});
+    scrivi("\x0F", stelle); // 15, the only control byte, and only here
+    scrivi("*              Procedura by Dario Fenzoni             *");
+    scrivi("*              E-mail ", IndirizzoContatto, "           *");
+    scrivi("*", Space(53), "*");
+    if (!s.ElencoShow.Resto().empty()) scrivi("*  La procedura esegue i seguenti Form o procedure:   *");
+    for (Testo voce; VoceShow(s.ElencoShow, voce);) scrivi(voce);
+    scrivi(stelle);
     const Testo data = Istruzione(s, [&] { return s.File.Date(); });
     const Testo ora = Istruzione(s, [&] { return s.File.Time(); });
-    scrivi({"              ... ", data, " - ", ora});
-    scrivi({});
+    scrivi("              ... ", data, " - ", ora);
+    scrivi();
 }
 
 void mnuvorn_Click(Stato& s) {

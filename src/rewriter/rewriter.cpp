@@ -17,21 +17,18 @@ static_assert(Stelle.size() == 55);
 // Stands at the end of the rewritten file, behind the last line of the module.
 void ScriviChiusura(Stato& s) {
     const Testo margine = Space(10);
-    const auto scrivi = [&](std::initializer_list<Vista> pezzi) {
-        Istruzione(s, [&] { s.Canale.Print(2, pezzi); });
-    };
+    const auto scrivi = [&](const auto&... pezzi) { Istruzione(s, [&] { s.Canale.Print(2, pezzi...); }); };
     const Testo data = Istruzione(s, [&] { return s.File.Date(); });
-    scrivi({margine, "'", Stelle});
-    scrivi({margine, "'*              Procedura by Dario Fenzoni             *"});
-    scrivi({margine, "'*              E-mail ", IndirizzoContatto, "           *"});
-    scrivi({margine, "'* Procedura per il riordino dei programmi Visual Basic*"});
+    scrivi(margine, "'", Stelle);
+    scrivi(margine, "'*              Procedura by Dario Fenzoni             *");
+    scrivi(margine, "'*              E-mail ", IndirizzoContatto, "           *");
+    scrivi(margine, "'* Procedura per il riordino dei programmi Visual Basic*");
     if (!s.ElencoShow.Resto().empty()) // sic: two bytes wider than the box
-        scrivi({margine, "'*  La procedura richiama i seguenti Form o procedure:   *"});
-    for (Testo voce; VoceShow(s.ElencoShow, voce);)
-        scrivi({margine, "'", voce});
-    scrivi({margine, "'", Stelle});
-    scrivi({margine, "'               Rilettura del ", data, "..."});
-    scrivi({margine, "'"});
+        scrivi(margine, "'*  La procedura richiama i seguenti Form o procedure:   *");
+    for (Testo voce; VoceShow(s.ElencoShow, voce);) scrivi(margine, "'", voce);
+    scrivi(margine, "'", Stelle);
+    scrivi(margine, "'               Rilettura del ", data, "...");
+    scrivi(margine, "'");
 }
 
 // First stage, one selected row: the rewritten text.

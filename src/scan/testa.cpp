@@ -9,7 +9,12 @@ void RaccogliShow(Stato& s, bool scriviLabel2) {
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     if (scriviLabel2) ScriviLabel2(s, s.FileSorgente);
     s.ElencoShow.Svuota();
-    while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
+    // Lines that cannot hold the name of a form are counted in blocks.
+    const auto fine = [&] {
+        s.TotaleRighe += s.Canale.SaltaSenza(1, ".Show");
+        return s.Canale.Eof(1);
+    };
+    while (!Istruzione(s, fine)) {
         ++s.TotaleRighe;
         s.RigaLetta = Trim(Istruzione(s, [&] { return s.Canale.LineInput(1); }));
         if (Mid(s.RigaLetta, 1, 1) == "'") continue;

@@ -32,8 +32,7 @@ std::vector<Vista> Nomi(Vista percorso, std::string& base) {
     std::vector<Vista> nomi;
     while (!percorso.empty()) {
         std::size_t fine = 0;
-        while (fine < percorso.size() && !Separatore(percorso[fine]))
-            ++fine;
+        while (fine < percorso.size() && !Separatore(percorso[fine])) ++fine;
         const Vista nome = percorso.substr(0, fine);
         percorso.remove_prefix(std::min(fine + 1, percorso.size()));
         if (nome.empty() || nome == ".") continue;
@@ -72,15 +71,13 @@ Testo Archivio::TestoDiPercorso(const std::string& percorso) {
         testo += TestoDiNome(percorso.substr(inizio, barra - inizio));
         inizio = barra + 1;
     }
-    while (testo.size() > 1 && testo.back() == '\\' && testo[testo.size() - 2] != ':')
-        testo.pop_back();
+    while (testo.size() > 1 && testo.back() == '\\' && testo[testo.size() - 2] != ':') testo.pop_back();
     return testo;
 }
 
 Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     std::string senzaBarra = percorso;
-    while (!senzaBarra.empty() && senzaBarra.back() == '/')
-        senzaBarra.pop_back();
+    while (!senzaBarra.empty() && senzaBarra.back() == '/') senzaBarra.pop_back();
     Testo testo = TestoDiPercorso(PerDisco(senzaBarra));
     // A root needs no hook: its text ends in "\", and leads there by itself.
     ganci_[static_cast<std::size_t>(gancio)] =
@@ -120,8 +117,7 @@ std::string Archivio::Base(Vista& percorso) const {
         return rete ? "/" : ""; // "\\server\share" keeps both its bars where such names exist
     }
     std::string corrente = disco_.DirectoryCorrente();
-    while (!corrente.empty() && corrente.back() == '/')
-        corrente.pop_back();
+    while (!corrente.empty() && corrente.back() == '/') corrente.pop_back();
     return corrente;
 }
 
@@ -208,8 +204,7 @@ Trovato Archivio::Trova(Vista percorso) {
         // Nothing, or a plain file, where a directory is needed.
         file.DirectoryPresente = false;
         file.Cosa = Scheda{.Chi = {}, .Errore = file.Cosa.Errore};
-        for (++i; i < nomi.size(); ++i)
-            file.Percorso = Unisci(file.Percorso, Utf8Da1252(nomi[i]));
+        for (++i; i < nomi.size(); ++i) file.Percorso = Unisci(file.Percorso, Utf8Da1252(nomi[i]));
         break;
     }
     return file;

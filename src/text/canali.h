@@ -12,7 +12,6 @@
 
 #include <array>
 #include <cstring>
-#include <initializer_list>
 #include <memory>
 #include <span>
 #include <vector>
@@ -65,27 +64,30 @@ class Canali {
         return LineInputLento(c);
     }
 
+    /// Passes over lines of channel `n` that do not hold `ago` (two bytes at least), as many as
+    /// are looked through in one go, and gives their number: none at the end of the file, or
+    /// when the next line may hold it. Raises 52 when the number is not open for input.
+    Lungo SaltaSenza(int n, Vista ago);
+
     /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
     /// output, 61 or 57 when a block could not be written.
-    void Print(int n, std::span<const Vista> pezzi) {
+    template <class... Pezzi>
+    void Print(int n, const Pezzi&... pezzi) {
         Canale& c = Aperto(n, Modo::Scrittura);
-        std::size_t totale = 2;
-        for (const Vista pezzo : pezzi)
-            totale += pezzo.size();
-        if (totale > c.Memoria.size() - c.Fine) FaiPosto(c, totale);
-        char* dove = c.Memoria.data() + c.Fine;
-        for (const Vista pezzo : pezzi) {
-            std::memcpy(dove, pezzo.data(), pezzo.size());
-            dove += pezzo.size();
+        const std::size_t totale = (std::size_t{2} + ... + Vista(pezzi).size());
+        if (totale > c.Memoria.size() - c.Fine) {
+            const std::array<Vista, sizeof...(pezzi) + 1> tutti = {Vista(pezzi)..., Vista("\r\n")};
+            PrintLungo(c, tutti);
+            return;
         }
+        char* dove = c.Memoria.data() + c.Fine;
+        ((dove = Posa(dove, Vista(pezzi))), ...);
         *dove++ = '\r';
         *dove = '\n';
         c.Fine += totale;
     }
-    void Print(int n, std::initializer_list<Vista> pezzi) {
-        Print(n, std::span(pezzi.begin(), pezzi.size()));
-    }
-    void Print(int n, Vista testo) { Print(n, std::span(&testo, 1)); }
+    /// The same for pieces in a row, of which the last has to be the line end.
+    void PrintPezzi(int n, std::span<const Vista> pezzi) { PrintLungo(Aperto(n, Modo::Scrittura), pezzi); }
 
     /// A lone LF ends a line too, when reading.
     bool FineRigaLf = false;
@@ -105,6 +107,27 @@ class Canali {
         std::size_t Fine = 0;   // behind the last byte read, or waiting to be written
     };
 
+    // Most pieces are short: copied here, without a call.
+    static char* Posa(char* dove, Vista pezzo) {
+        const char* da = pezzo.data();
+        const std::size_t n = pezzo.size();
+        if (n > 64) {
+            std::memcpy(dove, da, n);
+        } else if (n >= 16) {
+            for (std::size_t i = 0; i + 16 < n; i += 16) std::memcpy(dove + i, da + i, 16);
+            std::memcpy(dove + n - 16, da + n - 16, 16);
+        } else if (n >= 8) {
+            std::memcpy(dove, da, 8);
+            std::memcpy(dove + n - 8, da + n - 8, 8);
+        } else if (n >= 4) {
+            std::memcpy(dove, da, 4);
+            std::memcpy(dove + n - 4, da + n - 4, 4);
+        } else {
+            for (std::size_t i = 0; i < n; ++i) dove[i] = da[i];
+        }
+        return dove + n;
+    }
+
     Canale& Aperto(int n, Modo modo) {
         if (n < 1 || n > NumeroMassimo || canali_[static_cast<std::size_t>(n)].Stato != modo)
             throw Errore(ErrNumeroFile);
@@ -115,7 +138,8 @@ class Canali {
     Vista LineInputLento(Canale& c);
     bool Riempi(Canale& c);
     void Scarica(Canale& c);
-    void FaiPosto(Canale& c, std::size_t totale);
+    void Consegna(Canale& c, Vista bytes);
+    void PrintLungo(Canale& c, std::span<const Vista> pezzi);
 
     Archivio& archivio_;
     std::array<Canale, NumeroMassimo + 1> canali_;

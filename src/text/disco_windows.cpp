@@ -104,6 +104,14 @@ std::wstring SenzaPrefisso(const std::wstring& largo) {
     return largo.starts_with(PrefissoLungo) ? largo.substr(PrefissoLungo.size()) : largo;
 }
 
+// The whole of a path as we pass it around, without a "/" at the end but for a root.
+std::string InteroUtf8(std::wstring percorso) {
+    std::replace(percorso.begin(), percorso.end(), L'/', L'\\');
+    std::string intero = PercorsoDaUtf16(SenzaPrefisso(Intero(percorso)));
+    while (intero.size() > 3 && intero.back() == '/') intero.pop_back();
+    return intero;
+}
+
 // "//server": nothing that can be asked, only what leads to its shares.
 bool SoloServer(const std::string& percorso) {
     return percorso.size() > 2 && percorso.starts_with("//") && percorso.find('/', 2) == std::string::npos;
@@ -281,6 +289,10 @@ class DiscoWindows : public Disco {
 
     std::string DirectoryCorrente() override { return PercorsoDaUtf16(DirectoryDelProcesso()); }
 
+    std::string Assoluto(const std::string& percorso) override {
+        return percorso.empty() ? DirectoryCorrente() : InteroUtf8(Utf16DaUtf8(percorso));
+    }
+
     // Not CopyFile: a read-only source would leave a read-only copy, and the next run could not
     // write over it.
     void Copia(const std::string& da, const std::string& a) override {
@@ -356,8 +368,7 @@ class DiscoWindows : public Disco {
     }
 
     std::string DirectoryUnita(const std::string& unita) override {
-        std::string dove = PercorsoDaUtf16(Intero(Utf16DaUtf8(unita.substr(0, 2))));
-        if (dove.size() > 3 && dove.back() == '/') dove.pop_back();
+        const std::string dove = InteroUtf8(Utf16DaUtf8(unita.substr(0, 2)));
         if (Esamina(dove).Tipo != TipoVoce::Directory) throw Errore(ErrUnita);
         return dove;
     }

@@ -22,15 +22,13 @@ constexpr unsigned char Minuscola(unsigned c) {
 
 constexpr Tavola TavolaMinuscole = [] {
     Tavola t{};
-    for (unsigned c = 0; c < 256; ++c)
-        t[c] = Minuscola(c);
+    for (unsigned c = 0; c < 256; ++c) t[c] = Minuscola(c);
     return t;
 }();
 
 constexpr Tavola TavolaMaiuscole = [] {
     Tavola t{};
-    for (unsigned c = 0; c < 256; ++c)
-        t[c] = static_cast<unsigned char>(c);
+    for (unsigned c = 0; c < 256; ++c) t[c] = static_cast<unsigned char>(c);
     for (unsigned c = 0; c < 256; ++c)
         if (Minuscola(c) != c) t[Minuscola(c)] = static_cast<unsigned char>(c);
     return t;
@@ -38,8 +36,7 @@ constexpr Tavola TavolaMaiuscole = [] {
 
 Testo Piega(Vista s, const Tavola& tavola) {
     Testo piegato(s);
-    for (char& c : piegato)
-        c = static_cast<char>(tavola[static_cast<unsigned char>(c)]);
+    for (char& c : piegato) c = static_cast<char>(tavola[static_cast<unsigned char>(c)]);
     return piegato;
 }
 

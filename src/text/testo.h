@@ -7,7 +7,10 @@
 // (text/codifica.h does, at the edges) and nothing uses the locale.
 #pragma once
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -40,13 +43,26 @@ inline Vista Right(Vista s, Lungo n) {
     return n >= Len(s) ? s : s.substr(s.size() - static_cast<std::size_t>(n));
 }
 
+/// How many blanks `s` begins with. Eight at a time: indented lines are the rule.
+inline std::size_t BlanksDavanti(Vista s) noexcept {
+    std::size_t n = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        for (; n + 8 <= s.size(); n += 8) {
+            std::uint64_t otto = 0;
+            std::memcpy(&otto, s.data() + n, 8);
+            otto ^= 0x2020202020202020U;
+            if (otto != 0) return n + static_cast<std::size_t>(std::countr_zero(otto)) / 8;
+        }
+    }
+    while (n < s.size() && s[n] == ' ') ++n;
+    return n;
+}
+
 /// `s` without the blanks (byte 32) at both ends, and without those only: a TAB, CR, LF or
 /// byte 160 stays, so that a line indented with a TAB fails its keyword tests. This is meant.
 inline Vista Trim(Vista s) noexcept {
-    while (!s.empty() && s.front() == ' ')
-        s.remove_prefix(1);
-    while (!s.empty() && s.back() == ' ')
-        s.remove_suffix(1);
+    s.remove_prefix(BlanksDavanti(s));
+    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
     return s;
 }
 

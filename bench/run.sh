@@ -1,0 +1,186 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Builds the release and measures it:
+#   bench/run.sh            whole runs over synthetic projects; exit status 1 when a limit is broken
+#   bench/run.sh --micro    Google Benchmarks; what follows goes to them (--benchmark_filter=...)
+# Set from outside: BUILD    build directory (otherwise that of the preset "release")
+#                   TMPDIR   where projects are generated (otherwise /dev/shm or /tmp); removed at the end
+#                   GIRI     runs of each kind, the best counts (7)
+set -eu
+LC_ALL=C
+export LC_ALL
+radice=$(cd "$(dirname "$0")/.." && pwd)
+giri=${GIRI:-7}
+
+# Limits
+rapporto=2.0       # whole run against the floor
+memoria=16384      # KiB at the peak
+memoria_piu=1024   # KiB more at the peak for a file 100 times longer
+crescita=2.0       # time per module, per entry, per MB: the largest size against the cheapest
+
+costruisci() { # target...
+  cd "$radice"
+  if [ -n "${BUILD:-}" ]; then
+    cmake -S . -B "$BUILD" -DCMAKE_BUILD_TYPE=Release -DMORVELLA_BENCH=ON >/dev/null
+    cmake --build "$BUILD" --target "$@" >&2
+  else
+    BUILD=$radice/build-release
+    cmake --preset release -DMORVELLA_BENCH=ON >/dev/null
+    cmake --build --preset release --target "$@" >&2
+  fi
+  BUILD=$(cd "$BUILD" && pwd)
+}
+
+if [ "${1:-}" = --micro ]; then
+  shift
+  costruisci primitive_bench
+  exec "$BUILD/bench/primitive_bench" "$@"
+fi
+if [ $# -gt 0 ]; then
+  sed -n 's/^# //; 3,8p' "$0" >&2
+  exit 2
+fi
+
+costruisci morvella-cli genera floor misura
+strumenti=$BUILD/bench
+dove=${TMPDIR:-}
+if [ -z "$dove" ]; then
+  dove=/tmp
+  # 400 MiB are enough for all of it.
+  libero=$(df -Pk /dev/shm 2>/dev/null | awk 'NR == 2 { print $4 }')
+  if [ -w /dev/shm ] && [ "${libero:-0}" -gt 409600 ]; then dove=/dev/shm; fi
+fi
+lavoro=$(mktemp -d "$dove/morvella-bench.XXXXXX")
+trap 'rm -rf "$lavoro"' EXIT
+trap 'exit 130' INT TERM HUP
+
+rotti=0
+conto() { awk "BEGIN { $1 }"; }
+esito() { # 1 when the limit is kept
+  if [ "$1" = 1 ]; then giudizio=ok; else giudizio=BROKEN rotti=$((rotti + 1)); fi
+}
+
+genera() { # name, options: makes the project anew
+  nome=$1
+  shift
+  rm -rf "${lavoro:?}/$nome"
+  "$strumenti/genera" "$lavoro/$nome" "$@"
+}
+
+# A run over project $1: adds "seconds KiB" to $2.
+riordina() {
+  "$strumenti/misura" "$BUILD/morvella-cli" riordina -q "$lavoro/$1/Sintetico.vbp" >>"$2"
+}
+
+# The best time and the greatest peak of a file of measures.
+migliore() { awk 'NR == 1 || $1 < m { m = $1 } END { printf "%.6f", m }' "$1"; }
+picco() { awk '$2 > p { p = $2 } END { print p }' "$1"; }
+
+# Best of GIRI runs over project $1; leaves it in $tempo and $kib.
+misura() {
+  : >"$lavoro/misure"
+  i=0
+  while [ $i -lt "$giri" ]; do
+    riordina "$1" "$lavoro/misure"
+    i=$((i + 1))
+  done
+  tempo=$(migliore "$lavoro/misure")
+  kib=$(picco "$lavoro/misure")
+}
+
+echo "machine   $(uname -sm), $(getconf _NPROCESSORS_ONLN) processors"
+echo "files on  $(df -P "$lavoro" | awk 'NR == 2 { print $NF }') ($(stat -f -c %T "$lavoro" 2>/dev/null || echo '?'))"
+echo "best of   $giri runs"
+
+echo
+echo "A whole run: 1,000,000 lines in 300 modules"
+genera intero --moduli 300 --righe 1000000
+: >"$lavoro/scarto"
+riordina intero "$lavoro/scarto"
+"$strumenti/floor" --prepara "$lavoro/intero" "$lavoro/piano"
+: >"$lavoro/corsa"
+: >"$lavoro/fondo"
+i=0
+while [ $i -lt "$giri" ]; do # in turn, so that a busy machine slows down both
+  "$strumenti/misura" "$strumenti/floor" "$lavoro/piano" >>"$lavoro/fondo"
+  if [ $i -eq 0 ]; then
+    "$strumenti/floor" --prepara "$lavoro/intero" "$lavoro/piano2"
+    cmp "$lavoro/piano" "$lavoro/piano2" # the floor wrote other lengths than the run
+  fi
+  riordina intero "$lavoro/corsa"
+  i=$((i + 1))
+done
+corsa=$(migliore "$lavoro/corsa")
+fondo=$(migliore "$lavoro/fondo")
+printf '  %-10s %9s %12s %10s\n' "" "seconds" "lines/s" "peak KiB"
+printf '  %-10s %9.3f %12.0f %10s\n' riordina "$corsa" "$(conto "print 1000000 / $corsa")" "$(picco "$lavoro/corsa")"
+printf '  %-10s %9.3f %12.0f %10s\n' floor "$fondo" "$(conto "print 1000000 / $fondo")" "$(picco "$lavoro/fondo")"
+esito "$(conto "print ($corsa / $fondo <= $rapporto)")"
+printf '  ratio %.2f, limit %s: %s\n' "$(conto "print $corsa / $fondo")" "$rapporto" "$giudizio"
+esito "$(conto "print ($(picco "$lavoro/corsa") <= $memoria)")"
+printf '  peak memory, limit %s KiB: %s\n' "$memoria" "$giudizio"
+rm -rf "$lavoro/intero"
+
+echo
+echo "Memory: one file"
+printf '  %-10s %9s %10s\n' lines seconds "peak KiB"
+for righe in 3300 330000; do
+  genera uno --moduli 1 --righe $righe
+  misura uno
+  printf '  %-10s %9.4f %10s\n' $righe "$tempo" "$kib"
+  if [ $righe = 3300 ]; then kib_corto=$kib; fi
+done
+esito "$(conto "print ($kib <= $memoria && $kib - $kib_corto <= $memoria_piu)")"
+printf '  limit %s KiB, and %s KiB more for the longer file: %s\n' "$memoria" "$memoria_piu" "$giudizio"
+rm -rf "$lavoro/uno"
+
+# How the time per unit grows: the largest size against the cheapest.
+#   cresce TITLE SIZES UNIT: reads lines "SIZE UNITS GENERA-OPTIONS" from standard input
+cresce() {
+  echo
+  echo "$1"
+  printf '  %-10s %9s %14s %10s\n' "$2" seconds "us per $3" "peak KiB"
+  : >"$lavoro/unita"
+  while read -r etichetta quanti opzioni; do
+    # shellcheck disable=SC2086 # the options are words
+    genera cresce $opzioni
+    misura cresce
+    # What the program takes to start and to end is not of any unit.
+    per=$(conto "print ($tempo - $avvio) * 1e6 / $quanti")
+    printf '  %-10s %9.4f %14.3f %10s\n' "$etichetta" "$tempo" "$per" "$kib"
+    echo "$per" >>"$lavoro/unita"
+  done
+  rm -rf "$lavoro/cresce"
+  quanto=$(awk 'NR == 1 || $1 < m { m = $1 } { u = $1 } END { printf "%.2f", u / m }' "$lavoro/unita")
+  esito "$(conto "print ($quanto <= $crescita)")"
+  printf '  the last against the cheapest %s, limit %s: %s\n' "$quanto" "$crescita" "$giudizio"
+}
+
+genera vuoto --moduli 1 --righe 40
+misura vuoto
+avvio=$tempo
+
+cresce "Modules in one directory, 100 lines each" modules module <<EOF
+100 100 --moduli 100 --righe 10000
+1000 1000 --moduli 1000 --righe 100000
+10000 10000 --moduli 10000 --righe 1000000
+EOF
+
+cresce ".Show entries in one file, one in ten lines" entries entry <<EOF
+1000 1000 --moduli 1 --righe 10000 --show 1000
+10000 10000 --moduli 1 --righe 100000 --show 10000
+100000 100000 --moduli 1 --righe 1000000 --show 100000
+EOF
+
+cresce "Length of statements, about 60 MB in one file" characters MB <<EOF
+600 60 --moduli 1 --righe 130000 --lunghezza 600
+60000 60 --moduli 1 --righe 1300 --lunghezza 60000
+600000 60 --moduli 1 --righe 130 --lunghezza 600000
+EOF
+
+echo
+if [ $rotti -gt 0 ]; then
+  echo "$rotti limits broken"
+  exit 1
+fi
+echo "all limits kept"

@@ -1,0 +1,13 @@
+
+               If a Then
+                     b
+               End If
+
+
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

@@ -1,0 +1,2 @@
+Option ExplicitSub A()x = 1
+End Sub

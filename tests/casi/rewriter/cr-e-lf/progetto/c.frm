@@ -1,0 +1,3 @@
+If a Thenb
+
+End If

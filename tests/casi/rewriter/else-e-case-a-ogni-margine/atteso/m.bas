@@ -1,0 +1,436 @@
+               Option Explicit
+          End Sub
+
+          m0 = 1
+          Else
+                dopo = 1
+           End Property
+             m3 = 1
+          Else
+                dopo = 1
+           End Function
+
+               m5 = 1
+          Else
+                dopo = 1
+           End Sub
+
+
+          If a Then
+                m6 = 1
+          Else
+                dopo = 1
+           End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                         End If
+
+                  End If
+
+                 m7 = 1
+           Else
+                 dopo = 1
+            End Property
+
+             If a Then
+
+                   If a Then
+                   End If
+
+                  m8 = 1
+            Else
+                  dopo = 1
+             End Property
+
+             If a Then
+                   m9 = 1
+             Else
+                   dopo = 1
+              End Function
+
+
+               If a Then
+
+                     If a Then
+                     End If
+
+                    m10 = 1
+              Else
+                    dopo = 1
+               End Function
+
+
+               If a Then
+                     m11 = 1
+               Else
+                     dopo = 1
+                End Sub
+
+
+          If a Then
+
+                If a Then
+                      m12 = 1
+                Else
+                      dopo = 1
+                 End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+                               End If
+
+                        End If
+
+                       m13 = 1
+                 Else
+                       dopo = 1
+                  End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                         End If
+
+                        m14 = 1
+                  Else
+                        dopo = 1
+                   End Property
+
+             If a Then
+
+                   If a Then
+                         m15 = 1
+                   Else
+                         dopo = 1
+                    End Function
+
+
+               If a Then
+
+                     If a Then
+
+                           If a Then
+                           End If
+
+                          m16 = 1
+                    Else
+                          dopo = 1
+                     End Function
+
+
+               If a Then
+
+                     If a Then
+                           m17 = 1
+                     Else
+                           dopo = 1
+                      End Sub
+
+
+          If a Then
+
+                If a Then
+
+                      If a Then
+                            m18 = 1
+                      Else
+                            dopo = 1
+                       End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+
+                                     If a Then
+                                     End If
+
+                              End If
+
+                             m19 = 1
+                       Else
+                             dopo = 1
+                        End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+                               End If
+
+                              m20 = 1
+                        Else
+                              dopo = 1
+                         End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                               m21 = 1
+                         Else
+                               dopo = 1
+                          End Function
+
+
+               If a Then
+
+                     If a Then
+
+                           If a Then
+
+                                 If a Then
+                                 End If
+
+                                m22 = 1
+                          Else
+                                dopo = 1
+                           End Sub
+
+          m0 = 1
+
+          Case 1
+                dopo = 1
+           End Property
+             m3 = 1
+
+          Case 1
+                dopo = 1
+           End Function
+
+               m5 = 1
+
+          Case 1
+                dopo = 1
+           End Sub
+
+
+          If a Then
+                m6 = 1
+
+          Case 1
+                dopo = 1
+           End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                         End If
+
+                  End If
+
+                 m7 = 1
+
+           Case 1
+                 dopo = 1
+            End Property
+
+             If a Then
+
+                   If a Then
+                   End If
+
+                  m8 = 1
+
+            Case 1
+                  dopo = 1
+             End Property
+
+             If a Then
+                   m9 = 1
+
+             Case 1
+                   dopo = 1
+              End Function
+
+
+               If a Then
+
+                     If a Then
+                     End If
+
+                    m10 = 1
+
+              Case 1
+                    dopo = 1
+               End Function
+
+
+               If a Then
+                     m11 = 1
+
+               Case 1
+                     dopo = 1
+                End Sub
+
+
+          If a Then
+
+                If a Then
+                      m12 = 1
+
+                Case 1
+                      dopo = 1
+                 End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+                               End If
+
+                        End If
+
+                       m13 = 1
+
+                 Case 1
+                       dopo = 1
+                  End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                         End If
+
+                        m14 = 1
+
+                  Case 1
+                        dopo = 1
+                   End Property
+
+             If a Then
+
+                   If a Then
+                         m15 = 1
+
+                   Case 1
+                         dopo = 1
+                    End Function
+
+
+               If a Then
+
+                     If a Then
+
+                           If a Then
+                           End If
+
+                          m16 = 1
+
+                    Case 1
+                          dopo = 1
+                     End Function
+
+
+               If a Then
+
+                     If a Then
+                           m17 = 1
+
+                     Case 1
+                           dopo = 1
+                      End Sub
+
+
+          If a Then
+
+                If a Then
+
+                      If a Then
+                            m18 = 1
+
+                      Case 1
+                            dopo = 1
+                       End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+
+                                     If a Then
+                                     End If
+
+                              End If
+
+                             m19 = 1
+
+                       Case 1
+                             dopo = 1
+                        End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+
+                               If a Then
+                               End If
+
+                              m20 = 1
+
+                        Case 1
+                              dopo = 1
+                         End Property
+
+             If a Then
+
+                   If a Then
+
+                         If a Then
+                               m21 = 1
+
+                         Case 1
+                               dopo = 1
+                          End Function
+
+
+               If a Then
+
+                     If a Then
+
+                           If a Then
+
+                                 If a Then
+                                 End If
+
+                                m22 = 1
+
+                          Case 1
+                                dopo = 1
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

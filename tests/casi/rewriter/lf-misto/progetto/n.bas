@@ -1,0 +1,3 @@
+option
+If a Then
+b

@@ -1,0 +1,26 @@
+               Option Explicit
+          '******************************************************************************************************************
+          '*                                                                                                                *
+          Sub A()
+          '*                                                                                                                *
+          '******************************************************************************************************************
+
+               For i = 1 To 3
+                     On Error Resume Next
+                     x = 1
+                     On Error GoTo 0
+                     On Error GoTo Errore
+                     Resume Next
+               Next
+
+                Errore:
+                Resume
+           End Sub
+
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

@@ -1,0 +1,5 @@
+Attribute VB_Name = "m"
+Option Explicit
+Sub m()
+x = 1
+End Sub

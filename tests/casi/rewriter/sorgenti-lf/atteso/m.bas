@@ -1,0 +1,13 @@
+Attribute VB_Name = "m"
+Option Explicit
+Sub m()
+x = 1
+End Sub
+
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

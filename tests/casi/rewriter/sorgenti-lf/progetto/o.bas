@@ -1,0 +1,3 @@
+option explicit
+Sub A()
+End Sub

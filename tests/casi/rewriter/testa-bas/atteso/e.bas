@@ -1,0 +1,10 @@
+Dim x
+               Optional y
+               Dim z
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

@@ -1,0 +1,13 @@
+' Option Explicit
+  Dim x
+	Option Explicit
+  Dim y
+               OPTIONE
+               Dim z
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

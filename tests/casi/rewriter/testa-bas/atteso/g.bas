@@ -1,0 +1,11 @@
+  Attribute VB_Name = "g"
+  Dim x
+               Option Explicit
+               Dim y
+          '*******************************************************
+          '*              Procedura by Dario Fenzoni             *
+          '*              E-mail vorn@morvella.example           *
+          '* Procedura per il riordino dei programmi Visual Basic*
+          '*******************************************************
+          '               Rilettura del 21/11/2026...
+          '

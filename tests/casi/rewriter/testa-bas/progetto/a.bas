@@ -1,0 +1,7 @@
+Attribute VB_Name = "a"
+
+  ' sopra
+'* sopra
+Option Explicit
+
+Dim x

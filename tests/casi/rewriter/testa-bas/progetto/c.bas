@@ -1,0 +1,3 @@
+Attribute VB_Name = "c"
+  option compare text
+  Dim x

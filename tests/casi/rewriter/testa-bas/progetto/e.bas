@@ -1,0 +1,3 @@
+Dim x
+Optional y
+  Dim z

@@ -1,0 +1,6 @@
+' Option Explicit
+  Dim x
+	Option Explicit
+  Dim y
+OPTIONE
+  Dim z

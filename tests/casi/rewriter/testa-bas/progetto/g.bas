@@ -1,0 +1,4 @@
+  Attribute VB_Name = "g"
+  Dim x
+Option Explicit
+Dim y

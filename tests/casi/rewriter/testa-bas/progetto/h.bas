@@ -1,0 +1,3 @@
+Option Private Module
+Option Explicit
+Option Base 1

@@ -1,0 +1,4 @@
+Option Explicit
+Attribute VB_Name = "e"
+Attribute VB_Exposed = False 'con un commento
+Dim x

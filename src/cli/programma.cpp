@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <new>
 #include <ostream>
+#include <unordered_map>
 #include <utility>
 
 #include "cli/avvisi.h"
@@ -323,13 +324,13 @@ void Corsa::SelezionaEsattamente(const std::vector<Lungo>& righe) {
 
 void Corsa::ScegliRighe() {
     if (r_.Resto.empty()) return; // all of them, as they are
+    std::unordered_multimap<Testo, Lungo> perChiave;
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i) perChiave.emplace(ChiaveRiga(s_.File1.List(i)), i);
     std::vector<Lungo> righe;
     for (const std::string& nome : r_.Resto) {
-        const Testo chiave = ChiaveRiga(DaArgomento(nome));
-        const std::size_t prima = righe.size();
-        for (Lungo i = 0; i < s_.File1.ListCount(); ++i)
-            if (ChiaveRiga(s_.File1.List(i)) == chiave) righe.push_back(i);
-        if (righe.size() == prima)
+        const auto [da, fino] = perChiave.equal_range(ChiaveRiga(DaArgomento(nome)));
+        for (auto riga = da; riga != fino; ++riga) righe.push_back(riga->second);
+        if (da == fino)
             throw UsoErrato{"il progetto non ha la riga «" + nome + "»: morvella-cli elenca " + r_.Progetto +
                             " mostra quelle che ha"};
     }

@@ -65,6 +65,14 @@ Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa) {
 }
 
 void ProteggiSorgenti(Stato& s) {
+    // A command given again and again for the rows that are left must not look at every row
+    // each time.
+    if (s.ProtettaVersione == s.File1.Versione() && s.ProtettaDirectory == s.Dir1Path &&
+        s.ProtettoProgetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
+        return;
+    s.ProtettaVersione = s.File1.Versione();
+    s.ProtettaDirectory = s.Dir1Path;
+    s.ProtettoProgetto = s.File1Leggi.Scelto();
     std::vector<Testo> percorsi;
     percorsi.reserve(static_cast<std::size_t>(s.File1.ListCount()) * 2 + 1);
     for (Lungo i = 0; i < s.File1.ListCount(); ++i) {

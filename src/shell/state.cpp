@@ -6,6 +6,7 @@ namespace morvella {
 void ListaFile1::AddItem(Vista testo) {
     righe_.push_back({Testo(testo), LCase(testo), false});
     ordinate_ = false;
+    ++versione_;
 }
 
 ListaFile1::Voce& ListaFile1::Riga(Lungo i) const {

@@ -40,12 +40,17 @@ struct Barra {
 /// of the bytes of LCase(row), a row equal to others behind them.
 class ListaFile1 {
   public:
-    void Clear() { righe_.clear(); }
+    void Clear() {
+        righe_.clear();
+        ++versione_;
+    }
     void AddItem(Vista testo);
     Lungo ListCount() const noexcept { return static_cast<Lungo>(righe_.size()); }
     /// The row's text; raises 5 for a row that is not there.
     const Testo& List(Lungo i) const { return Riga(i).Scritta; }
     bool Selected(Lungo i) const { return Riga(i).Selezionata; }
+    /// Another number after each change of the rows; selecting is none.
+    Lungo Versione() const noexcept { return versione_; }
     /// Without the event; the way in is SelezionaFile1.
     void Segna(Lungo i, bool selezionata) { Riga(i).Selezionata = selezionata; }
 
@@ -59,6 +64,7 @@ class ListaFile1 {
 
     mutable std::vector<Voce> righe_; // put in order when first asked: adding n rows is no n * n
     mutable bool ordinate_ = true;
+    Lungo versione_ = 0;
 };
 
 /// The project files of Dir1.Path, of which one is chosen.
@@ -144,6 +150,11 @@ struct Stato {
     Lungo RigaInLavoro = -1; // of File1
     Lungo RigaFile = 0;      // of the source, from 1; 0 but for the second pass
     bool SecondoGiro = false;
+
+    // For which list of rows the sources are out of reach of every write (shell/gestore.h).
+    Lungo ProtettaVersione = -1;
+    Testo ProtettaDirectory;
+    Testo ProtettoProgetto;
 };
 
 /// `File1.Selected(i) = selezionata`; raises File1_Click.

@@ -230,12 +230,22 @@ Trovato Archivio::TrovaFile(Vista percorso) {
 
 void Archivio::Proteggi(const std::vector<Testo>& percorsi) {
     protetti_.clear();
+    directoryProtette_.clear();
     protetti_.reserve(percorsi.size());
     for (const Testo& percorso : percorsi) {
         if (percorso.find('\0') != Testo::npos) continue;
         const Trovato file = Trova(percorso);
         if (file.Cosa.Tipo == TipoVoce::File) protetti_.insert(file.Cosa.Chi);
+        const std::string directory = PerDisco(file.Percorso.substr(0, file.Percorso.find_last_of('/')));
+        if (!directoryProtette_.contains(directory))
+            directoryProtette_.emplace(directory, disco_.Esamina(directory).Modificato);
     }
+}
+
+bool Archivio::ProtezioneFresca() {
+    return std::all_of(directoryProtette_.begin(), directoryProtette_.end(), [&](const auto& directory) {
+        return disco_.Esamina(directory.first).Modificato == directory.second;
+    });
 }
 
 Testo Archivio::Dir(Vista percorso, int attributi) {

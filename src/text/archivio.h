@@ -53,6 +53,9 @@ class Archivio {
     /// output, deleting it or copying onto it raises 70. Replaces the list of before; paths
     /// that lead to no file are passed over.
     void Proteggi(const std::vector<Testo>& percorsi);
+    /// Whether the directories that the protected paths lie in are as Proteggi saw them, so that
+    /// the same list would come to the same files.
+    bool ProtezioneFresca();
 
     Trovato Trova(Vista percorso);
 
@@ -117,6 +120,7 @@ class Archivio {
     Disco& disco_;
     std::array<Radice, 3> ganci_;
     std::unordered_set<Identita, SpargiIdentita> protetti_;
+    std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
     std::unordered_map<std::string, Indice> indici_;
 };
 

@@ -207,12 +207,15 @@ Trovato Archivio::Trova(Vista percorso) {
         for (++i; i < nomi.size(); ++i) file.Percorso = Unisci(file.Percorso, Utf8Da1252(nomi[i]));
         break;
     }
+    // "x\" is a directory: a plain file, or nothing, of that name is no way to anything.
+    if (Separatore(percorso.back()) && file.Cosa.Tipo != TipoVoce::Directory) {
+        file.DirectoryPresente = false;
+        file.Cosa = Scheda{.Chi = {}, .Errore = file.Cosa.Errore};
+    }
     return file;
 }
 
-// What stands in the way of changing a file: 70 where it is one that is only to be read, 75
-// where it is no plain file or cannot be asked, 76 where there is no directory for it.
-void Archivio::Rifiuta(const Trovato& file, Vista percorso) const {
+void Archivio::RifiutaScrittura(const Trovato& file, Vista percorso) const {
     if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
     if (!file.DirectoryPresente) throw Errore(ErrPercorso, percorso);
     if (!file.Cosa.Esiste()) return;
@@ -300,7 +303,7 @@ void Archivio::FileCopy(Vista da, Vista a) {
     if (sorgente.Cosa.Tipo != TipoVoce::File) throw Errore(ErrAccesso, da);
     const Trovato destinazione = Trova(a);
     if (destinazione.Cosa.Esiste() && destinazione.Cosa.Chi == sorgente.Cosa.Chi) return;
-    Rifiuta(destinazione, a);
+    RifiutaScrittura(destinazione, a);
     Indice* indice = destinazione.Cosa.Esiste() ? nullptr : IndiceFresco(destinazione.Percorso);
     try {
         disco_.Copia(sorgente.Percorso, destinazione.Percorso);
@@ -312,7 +315,7 @@ void Archivio::FileCopy(Vista da, Vista a) {
 
 void Archivio::Kill(Vista percorso) {
     const Trovato file = TrovaFile(percorso);
-    Rifiuta(file, percorso);
+    RifiutaScrittura(file, percorso);
     Indice* indice = IndiceFresco(file.Percorso);
     try {
         disco_.Cancella(file.Percorso);
@@ -368,7 +371,7 @@ std::unique_ptr<FileAperto> Archivio::ApriLettura(const Trovato& file, Vista per
 }
 
 std::unique_ptr<FileAperto> Archivio::ApriScrittura(const Trovato& file, Vista percorso) {
-    Rifiuta(file, percorso);
+    RifiutaScrittura(file, percorso);
     Indice* indice = file.Cosa.Esiste() ? nullptr : IndiceFresco(file.Percorso);
     try {
         std::unique_ptr<FileAperto> aperto = disco_.ApriScrittura(file.Percorso);

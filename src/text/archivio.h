@@ -85,6 +85,9 @@ class Archivio {
     /// 53 when the program cannot be found.
     void Shell(Vista comando, int finestra);
 
+    /// What stands in the way of changing a file: raises 70 where it is one that is only to be
+    /// read, 75 where it is no plain file or cannot be asked, 76 without a directory for it.
+    void RifiutaScrittura(const Trovato& file, Vista percorso) const;
     /// For the channels: opens the file for reading. Raises 53, 75, 76.
     std::unique_ptr<FileAperto> ApriLettura(const Trovato& file, Vista percorso);
     /// For the channels: creates or empties the file. Raises 61, 70, 75, 76.
@@ -114,7 +117,6 @@ class Archivio {
     const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
     Indice* IndiceFresco(const std::string& percorso);
     void Annota(Indice* indice, const std::string& percorso, bool nato);
-    void Rifiuta(const Trovato& file, Vista percorso) const;
     Trovato TrovaFile(Vista percorso);
 
     Disco& disco_;

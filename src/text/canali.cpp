@@ -37,7 +37,8 @@ void Canali::OpenInput(int n, Vista percorso) {
 void Canali::OpenOutput(int n, Vista percorso) {
     Canale& c = Libero(n, percorso);
     const Trovato file = archivio_.Trova(percorso);
-    if (file.Cosa.Tipo == TipoVoce::File) RifiutaAperto(file, percorso);
+    archivio_.RifiutaScrittura(file, percorso); // first: a source is out of reach, open or not
+    RifiutaAperto(file, percorso);
     c.File = archivio_.ApriScrittura(file, percorso);
     c.Chi = file.Cosa.Esiste() ? file.Cosa.Chi : archivio_.Trova(percorso).Cosa.Chi;
     c.Percorso = percorso;
@@ -107,9 +108,12 @@ Vista Canali::LineInputLento(Canale& c) {
         }
         const auto lunga = static_cast<std::size_t>(fine - riga);
         // Whether an LF belongs to a CR at the very end of the block, only the next block tells.
-        if (*fine == '\r' && lunga + 1 == resto && Riempi(c)) {
+        if (*fine == '\r' && lunga + 1 == resto) {
             visti = lunga;
-            continue;
+            if (Riempi(c)) continue;
+            riga = c.Memoria.data() + c.Inizio; // at the end of the file the block may have moved too
+            c.Inizio = c.Fine;
+            return {riga, lunga};
         }
         const bool crLf = *fine == '\r' && lunga + 1 < resto && fine[1] == '\n';
         c.Inizio += lunga + (crLf ? 2 : 1);

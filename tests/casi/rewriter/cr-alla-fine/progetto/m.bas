@@ -1,0 +1,1 @@
+Option     Sub Perché(ByVal quantita As Long, ByVal prezzo As Currency)

@@ -1,0 +1,2 @@
+Attribute VB_Name = "n"
+  una riga grezza molto piu lunga di quella che le sta davanti

@@ -111,6 +111,10 @@ void FinestraTesto::MotoreFermato(const Arresto& arresto) {
     Trovato.Osserva(arresto);
 }
 
+void FinestraTesto::ErroreSaltato(const Errore& causa) {
+    Avvenuto.Errori.push_back({"ScriviDir", causa, false, -1, 0});
+}
+
 void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo riga) {
     Avvenuto.Errori.push_back({Testo(operazione), causa, true, riga, 0});
 }

@@ -33,6 +33,7 @@ class FinestraTesto : public Finestra {
     void AggiornaDir1() override {}
     void PortaFuocoSuText1() override {}
     void MotoreFermato(const Arresto& arresto) override;
+    void ErroreSaltato(const Errore& causa) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
     void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo); }
 

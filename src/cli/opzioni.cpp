@@ -46,19 +46,19 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string& v) { r.IntestazioneProcedure = SiNo(v); }},
     {0,   "testo-intestazione",     "FILE",  DiProgetto | Conserva, "Il testo dell'intestazione.",
      [](Richiesta& r, const std::string& v) { r.TestoIntestazione = v; }},
-    {0,   "lf",                     nullptr, DiProgetto, "In lettura anche il solo LF chiude una riga.",
+    {0,   "lf",                     nullptr, DiProgetto, "Anche il solo LF chiude una riga letta.",
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
-    {'k', "prosegui",               nullptr, Lavorano,   "Dopo un errore continua con le altre righe.",
+    {'k', "prosegui",               nullptr, Lavorano,   "Dopo un errore passa alle altre righe.",
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
-    {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, "Dice i blocchi lasciati aperti (uscita 4).",
+    {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, "Dice i blocchi aperti (uscita 4).",
      [](Richiesta& r, const std::string&) { r.Controlla = true; }},
     {0,   "html",                   nullptr, Esegue,     "Scrive poi anche le pagine HTML.",
      [](Richiesta& r, const std::string&) { r.Html = true; }},
     {0,   "apri",                   nullptr, Esegue | Documenta | Eventi, "Apre l'indice delle pagine.",
      [](Richiesta& r, const std::string&) { r.Apri = true; }},
-    {0,   "sottocartelle",          nullptr, Esegue | Documenta, "Pagine anche per i moduli in sottocartelle.",
+    {0,   "sottocartelle",          nullptr, Esegue | Documenta, "Pagine anche nelle sottocartelle.",
      [](Richiesta& r, const std::string&) { r.Sottocartelle = true; }},
-    {0,   "ini",                    nullptr, Eventi,     "Prima carica le opzioni, come la finestra.",
+    {0,   "ini",                    nullptr, Eventi,     "Prima carica Default.ini.",
      [](Richiesta& r, const std::string&) { r.Ini = true; }},
     {0,   "ripristina",             nullptr, Conserva,   "Rimette le opzioni iniziali.",
      [](Richiesta& r, const std::string&) { r.Ripristina = true; }},
@@ -200,7 +200,7 @@ std::string TestoAiuto(const std::string& comando) {
         nome += o.Lunga;
         if (o.Argomento && o.Argomento[0] == '[') nome += std::string("[=") + (o.Argomento + 1);
         if (o.Argomento && o.Argomento[0] != '[') nome += std::string("=") + o.Argomento;
-        testo += "  " + Riempito(nome, 32) + o.Aiuto + "\n";
+        testo += "  " + Riempito(nome, 38) + o.Aiuto + "\n";
     }
     testo += "\nUscita: 0 fatto, 1 fermato da un errore, 2 uso errato, 3 risposto No, 4 rilievi.\n";
     return testo + (chi == MostraQui

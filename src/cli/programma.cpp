@@ -77,22 +77,30 @@ Testo ChiaveRiga(Vista riga) {
 Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_or(utf8); }
 
 // What to do about an error, for the person who reads of it.
-const char* Consiglio(int numero, bool inUnaRiga) {
-    switch (numero) {
+std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire) {
+    const bool diRiga = e.Riga >= 0;
+    const std::string prosegui =
+        diRiga && puoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
+    switch (e.Causa.Numero) {
+    case ErrArgomento:
+        if (e.RigaFile > 0)
+            return "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
+                   "#End If)." +
+                   prosegui;
+        return diRiga ? "La riga del progetto è più corta di 4 caratteri, o la data del file è mezzanotte "
+                        "esatta." +
+                            prosegui
+                      : "";
+    case ErrFileAssente:
+        return diRiga ? "Controllare il nome nel progetto." + prosegui : "Controllare che ci sia.";
     case ErrFineFile:
         return "Il file finisce prima del previsto; se è Default.ini, «morvella-cli opzioni --ripristina» lo "
                "rimette a "
                "posto.";
-    case ErrArgomento:
-        return inUnaRiga
-                   ? "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
-                     "#End If); con --prosegui si passa al modulo seguente."
-                   : "La riga del progetto è più corta di 4 caratteri; con --prosegui viene saltata.";
-    case ErrFileAssente: return "Controllare il nome nel progetto; con --prosegui la riga viene saltata.";
     case ErrDiscoPieno: return "Liberare spazio sul disco e ripetere: ciò che manca non è stato scritto.";
     case ErrPermesso: return "L'operazione avrebbe cambiato un sorgente del progetto, che non si tocca.";
     case ErrAccesso: return "Controllare i permessi, e che al posto del file non ci sia una directory.";
-    case ErrPercorso: return "La directory del file non c'è; con --prosegui la riga viene saltata.";
+    case ErrPercorso: return "Manca la directory del file, o al suo posto c'è un file." + prosegui;
     default: return "";
     }
 }
@@ -136,8 +144,9 @@ class Corsa {
     void SelezionaEsattamente(const std::vector<Lungo>& righe);
     std::vector<Lungo> Selezionate() const;
     void Elenca();
-    void Racconta();
+    void Racconta(int stato);
     void RaccontaErrori();
+    bool PuoProseguire() const { return !r_.Prosegui && r_.Comando != "leggi" && r_.Comando != "eventi"; }
     void ScriviRapporto();
     void Riga(const std::string& utf8);
     std::string Nativo(Vista percorso);
@@ -441,14 +450,14 @@ void Corsa::RaccontaErrori() {
             frase += " (" + Nativo(e.Causa.File) + ")";
         else if (diRiga && e.RigaFile > 0)
             frase += " (" + SorgenteDiRiga(e.Riga) + ":" + std::to_string(e.RigaFile) + ")";
-        const std::string consiglio = Consiglio(e.Causa.Numero, e.RigaFile > 0);
+        const std::string consiglio = Consiglio(e, PuoProseguire());
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
     }
 }
 
 // One line a module with what was written, warnings, totals and time.
-void Corsa::Racconta() {
+void Corsa::Racconta(int stato) {
     finestra_.TogliProgresso();
     if (!r_.Silenzioso) {
         std::size_t larga = 0;
@@ -472,7 +481,8 @@ void Corsa::Racconta() {
         for (const std::string& avviso : Avvisi(s_, lavorate_, uscite)) finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
-        if (r_.Comando != "elenca" && r_.Comando != "leggi")
+        if (moduli > 0 || (finestra_.Avvenuto.Errori.empty() && !lavorate_.empty() && stato != RispostoNo &&
+                           r_.Comando != "leggi"))
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
     }
@@ -491,9 +501,13 @@ void Corsa::ScriviRapporto() {
         ambiente_.Uscita << json;
         return;
     }
-    const auto file = ambiente_.Macchina.ApriScrittura(r_.Rapporto);
-    file->Scrivi(json.data(), json.size());
-    file->Chiudi();
+    try {
+        const auto file = ambiente_.Macchina.ApriScrittura(r_.Rapporto);
+        file->Scrivi(json.data(), json.size());
+        file->Chiudi();
+    } catch (const Errore& e) {
+        throw Errore(e.Numero == ErrFileAssente ? ErrPercorso : e.Numero, "--rapporto " + r_.Rapporto);
+    }
 }
 
 int Corsa::EseguiTutto() {
@@ -595,7 +609,7 @@ int Corsa::Esegui() {
     }
     if (!finestra_.Avvenuto.Errori.empty()) stato = Fermato;
     if (r_.Controlla && !finestra_.Trovato.Rilievi().empty()) stato = Trovato;
-    Racconta();
+    Racconta(stato);
     ScriviRapporto();
     return stato;
 }
@@ -620,7 +634,8 @@ int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
         di("morvella-cli: " + e.Testo + "\n(morvella-cli --aiuto mostra comandi e opzioni)");
         return UsoSbagliato;
     } catch (const Errore& e) {
-        di("morvella-cli: errore " + std::to_string(e.Numero) + ", " + Utf8Da1252(Descrizione(e.Numero)));
+        di("morvella-cli: errore " + std::to_string(e.Numero) + ", " + Utf8Da1252(Descrizione(e.Numero)) +
+           (e.File.empty() ? "" : " (" + e.File + ")"));
         return Fermato;
     }
 }

@@ -5,12 +5,14 @@ namespace morvella {
 
 namespace {
 
-// A statement under resume-next: what it raises is dropped.
+// A statement under resume-next: what it raises is dropped. Only bytes that did not reach a
+// file are worth a word.
 template <class F>
-void SaltaSeFallisce(F&& statement) {
+void SaltaSeFallisce(Stato& s, F&& statement) {
     try {
         statement();
-    } catch (const Errore&) {
+    } catch (const Errore& e) {
+        if (e.Numero == ErrDiscoPieno || e.Numero == ErrDispositivo) s.Casa.ErroreSaltato(e);
     }
 }
 
@@ -21,17 +23,17 @@ void ScriviDir(Stato& s, Vista mdir) {
     // A plain file of the directory's name counts as the directory: none is made then, and the
     // engines meet it at their first output.
     if (s.File.Dir(mdir, 16).empty()) {
-        SaltaSeFallisce([&] { s.File.MkDir(mdir); });
-        SaltaSeFallisce([&] { s.Canale.OpenOutput(7, marca); });
-        SaltaSeFallisce([&] { s.Canale.Print(7, FraseOkLog); });
-        SaltaSeFallisce([&] { s.Canale.Close(7); });
+        SaltaSeFallisce(s, [&] { s.File.MkDir(mdir); });
+        SaltaSeFallisce(s, [&] { s.Canale.OpenOutput(7, marca); });
+        SaltaSeFallisce(s, [&] { s.Canale.Print(7, FraseOkLog); });
+        SaltaSeFallisce(s, [&] { s.Canale.Close(7); });
     }
     s.DirAppoggio = mdir;
     s.File.AgganciaLavoro(mdir);
     const Testo progetto(s.File1Leggi.Scelto());
     if (!Trim(progetto).empty())
         SaltaSeFallisce(
-            [&] { s.File.FileCopy(s.Dir1Path + "\\" + progetto, Testo(mdir) + "\\" + progetto); });
+            s, [&] { s.File.FileCopy(s.Dir1Path + "\\" + progetto, Testo(mdir) + "\\" + progetto); });
     s.Casa.AggiornaDir1();
 }
 

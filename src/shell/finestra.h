@@ -75,6 +75,8 @@ class Finestra {
 
     /// Word for a home that reports what the window keeps silent about.
     virtual void MotoreFermato(const Arresto& arresto) = 0;
+    /// Bytes did not reach a file in a place that passes over its errors.
+    virtual void ErroreSaltato(const Errore& causa) = 0;
     /// A file of row `riga` was written whole; `percorso` is its text, `righe` the lines read
     /// for it, 0 for a copy.
     virtual void FileScritto(Lungo riga, Vista percorso, Lungo righe) = 0;

@@ -36,6 +36,7 @@ class FinestraFinta : public Finestra {
     void AggiornaDir1() override { ++Aggiornamenti; }
     void PortaFuocoSuText1() override { ++Fuochi; }
     void MotoreFermato(const Arresto& arresto) override { Arresti.push_back(arresto); }
+    void ErroreSaltato(const Errore& causa) override { Saltati.push_back(causa); }
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override {
         Scritti.push_back(CStr(riga) + "|" + Testo(percorso) + "|" + CStr(righe));
     }
@@ -49,6 +50,7 @@ class FinestraFinta : public Finestra {
     std::vector<Testo> Etichette;
     std::vector<Testo> Scritti; // "row|path|lines"
     std::vector<Arresto> Arresti;
+    std::vector<Errore> Saltati;
     std::vector<Passo> Passi;
     int Beeps = 0;
     int Barre = 0;

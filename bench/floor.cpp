@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 //
-// floor: what a run of the rewriter costs at the least. For each module it does to the same
-// files what the run does, and nothing else:
-//   the old ".txt" is deleted; the source is opened, read to its end and closed; the source is
-//   opened and read once more while a new ".txt" of as many bytes as the run's is written;
-//   in a second round every ".txt" is read and written to the module's own name, and so is the
-//   binary companion and, before all, the project file.
+// floor: what a run of the engines costs at the least. It does to the same files what the run
+// does, and nothing else. For each module and each engine:
+//   the old output is deleted where the engine deletes it; the source is opened, read to its
+//   end and closed; the source is opened and read once more while a new output of as many
+//   bytes as the run's is written;
+// and, for the rewriter, in a second round every ".txt" is read and written to the module's own
+// name, and so is the binary companion; the project file is copied before all.
 // Blocks have 128 KiB, through plain read and write. What it leaves out: looking at a byte,
-// seeking names, asking whether a file is there, and every check. What it writes is not the
-// run's text but the bytes that it has just read, over and over, up to the right length: on a
-// disk that compresses this is no fair measure.
+// seeking names, asking whether a file is there, every check, and what the listing writes and
+// throws away again. What it writes is not the run's text but the bytes that it has just read,
+// over and over, up to the right length: on a disk that compresses this is no fair measure.
 //
 // The directory is looked through beforehand, which is not a part of the measure:
-//   floor --prepara DIR PIANO   after a run over the project in DIR: notes the files and
-//                               their lengths in the file PIANO
-//   floor PIANO                 does the work
+//   floor --prepara DIR PIANO [ENGINE...]   after a run over the project in DIR: notes the
+//                                           files and their lengths in the file PIANO; engines
+//                                           are riordina (when none is named), struttura and
+//                                           documenta
+//   floor PIANO                             does the work
 // Preparing anew behind it must give the same plan: the files have the same lengths.
 #include <algorithm>
 #include <cstdint>
@@ -111,10 +114,12 @@ void Cancella(const std::string& file) { fs::remove(fs::u8path(file)); }
 
 #endif
 
+// A step: "modulo" reads the source twice and writes the output, "copia" copies.
 struct Lavoro {
+    bool Modulo = false;
+    bool Cancella = false; // the old output first
     std::string Sorgente;
-    std::string Copia; // the source's bytes or, for a module, those of its text
-    std::string Testo; // "" for a file that is only copied
+    std::string Uscita;
     std::uint64_t Bytes = 0;
 };
 
@@ -129,25 +134,45 @@ std::string Utf8(const fs::path& p) {
     return {u.begin(), u.end()};
 }
 
-void Prepara(const fs::path& directory, const std::string& piano) {
-    std::map<std::string, fs::path> sorgenti; // by folded name
-    for (const auto& voce : fs::directory_iterator(directory))
-        if (voce.is_regular_file()) sorgenti[Minuscole(Utf8(voce.path().filename()))] = voce.path();
-    std::map<std::string, fs::path> uscite;
-    for (const auto& voce : fs::directory_iterator(directory / "Appoggio"))
-        uscite[Minuscole(Utf8(voce.path().filename()))] = voce.path();
+using Nomi = std::map<std::string, fs::path>; // by folded name
 
+Nomi FileDi(const fs::path& directory) {
+    Nomi nomi;
+    for (const auto& voce : fs::directory_iterator(directory))
+        if (voce.is_regular_file()) nomi[Minuscole(Utf8(voce.path().filename()))] = voce.path();
+    return nomi;
+}
+
+void Prepara(const fs::path& directory, const std::string& piano, const std::vector<std::string>& motori) {
+    const Nomi sorgenti = FileDi(directory);
+    const Nomi uscite = FileDi(directory / "Appoggio");
     std::ofstream fuori(piano, std::ios::binary | std::ios::trunc);
-    for (const auto& [nome, sorgente] : sorgenti) {
-        const auto copia = uscite.find(nome);
-        if (copia == uscite.end()) continue;
-        const std::string stelo = nome.substr(0, nome.size() - std::min<std::size_t>(nome.size(), 4));
-        const auto testo = uscite.find(stelo + ".txt");
-        const bool modulo = testo != uscite.end() && !nome.ends_with(".frx") && !nome.ends_with(".vbp");
-        if (modulo && fs::file_size(copia->second) != fs::file_size(testo->second))
-            throw std::runtime_error("not the work directory of a finished run: " + nome);
-        fuori << Utf8(sorgente) << '\t' << Utf8(copia->second) << '\t' << (modulo ? Utf8(testo->second) : "")
-              << '\t' << fs::file_size(copia->second) << '\n';
+    const auto passo = [&](const char* che, const fs::path& da, const fs::path& a) {
+        fuori << che << '\t' << Utf8(da) << '\t' << Utf8(a) << '\t' << fs::file_size(a) << '\n';
+    };
+    const auto stelo = [](const std::string& nome) {
+        return nome.substr(0, nome.size() - std::min<std::size_t>(nome.size(), 4));
+    };
+    const auto modulo = [](const std::string& nome) {
+        return nome.ends_with(".frm") || nome.ends_with(".bas") || nome.ends_with(".cls");
+    };
+    for (const std::string& motore : motori) {
+        const bool riordina = motore == "riordina";
+        const std::string estensione = riordina ? ".txt" : motore == "struttura" ? ".log" : ".html";
+        for (const auto& [nome, sorgente] : sorgenti) {
+            const auto copia = uscite.find(nome);
+            if (nome.ends_with(".vbp") && copia != uscite.end() && estensione != ".html")
+                passo("copia", sorgente, copia->second);
+        }
+        for (const auto& [nome, sorgente] : sorgenti)
+            if (modulo(nome))
+                passo(estensione == ".log" ? "sopra" : "modulo", sorgente,
+                      uscite.at(stelo(nome) + estensione));
+        for (const auto& [nome, sorgente] : sorgenti) {
+            const auto copia = uscite.find(nome);
+            if (!riordina || copia == uscite.end() || nome.ends_with(".vbp")) continue;
+            passo("copia", modulo(nome) ? uscite.at(stelo(nome) + ".txt") : sorgente, copia->second);
+        }
     }
     fuori.close();
     if (!fuori) throw std::runtime_error("cannot write " + piano);
@@ -165,7 +190,8 @@ std::vector<Lavoro> LeggiPiano(const std::string& piano) {
             campo = riga.substr(inizio, fine - inizio);
             inizio = std::min(fine + 1, riga.size());
         }
-        lavori.push_back({campi[0], campi[1], campi[2], std::stoull(campi[3])});
+        lavori.push_back(
+            {campi[0] != "copia", campi[0] == "modulo", campi[1], campi[2], std::stoull(campi[3])});
     }
     return lavori;
 }
@@ -179,51 +205,51 @@ void Leggi(const std::string& file, std::vector<char>& blocco) {
 // Writes as much as it reads as long as `bytes` are left, and the rest behind it.
 void Riscrivi(const Lavoro& lavoro, std::vector<char>& blocco) {
     Lettore in(lavoro.Sorgente);
-    Scrittore out(lavoro.Testo);
+    Scrittore out(lavoro.Uscita);
     std::uint64_t restano = lavoro.Bytes;
     const auto scrivi = [&](std::size_t quanti) {
         const auto n = static_cast<std::size_t>(std::min<std::uint64_t>(restano, quanti));
         if (n > 0) out.Scrivi(blocco.data(), n);
         restano -= n;
     };
-    while (in.Leggi(blocco.data(), blocco.size()) > 0)
-        scrivi(blocco.size());
-    while (restano > 0)
-        scrivi(blocco.size());
+    while (in.Leggi(blocco.data(), blocco.size()) > 0) scrivi(blocco.size());
+    while (restano > 0) scrivi(blocco.size());
 }
 
 void Copia(const std::string& da, const std::string& a, std::vector<char>& blocco) {
     Lettore in(da);
     Scrittore out(a);
-    while (const std::size_t letti = in.Leggi(blocco.data(), blocco.size()))
-        out.Scrivi(blocco.data(), letti);
+    while (const std::size_t letti = in.Leggi(blocco.data(), blocco.size())) out.Scrivi(blocco.data(), letti);
 }
 
 void Esegui(const std::vector<Lavoro>& lavori) {
     std::vector<char> blocco(Blocco, ' ');
     for (const Lavoro& l : lavori) {
-        if (l.Testo.empty()) continue;
-        Cancella(l.Testo);
+        if (!l.Modulo) {
+            Copia(l.Sorgente, l.Uscita, blocco);
+            continue;
+        }
+        if (l.Cancella) Cancella(l.Uscita);
         Leggi(l.Sorgente, blocco);
         Riscrivi(l, blocco);
     }
-    for (const Lavoro& l : lavori)
-        Copia(l.Testo.empty() ? l.Sorgente : l.Testo, l.Copia, blocco);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     try {
-        if (argc == 4 && std::strcmp(argv[1], "--prepara") == 0) {
-            Prepara(argv[2], argv[3]);
+        if (argc >= 4 && std::strcmp(argv[1], "--prepara") == 0) {
+            std::vector<std::string> motori(argv + 4, argv + argc);
+            if (motori.empty()) motori = {"riordina"};
+            Prepara(argv[2], argv[3], motori);
             return 0;
         }
         if (argc == 2) {
             Esegui(LeggiPiano(argv[1]));
             return 0;
         }
-        std::fprintf(stderr, "floor --prepara DIR PIANO, then floor PIANO\n");
+        std::fprintf(stderr, "floor --prepara DIR PIANO [ENGINE...], then floor PIANO\n");
         return 2;
     } catch (const std::exception& e) {
         std::fprintf(stderr, "floor: %s\n", e.what());

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/mostra.h"
 
-#include <filesystem>
 #include <ostream>
 
 #include "cli/programma.h"
@@ -44,8 +43,7 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
     std::string testo;
     for (const std::string& file : richiesta.Resto) {
         try {
-            const auto percorso = std::filesystem::path(ambiente.Macchina.DirectoryCorrente()) / file;
-            canali.OpenInput(1, Archivio::TestoDiPercorso(percorso.lexically_normal().generic_string()));
+            canali.OpenInput(1, Archivio::TestoDiPercorso(ambiente.Macchina.Assoluto(file)));
             if (richiesta.Resto.size() > 1) testo += "==> " + file + " <==\n";
             while (!canali.Eof(1)) {
                 DecodificaRiga(canali.LineInput(1), tratti);

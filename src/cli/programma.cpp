@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <new>
 #include <ostream>
 #include <unordered_map>
@@ -210,27 +209,17 @@ void Corsa::Riga(const std::string& utf8) {
 }
 
 void Corsa::ScegliProgramma() {
-    namespace fs = std::filesystem;
     const std::string programma =
-        r_.Programma.empty() ? ambiente_.DirectoryProgramma
-                             : (fs::path(partenza_) / r_.Programma).lexically_normal().generic_string();
+        r_.Programma.empty() ? ambiente_.DirectoryProgramma : ambiente_.Macchina.Assoluto(r_.Programma);
     s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
 }
 
 void Corsa::ScegliProgetto() {
-    namespace fs = std::filesystem;
-    fs::path progetto = fs::path(partenza_) / fs::path(r_.Progetto);
-    // ".." behind a link means the link's target to a shell: the disk resolves it, not the text.
-    std::error_code errore;
-    if (r_.Progetto.find("..") != std::string::npos) {
-        const fs::path vera = fs::canonical(progetto.parent_path(), errore);
-        if (!errore) progetto = vera / progetto.filename();
-    }
-    progetto = progetto.lexically_normal();
-    directory_ = progetto.parent_path().generic_string();
-    if (directory_.size() > 1 && directory_.back() == '/') directory_.pop_back();
+    const std::string progetto = ambiente_.Macchina.Assoluto(r_.Progetto);
+    const std::size_t barra = progetto.find_last_of('/');
+    directory_ = progetto.substr(0, barra);
     CambiaDir1(s_, directory_);
-    s_.File1Leggi.Nomi = {DaArgomento(progetto.filename().string())};
+    s_.File1Leggi.Nomi = {DaArgomento(progetto.substr(barra + 1))};
     s_.File1Leggi.ListIndex = 0;
 }
 
@@ -573,9 +562,8 @@ void Corsa::SuRighe() {
 int Corsa::Esegui() {
     int stato = Fatto;
     // The run moves the process's current directory: paths of the command line are read before.
-    namespace fs = std::filesystem;
     partenza_ = ambiente_.Macchina.DirectoryCorrente();
-    const auto daPartenza = [&](std::string& file) { file = (fs::path(partenza_) / file).generic_string(); };
+    const auto daPartenza = [&](std::string& file) { file = ambiente_.Macchina.Assoluto(file); };
     if (!r_.Rapporto.empty() && r_.Rapporto != "-") daPartenza(r_.Rapporto);
     if (!r_.TestoIntestazione.empty()) daPartenza(r_.TestoIntestazione);
     ScegliProgramma();

@@ -81,7 +81,9 @@ Lungo ContaSelezionati(const Stato& s) {
 void RaccogliMostrati(Stato& s) {
     s.Canale.OpenInput(1, s.FileSorgente);
     s.ElencoShow.Svuota();
-    while (!s.Canale.Eof(1)) {
+    for (;;) {
+        s.TotaleRighe += s.Canale.SaltaSenza(1, ".Show"); // lines that cannot give an entry
+        if (s.Canale.Eof(1)) break;
         ++s.TotaleRighe;
         s.RigaLetta = Trim(s.Canale.LineInput(1));
         if (Mid(s.RigaLetta, 1, 1) == "'") continue;

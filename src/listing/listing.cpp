@@ -96,11 +96,8 @@ Lungo Selezionate(const Stato& s) {
 } // namespace
 
 Testo CampoNumero(Lungo n) {
+    if (n > 999999) return Testo(5, ' '); // the number disappears, and the margin moves to the left
     Testo campo(11, ' ');
-    if (n > 999999) { // the number disappears, and the margin moves to the left
-        campo.resize(5);
-        return campo;
-    }
     for (std::size_t i = 6; i-- > 0; n /= 10) campo[i] = static_cast<char>('0' + n % 10);
     return campo;
 }

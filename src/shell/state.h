@@ -168,10 +168,10 @@ void MostraBarra(Stato& s, Barra& barra, bool visibile);
 void LimitaBarra(Stato& s, Barra& barra, Lungo massimo);
 void PortaBarra(Stato& s, Barra& barra, Lungo valore);
 
-/// `barra.Value = barra.Value + 1`, once for each line: repainted when a two hundredth of
-/// the bar has passed.
-inline void AvanzaBarra(Stato& s, Barra& barra) {
-    ++barra.Value;
+/// `barra.Value = barra.Value + 1`, once for each of `righe` lines: repainted when a two
+/// hundredth of the bar has passed.
+inline void AvanzaBarra(Stato& s, Barra& barra, Lungo righe = 1) {
+    barra.Value += righe;
     if ((barra.Value - barra.Mostrato) * 200 >= barra.Max) PortaBarra(s, barra, barra.Value);
 }
 

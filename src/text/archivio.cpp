@@ -253,6 +253,7 @@ bool Archivio::ProtezioneFresca() {
 
 Testo Archivio::Dir(Vista percorso, int attributi) {
     const auto ammesso = [&](const Scheda& cosa) {
+        if (cosa.Nascosto) return false;
         return cosa.Tipo == TipoVoce::File || (cosa.Tipo == TipoVoce::Directory && (attributi & 16) != 0);
     };
     const auto ultimo = [](Vista tutto) { return tutto.substr(tutto.find_last_of("\\/") + 1); };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "text/canali.h"
 
-#include <algorithm>
-
 namespace morvella {
 
 bool Canali::Aperto(int n) const noexcept {
@@ -119,42 +117,6 @@ Vista Canali::LineInputLento(Canale& c) {
         c.Inizio += lunga + (crLf ? 2 : 1);
         return {riga, lunga};
     }
-}
-
-// Lines are counted by their CRs, so whole blocks can be looked through at once. What is passed
-// over ends behind a line end whose next byte is known too, or the line would end in doubt.
-Lungo Canali::SaltaSenza(int n, Vista ago) {
-    Canale& c = Aperto(n, Modo::Lettura);
-    if (FineRigaLf) return 0;
-    constexpr std::size_t Fetta = 128; // a count of one byte holds for it
-    Lungo righe = 0;
-    while (c.Inizio < c.Fine || Riempi(c)) {
-        const char* inizio = c.Memoria.data() + c.Inizio;
-        const std::size_t resto = c.Fine - c.Inizio;
-        std::size_t visti = 0;
-        std::size_t cr = 0;
-        bool trovato = false;
-        while (visti + Fetta + 1 < resto) {
-            const char* p = inizio + visti;
-            unsigned char conta = 0;
-            unsigned char forse = 0;
-            for (std::size_t i = 0; i < Fetta; ++i) {
-                conta = static_cast<unsigned char>(conta + (p[i] == '\r'));
-                forse = static_cast<unsigned char>(forse | ((p[i] == ago[0]) & (p[i + 1] == ago[1])));
-            }
-            trovato = forse != 0 &&
-                      Vista(p, std::min(Fetta + ago.size() - 1, resto - visti)).find(ago) != Vista::npos;
-            if (trovato) break;
-            cr += conta;
-            visti += Fetta;
-        }
-        if (cr == 0) return righe;
-        const std::size_t fino = Vista(inizio, visti).rfind('\r') + 1;
-        c.Inizio += fino + (inizio[fino] == '\n' ? 1 : 0);
-        righe += static_cast<Lungo>(cr);
-        if (trovato || !Riempi(c)) return righe;
-    }
-    return righe;
 }
 
 void Canali::Consegna(Canale& c, Vista bytes) {

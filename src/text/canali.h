@@ -64,10 +64,54 @@ class Canali {
         return LineInputLento(c);
     }
 
-    /// Passes over lines of channel `n` that do not hold `ago` (two bytes at least), as many as
-    /// are looked through in one go, and gives their number: none at the end of the file, or
-    /// when the next line may hold it. Raises 52 when the number is not open for input.
-    Lungo SaltaSenza(int n, Vista ago);
+    /// Passes over whole lines of channel `n` of which none can matter, as many as are looked
+    /// through in one go, and gives their number: none at the end of the file, or when the next
+    /// line may matter. `forse(p)` looks at the 128 bytes from `p` on and says whether a line
+    /// that matters may be told by them; the byte before `p` and the `dopo` bytes behind the 128
+    /// are there to be looked at too. Raises 52 when the number is not open for input.
+    template <class F>
+    Lungo SaltaRighe(int n, std::size_t dopo, F&& forse) {
+        Canale& c = Aperto(n, Modo::Lettura);
+        if (FineRigaLf) return 0;
+        Lungo righe = 0;
+        while (c.Inizio < c.Fine || Riempi(c)) {
+            // Lines are counted by their CRs. What is passed over ends behind a line end whose next
+            // byte is known too, or the line would end in doubt.
+            const char* inizio = c.Memoria.data() + c.Inizio;
+            const std::size_t resto = c.Fine - c.Inizio;
+            std::size_t visti = 0;
+            std::size_t cr = 0;
+            bool trovato = c.Inizio == 0; // without a byte before it
+            if (trovato) return righe;
+            while (visti + Fetta + dopo < resto) {
+                const char* p = inizio + visti;
+                trovato = forse(p);
+                if (trovato) break;
+                unsigned char conta = 0; // 128 fit
+                for (std::size_t i = 0; i < Fetta; ++i)
+                    conta = static_cast<unsigned char>(conta + (p[i] == '\r'));
+                cr += conta;
+                visti += Fetta;
+            }
+            if (cr == 0) return righe;
+            const std::size_t fino = Vista(inizio, visti).rfind('\r') + 1;
+            c.Inizio += fino + (inizio[fino] == '\n' ? 1 : 0);
+            righe += static_cast<Lungo>(cr);
+            if (trovato || !Riempi(c)) return righe;
+        }
+        return righe;
+    }
+    static constexpr std::size_t Fetta = 128;
+
+    /// The same for lines that do not hold `ago`, of two to eight bytes.
+    Lungo SaltaSenza(int n, Vista ago) {
+        return SaltaRighe(n, 8, [ago](const char* p) {
+            unsigned char due = 0;
+            for (std::size_t i = 0; i < Fetta; ++i)
+                due = static_cast<unsigned char>(due | ((p[i] == ago[0]) & (p[i + 1] == ago[1])));
+            return due != 0 && Vista(p, Fetta + ago.size() - 1).find(ago) != Vista::npos;
+        });
+    }
 
     /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
     /// output, 61 or 57 when a block could not be written.

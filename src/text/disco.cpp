@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "text/disco.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace morvella {
@@ -15,6 +16,21 @@ std::string Disco::TestoOra(const Istante& quando) {
     char testo[48];
     std::snprintf(testo, sizeof testo, "%02d:%02d:%02d", quando.Ora, quando.Minuto, quando.Secondo);
     return testo;
+}
+
+std::string Disco::Assoluto(const std::string& percorso) {
+    const std::string tutto = percorso.starts_with('/') ? percorso : DirectoryCorrente() + '/' + percorso;
+    std::string intero;
+    for (std::size_t i = 0; i < tutto.size();) {
+        const std::size_t fine = std::min(tutto.find('/', i), tutto.size());
+        const std::string nome = tutto.substr(i, fine - i);
+        i = fine + 1;
+        if (nome == "..")
+            intero.erase(std::min(intero.find_last_of('/'), intero.size()));
+        else if (!nome.empty() && nome != ".")
+            intero += '/' + nome;
+    }
+    return intero.empty() ? "/" : intero;
 }
 
 std::string Disco::DirectoryUnita(const std::string& unita) {

@@ -34,6 +34,7 @@ struct Scheda {
     Identita Chi;
     std::uint64_t Bytes = 0;
     std::int64_t Modificato = 0; // of the platform's own count; changes when the entry changes
+    bool Nascosto = false;       // hidden or a part of the system; never on POSIX
     int Errore = 0;              // Assente because it could not be asked: the run-time error
 
     bool Esiste() const noexcept { return Tipo != TipoVoce::Assente; }
@@ -70,6 +71,9 @@ class Disco {
     virtual void CreaDirectory(const std::string& percorso) = 0;
     virtual void CambiaDirectory(const std::string& percorso) = 0;
     virtual std::string DirectoryCorrente() = 0;
+    /// Where a path that a user wrote leads from the current directory, in whole: as the
+    /// platform's other programs take it, without "." and "..".
+    virtual std::string Assoluto(const std::string& percorso);
     /// Copies the bytes; creates the target, or empties it first.
     virtual void Copia(const std::string& da, const std::string& a) = 0;
     virtual void Cancella(const std::string& percorso) = 0;

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 
 #include "text/disco.h"
@@ -175,6 +176,18 @@ class DiscoPosix : public Disco {
         }
         percorso.resize(percorso.find('\0'));
         return percorso;
+    }
+
+    // ".." behind a link leads out of what the link stands for: the disk resolves it, not the text.
+    std::string Assoluto(const std::string& percorso) override {
+        if (percorso.find("..") == std::string::npos) return Disco::Assoluto(percorso);
+        const std::size_t nome = percorso.find_last_of('/') + 1;
+        const std::string directory = nome == 0 ? "." : percorso.substr(0, nome);
+        char* vera = ::realpath(directory.c_str(), nullptr);
+        if (!vera) return Disco::Assoluto(percorso);
+        const std::string intero = std::string(vera) + '/' + percorso.substr(nome);
+        std::free(vera);
+        return Disco::Assoluto(intero);
     }
 
     void Copia(const std::string& da, const std::string& a) override {

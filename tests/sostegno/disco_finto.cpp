@@ -92,8 +92,7 @@ std::map<std::string, std::string> DiscoFinto::TuttiIFile() const {
 
 const DiscoFinto::Voce* DiscoFinto::Trova(const std::string& percorso) const {
     std::string senza = percorso;
-    while (senza.size() > 1 && senza.back() == '/')
-        senza.pop_back();
+    while (senza.size() > 1 && senza.back() == '/') senza.pop_back();
     const auto voce = voci_.find(senza);
     return voce == voci_.end() ? nullptr : voce->second.get();
 }
@@ -227,9 +226,9 @@ unsigned long DiscoFinto::GetShortPathNameA(const std::string& percorso, char* b
     const auto corto = PercorsiCorti.find(percorso);
     if (corto == PercorsiCorti.end()) return 0;
     const std::string& testo = corto->second;
-    if (testo.size() + 1 > misura) return testo.size() + 1;
+    if (testo.size() + 1 > misura) return static_cast<unsigned long>(testo.size() + 1);
     std::memcpy(buffer, testo.c_str(), testo.size() + 1);
-    return testo.size();
+    return static_cast<unsigned long>(testo.size());
 }
 
 } // namespace morvella::prove

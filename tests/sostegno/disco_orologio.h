@@ -22,6 +22,7 @@ class DiscoOrologio : public Disco {
     void CreaDirectory(const std::string& p) override { vero_->CreaDirectory(p); }
     void CambiaDirectory(const std::string& p) override { vero_->CambiaDirectory(p); }
     std::string DirectoryCorrente() override { return vero_->DirectoryCorrente(); }
+    std::string Assoluto(const std::string& p) override { return vero_->Assoluto(p); }
     void Copia(const std::string& da, const std::string& a) override { vero_->Copia(da, a); }
     void Collega(const std::string& da, const std::string& a) override { vero_->Collega(da, a); }
     void Cancella(const std::string& p) override { vero_->Cancella(p); }

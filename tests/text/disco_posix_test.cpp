@@ -1,0 +1,426 @@
+// SPDX-License-Identifier: MIT
+//
+// The home on a POSIX system, on a directory of the machine's own disk.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "text/canali.h"
+#include "text/numero_di.h"
+
+namespace morvella {
+
+namespace {
+
+namespace fs = std::filesystem;
+using prove::ErroreDi;
+using prove::NumeroDi;
+
+class DiscoPosix : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string modello = fs::temp_directory_path() / "morvella-prova-XXXXXX";
+        ASSERT_NE(::mkdtemp(modello.data()), nullptr);
+        Radice = fs::canonical(modello).string();
+        Prima = fs::current_path();
+        fs::current_path(Radice);
+        P = File.Aggancia(Gancio::Progetto, Radice);
+    }
+    void TearDown() override {
+        fs::current_path(Prima);
+        fs::remove_all(Radice);
+    }
+
+    void Metti(const std::string& nome, const std::string& bytes) const {
+        std::ofstream(Radice + "/" + nome, std::ios::binary) << bytes;
+    }
+    std::string Leggi(const std::string& nome) const {
+        std::ifstream file(Radice + "/" + nome, std::ios::binary);
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return file ? bytes.str() : "<none>";
+    }
+    std::vector<std::string> Nomi(const std::string& dove = "") const {
+        std::vector<std::string> nomi;
+        for (const auto& voce : fs::directory_iterator(Radice + "/" + dove))
+            nomi.push_back(voce.path().filename());
+        std::sort(nomi.begin(), nomi.end());
+        return nomi;
+    }
+    void Scrivi(Vista percorso, Vista testo) {
+        Canale.OpenOutput(2, percorso);
+        Canale.Print(2, testo);
+        Canale.Close(2);
+    }
+
+    std::unique_ptr<Disco> Vero = DiscoReale();
+    Archivio File{*Vero};
+    Canali Canale{File};
+    std::string Radice;
+    Testo P;
+    fs::path Prima;
+};
+
+TEST_F(DiscoPosix, ScriveELegge) {
+    Scrivi(P + "\\a.txt", Chr(196) + "\n" + Chr(0));
+    EXPECT_EQ(Leggi("a.txt"), std::string("\xC4\n\0\r\n", 5));
+    Canale.OpenInput(1, P + "\\A.TXT");
+    EXPECT_EQ(Canale.LineInput(1), Testo("\xC4\n\0", 3));
+    EXPECT_TRUE(Canale.Eof(1));
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, "a.txt"), 0; }),
+              55); // by way of the current directory
+    Canale.Close(1);
+    Scrivi("a.txt", "x");
+    EXPECT_EQ(Leggi("a.txt"), "x\r\n"); // nothing of the longer text is left
+}
+
+TEST_F(DiscoPosix, FileGrande) {
+    Testo bytes;
+    for (int i = 0; bytes.size() < 5 * Canali::Blocco; ++i) bytes += CStr(i) + "\r\n";
+    Metti("grande", bytes);
+    Canale.OpenInput(1, P + "\\grande");
+    Canale.OpenOutput(2, P + "\\copia");
+    while (!Canale.Eof(1)) Canale.Print(2, Canale.LineInput(1));
+    Canale.Close(1);
+    Canale.Close(2);
+    EXPECT_TRUE(Leggi("copia") == bytes);
+    File.FileCopy(P + "\\GRANDE", P + "\\copia");
+    EXPECT_TRUE(Leggi("copia") == bytes);
+    EXPECT_EQ(File.FileLen("copia"), Len(bytes));
+    Metti("vuoto", "");
+    File.FileCopy(P + "\\vuoto", P + "\\copia");
+    EXPECT_EQ(Leggi("copia"), "");
+}
+
+TEST_F(DiscoPosix, NomiEAccenti) {
+    Metti("Perché.BAS", "1");
+    EXPECT_EQ(File.Dir(P + "\\PERCH\xC9.bas", 0), "Perch\xE9.BAS");
+    Scrivi(P + "\\PERCH\xC9.bas", "2");
+    EXPECT_EQ(Leggi("Perché.BAS"), "2\r\n");
+    Scrivi(P + "\\quantit\xE0.txt", "3");
+    EXPECT_EQ(Nomi(), (std::vector<std::string>{"Perché.BAS", "quantità.txt"}));
+    File.Kill(P + "\\perch\xE9.bas");
+    Scrivi(P + "\\perch\xE9.bas", "4");
+    EXPECT_EQ(Nomi(), (std::vector<std::string>{"perché.bas", "quantità.txt"}));
+}
+
+TEST_F(DiscoPosix, ViciniChePaionoUguali) {
+    fs::create_directories(Radice + "/Prog");
+    fs::create_directories(Radice + "/prog/appoggio");
+    const Testo a = File.Aggancia(Gancio::Progetto, Radice + "/Prog") + "\\Appoggio";
+    File.MkDir(a);
+    File.AgganciaLavoro(a);
+    Scrivi(LCase(a + "\\Form1.Txt"), "x");
+    EXPECT_EQ(Nomi("Prog/Appoggio"), std::vector<std::string>{"form1.txt"});
+    EXPECT_TRUE(Nomi("prog/appoggio").empty());
+}
+
+TEST_F(DiscoPosix, DirectoryCheWindows1252NonScrive) {
+    fs::create_directories(Radice + "/プロジェクト");
+    const Testo p = File.Aggancia(Gancio::Progetto, Radice + "/プロジェクト");
+    File.MkDir(p + "\\Appoggio");
+    File.AgganciaLavoro(p + "\\Appoggio");
+    File.ChDir(p);
+    Scrivi(LCase(p + "\\Appoggio\\Form1.Txt"), "x");
+    EXPECT_EQ(Leggi("プロジェクト/Appoggio/form1.txt"), "x\r\n");
+    EXPECT_EQ(File.FileLen("appoggio\\form1.txt"), 3);
+}
+
+TEST_F(DiscoPosix, DirectoryAlPostoDiUnFile) {
+    fs::create_directories(Radice + "/dir");
+    Metti("file", "x");
+    const Testo dir = P + "\\dir";
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, dir), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, dir), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.FileCopy(P + "\\file", dir), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.FileCopy(dir, P + "\\x"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.Kill(dir), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.MkDir(dir), 0; }), 75);
+    // The disk itself says the same, should it change behind a look at it.
+    EXPECT_EQ(NumeroDi([&] { return Vero->ApriScrittura(Radice + "/dir"); }), 75);
+    EXPECT_EQ(NumeroDi([&] { return Vero->CreaDirectory(Radice + "/dir"), 0; }), 75);
+    EXPECT_EQ(Nomi(), (std::vector<std::string>{"dir", "file"}));
+}
+
+TEST_F(DiscoPosix, FileAlPostoDiUnaDirectory) {
+    Metti("file", "x");
+    const Testo sotto = P + "\\file\\sotto";
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, sotto), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, sotto), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return File.FileCopy(P + "\\file", sotto), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return File.MkDir(sotto), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return File.ChDir(P + "\\file"), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Vero->ApriScrittura(Radice + "/file/sotto"); }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Vero->CreaDirectory(Radice + "/file/sotto"), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Vero->CambiaDirectory(Radice + "/file"), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Vero->CreaDirectory(Radice + "/manca/sotto"), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Vero->CambiaDirectory(Radice + "/manca"), 0; }), 76);
+    EXPECT_EQ(Leggi("file"), "x");
+}
+
+TEST_F(DiscoPosix, AssenzeDelDisco) {
+    EXPECT_EQ(NumeroDi([&] { return Vero->ApriLettura(Radice + "/manca"); }), 53);
+    EXPECT_EQ(NumeroDi([&] { return Vero->Cancella(Radice + "/manca"), 0; }), 53);
+    EXPECT_EQ(NumeroDi([&] { return Vero->UltimaModifica(Radice + "/manca").Anno; }), 53);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\manca"), 0; }), 53);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\manca\\x"), 0; }), 76);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, P + "\\manca\\x"), 0; }), 76);
+    EXPECT_FALSE(Vero->Esamina(Radice + "/manca").Esiste());
+    EXPECT_EQ(Vero->Esamina(Radice + "/manca").Errore, 0);
+}
+
+TEST_F(DiscoPosix, SenzaDiritti) {
+    if (::geteuid() == 0) GTEST_SKIP() << "permissions do not bind this user";
+    fs::create_directories(Radice + "/chiusa");
+    Metti("chiusa/file", "x");
+    Metti("muto", "x");
+    fs::permissions(Radice + "/muto", fs::perms::none);
+    fs::permissions(Radice + "/chiusa", fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\muto"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, P + "\\muto"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, P + "\\chiusa\\nuovo"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.MkDir(P + "\\chiusa\\nuova"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.Kill(P + "\\chiusa\\file"), 0; }), 75);
+    fs::permissions(Radice + "/chiusa", fs::perms::none);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\chiusa\\file"), 0; }), 75);
+    EXPECT_EQ(File.Dir(P + "\\chiusa\\file", 0), "");
+    fs::permissions(Radice + "/chiusa", fs::perms::owner_all);
+    EXPECT_EQ(Leggi("chiusa/file"), "x");
+}
+
+TEST_F(DiscoPosix, TuboEDispositivo) {
+    // Neither a file nor a directory: nothing waits on it, and nothing is written to it.
+    ASSERT_EQ(::mkfifo((Radice + "/tubo").c_str(), 0666), 0);
+    EXPECT_EQ(Vero->Esamina(Radice + "/tubo").Tipo, TipoVoce::Altro);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\tubo"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, P + "\\tubo"), 0; }), 75);
+    EXPECT_EQ(NumeroDi([&] { return File.FileCopy(P + "\\tubo", P + "\\x"), 0; }), 75);
+    EXPECT_EQ(File.Dir(P + "\\tubo", 0), "");
+    EXPECT_EQ(File.Dir(P + "\\tubo", 16), "");
+    EXPECT_EQ(File.Dir(P + "\\*.*", 0), "");
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, "\\dev\\null"), 0; }), 75);
+}
+
+TEST_F(DiscoPosix, DispositivoPieno) {
+    if (!fs::exists("/dev/full")) GTEST_SKIP() << "this machine has no /dev/full";
+    const auto pieno = Vero->ApriScrittura("/dev/full");
+    EXPECT_EQ(NumeroDi([&] { return pieno->Scrivi("x", 1), 0; }), 61);
+    Metti("file", "x");
+    EXPECT_EQ(NumeroDi([&] { return Vero->Copia(Radice + "/file", "/dev/full"), 0; }), 61);
+}
+
+// Files of this process may not grow beyond so many bytes.
+class Limite {
+  public:
+    explicit Limite(rlim_t bytes) : segnale_(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &prima_);
+        const rlimit limite{bytes, prima_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limite);
+    }
+    ~Limite() {
+        ::setrlimit(RLIMIT_FSIZE, &prima_);
+        std::signal(SIGXFSZ, segnale_);
+    }
+    Limite(const Limite&) = delete;
+    Limite& operator=(const Limite&) = delete;
+
+  private:
+    rlimit prima_{};
+    void (*segnale_)(int);
+};
+
+TEST_F(DiscoPosix, DiscoPieno) {
+    const Testo riga(998, 'x');
+    Testo tutto;
+    while (tutto.size() < 2 * Canali::Blocco) tutto += riga + "\r\n";
+    Metti("sorgente", tutto);
+    for (const std::size_t limite : {std::size_t{0}, std::size_t{1}, Canali::Blocco, Canali::Blocco + 1,
+                                     tutto.size() - 1, tutto.size() + 1}) {
+        int errori = 0;
+        int copia = 0;
+        {
+            const Limite stretto(limite);
+            Canale.OpenOutput(2, P + "\\out");
+            for (std::size_t i = 0; i < tutto.size() / 1000; ++i) {
+                const int numero = NumeroDi([&] { return Canale.Print(2, riga), 0; });
+                if (numero != 0) errori += numero == 61 ? 1 : 100;
+                if (numero != 0) break;
+            }
+            const int numero = NumeroDi([&] { return Canale.Close(2), 0; });
+            if (numero != 0) errori += numero == 61 ? 1 : 100;
+            copia = NumeroDi([&] { return File.FileCopy(P + "\\sorgente", P + "\\copia"), 0; });
+        }
+        EXPECT_EQ(errori, limite < tutto.size() ? 1 : 0) << limite; // once, and never in silence
+        EXPECT_EQ(copia, limite < tutto.size() ? 61 : 0) << limite;
+        EXPECT_TRUE(Leggi("out") == tutto.substr(0, limite)) << limite;
+        EXPECT_TRUE(Leggi("sorgente") == tutto);
+    }
+}
+
+TEST_F(DiscoPosix, ProtettoAttraversoUnCollegamento) {
+    fs::create_directories(Radice + "/Appoggio");
+    Metti("Fonte.bas", "fonte");
+    Metti("altro", "altro");
+    fs::create_hard_link(Radice + "/Fonte.bas", Radice + "/Appoggio/duro.txt");
+    fs::create_symlink("../Fonte.bas", Radice + "/Appoggio/molle.txt");
+    fs::create_directory_symlink(".", Radice + "/giro");
+    File.Proteggi({P + "\\fonte.bas"});
+    for (const char* nome : {"Fonte.bas", "FONTE.BAS", "Appoggio\\duro.txt", "Appoggio\\MOLLE.txt",
+                             "giro\\giro\\fonte.bas", "Appoggio\\..\\fonte.bas"}) {
+        const Testo percorso = P + "\\" + nome;
+        EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, percorso), 0; }), 70) << nome;
+        EXPECT_EQ(NumeroDi([&] { return File.FileCopy(P + "\\altro", percorso), 0; }), 70) << nome;
+        EXPECT_EQ(NumeroDi([&] { return File.Kill(percorso), 0; }), 70) << nome;
+        EXPECT_EQ(Leggi("Fonte.bas"), "fonte");
+        File.FileCopy(P + "\\fonte.bas", percorso); // onto itself: left as it is
+        EXPECT_EQ(Leggi("Fonte.bas"), "fonte");
+    }
+    // The row itself may be a link: then what it leads to is protected.
+    File.Proteggi({P + "\\Appoggio\\molle.txt"});
+    EXPECT_EQ(NumeroDi([&] { return File.Kill(P + "\\Fonte.bas"), 0; }), 70);
+}
+
+TEST_F(DiscoPosix, ApertoAttraversoUnCollegamento) {
+    Metti("a", "a\r\n");
+    fs::create_hard_link(Radice + "/a", Radice + "/b");
+    fs::create_symlink("a", Radice + "/c");
+    Canale.OpenInput(1, P + "\\a");
+    for (const char* nome : {"\\a", "\\b", "\\c"}) {
+        EXPECT_EQ(NumeroDi([&] { return Canale.OpenOutput(2, P + nome), 0; }), 55) << nome;
+        EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(2, P + nome), 0; }), 55) << nome;
+    }
+    EXPECT_EQ(Leggi("a"), "a\r\n");
+}
+
+TEST_F(DiscoPosix, CollegamentoAlNulla) {
+    fs::create_symlink("manca", Radice + "/appeso");
+    fs::create_symlink("anello", Radice + "/anello");
+    EXPECT_EQ(File.Dir(P + "\\appeso", 0), "");
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\appeso"), 0; }), 53);
+    EXPECT_EQ(NumeroDi([&] { return File.Kill(P + "\\appeso"), 0; }), 53);
+    EXPECT_EQ(File.Dir(P + "\\anello", 16), "");
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\anello"), 0; }), 53);
+    EXPECT_EQ(NumeroDi([&] { return Canale.OpenInput(1, P + "\\anello\\x"), 0; }), 76);
+}
+
+TEST_F(DiscoPosix, AncheCome) {
+    Metti("Pagina.Html", "x");
+    File.AncheCome(P + "\\pagina.html", "PAGINA.HTML");
+    EXPECT_EQ(Leggi("PAGINA.HTML"), "x");
+    File.AncheCome(P + "\\Pagina.Html", "Pagina.Html"); // it is called so already
+    File.AncheCome(P + "\\manca", "MANCA");             // it is not there
+    EXPECT_EQ(Nomi(), (std::vector<std::string>{"PAGINA.HTML", "Pagina.Html"}));
+    Scrivi(P + "\\Pagina.Html", "y"); // both names are of one file
+    EXPECT_EQ(Leggi("PAGINA.HTML"), "y\r\n");
+}
+
+TEST_F(DiscoPosix, PuntoPuntoNelTestoENonNelCollegamento) {
+    fs::create_directories(Radice + "/lontano/qui");
+    Metti("file", "vicino");
+    Metti("lontano/file", "lontano, davvero");
+    fs::create_directory_symlink("lontano/qui", Radice + "/link");
+    EXPECT_EQ(File.FileLen(P + "\\link\\..\\file"), 6);
+}
+
+TEST_F(DiscoPosix, CambiatoDaAltri) {
+    EXPECT_EQ(File.Dir(P + "\\UNO.txt", 0), "");
+    std::this_thread::sleep_for(std::chrono::milliseconds(30)); // beyond the disk's own tick
+    Metti("Uno.txt", "1");
+    EXPECT_EQ(File.Dir(P + "\\UNO.txt", 0), "Uno.txt");
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    fs::rename(Radice + "/Uno.txt", Radice + "/due.txt");
+    EXPECT_EQ(File.Dir(P + "\\UNO.txt", 0), "");
+    EXPECT_EQ(File.Dir(P + "\\DUE.txt", 0), "due.txt");
+}
+
+TEST_F(DiscoPosix, DirectoryCorrente) {
+    fs::create_directories(Radice + "/Sub");
+    File.ChDir(P + "\\SUB");
+    EXPECT_EQ(fs::current_path(), Radice + "/Sub"); // of the whole process
+    EXPECT_EQ(Vero->DirectoryCorrente(), Radice + "/Sub");
+    std::string lunga = Radice;
+    for (int i = 0; i < 4; ++i) lunga += "/" + std::string(150, 'x');
+    fs::create_directories(lunga);
+    Vero->CambiaDirectory(lunga);
+    EXPECT_EQ(Vero->DirectoryCorrente(), lunga);
+    Vero->CambiaDirectory(Radice);
+}
+
+TEST_F(DiscoPosix, DataDiUnFile) {
+    const char* zona = std::getenv("TZ");
+    const std::string prima = zona ? zona : "";
+    Metti("file", "");
+    const auto segna = [&](std::time_t secondi) {
+        const timespec tempi[2] = {{secondi, 0}, {secondi, 999999999}};
+        ASSERT_EQ(::utimensat(AT_FDCWD, (Radice + "/file").c_str(), tempi, 0), 0);
+    };
+    ::setenv("TZ", "XXX-1", 1); // local time: an hour ahead
+    ::tzset();
+    segna(946684800); // 2000-01-01, 00:00:00 in Greenwich
+    EXPECT_EQ(File.FileDateTime(P + "\\FILE"), "01/01/2000 01:00:00");
+    segna(946684800 - 3600);
+    EXPECT_EQ(File.FileDateTime(P + "\\FILE"), "01/01/2000"); // midnight here
+    if (zona)
+        ::setenv("TZ", prima.c_str(), 1);
+    else
+        ::unsetenv("TZ");
+    ::tzset();
+}
+
+TEST_F(DiscoPosix, Orologio) {
+    const std::time_t prima = std::time(nullptr);
+    const Istante ora = Vero->Adesso();
+    const std::time_t dopo = std::time(nullptr);
+    std::tm tm{};
+    tm.tm_year = ora.Anno - 1900;
+    tm.tm_mon = ora.Mese - 1;
+    tm.tm_mday = ora.Giorno;
+    tm.tm_hour = ora.Ora;
+    tm.tm_min = ora.Minuto;
+    tm.tm_sec = ora.Secondo;
+    tm.tm_isdst = -1;
+    const std::time_t detto = std::mktime(&tm);
+    EXPECT_GE(detto, prima);
+    EXPECT_LE(detto, dopo);
+    EXPECT_EQ(File.Date().size(), 10u);
+    EXPECT_EQ(File.Time().size(), 8u);
+}
+
+TEST_F(DiscoPosix, Avvia) {
+    const char* dove = std::getenv("PATH");
+    const std::string prima = dove ? dove : "";
+    ::setenv("PATH", Radice.c_str(), 1);
+    EXPECT_EQ(NumeroDi([&] { return File.Shell("Notepad.exe " + P + "\\x.log", 3), 0; }), 53);
+    // With a program of the desktop in place: it gets the file's own path as one argument.
+    Metti("xdg-open", "#!/bin/sh\nprintf '%s' \"$#|$1\" > \"$0.tmp\" && /bin/mv \"$0.tmp\" \"$0.detto\"\n");
+    fs::permissions(Radice + "/xdg-open", fs::perms::owner_all);
+    Metti("Con blank perché.log", "");
+    File.Shell("Notepad.exe " + P + "\\CON BLANK PERCH\xC9.LOG", 3);
+    ::setenv("PATH", prima.c_str(), 1);
+    for (int i = 0; i < 500 && !fs::exists(Radice + "/xdg-open.detto"); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(Leggi("xdg-open.detto"), "1|" + Radice + "/Con blank perché.log");
+}
+
+TEST_F(DiscoPosix, SenzaPercorsiCorti) {
+    char buffer[8] = "";
+    EXPECT_FALSE(Vero->HaPercorsiCorti());
+    EXPECT_EQ(Vero->GetShortPathNameA(Radice, buffer, sizeof buffer), 0u);
+    EXPECT_TRUE(Vero->DistingueMaiuscole());
+    EXPECT_EQ(Vero->DirectoryUnita("C:"), "/");
+    EXPECT_EQ(NumeroDi([&] { return Vero->DirectoryUnita("A:"); }), 71);
+}
+
+} // namespace
+
+} // namespace morvella

@@ -108,7 +108,7 @@ void FinestraTesto::TogliProgresso() {
 void FinestraTesto::MotoreFermato(const Arresto& arresto) {
     Avvenuto.Errori.push_back({Testo(arresto.Motore), arresto.Causa, false, arresto.Riga, arresto.RigaFile});
     Fermi.insert_or_assign(Testo(arresto.Motore), arresto);
-    Trovato.Osserva(arresto);
+    if (Sorveglia) Trovato.Osserva(arresto);
 }
 
 void FinestraTesto::ErroreSaltato(const Errore& causa) {

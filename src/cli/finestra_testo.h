@@ -35,7 +35,9 @@ class FinestraTesto : public Finestra {
     void MotoreFermato(const Arresto& arresto) override;
     void ErroreSaltato(const Errore& causa) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
-    void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo); }
+    void MargineMosso(const PassoMargine& passo) override {
+        if (Sorveglia) Trovato.Osserva(passo);
+    }
 
     /// An error that nobody trapped.
     void ErroreFinale(Vista operazione, const Errore& causa, Lungo riga);
@@ -52,6 +54,7 @@ class FinestraTesto : public Finestra {
     bool RispostaTaciuta = false;       // the command itself answers No: nothing to say
     bool SenzaProcessi = false;
     bool Silenzioso = false;
+    bool Sorveglia = false; // keep findings about the sources
 
     Cronaca Avvenuto;
     std::map<Testo, Arresto> Fermi; // the engines' ends by engine, until taken away

@@ -120,6 +120,7 @@ class Corsa {
         else if (r_.Comando == "eventi")
             finestra_.RispostaIndice = r_.Risposta;
         finestra_.Silenzioso = r_.Silenzioso;
+        finestra_.Sorveglia = r_.Controlla;
     }
 
     int Esegui();

@@ -97,9 +97,10 @@ Lungo Selezionate(const Stato& s) {
 
 Testo CampoNumero(Lungo n) {
     if (n > 999999) return Testo(5, ' '); // the number disappears, and the margin moves to the left
-    Testo campo(11, ' ');
-    for (std::size_t i = 6; i-- > 0; n /= 10) campo[i] = static_cast<char>('0' + n % 10);
-    return campo;
+    char campo[] = "000000     ";
+    auto resto = static_cast<unsigned>(n);
+    for (char* cifra = campo + 5; resto > 0; resto /= 10) *cifra-- = static_cast<char>('0' + resto % 10);
+    return {campo, 11};
 }
 
 void ScriviTesta(Stato& s) {

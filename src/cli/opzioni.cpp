@@ -16,8 +16,8 @@ bool SiNo(const std::string& valore) {
 }
 
 // clang-format off
-constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Eventi | Documenta;
-constexpr unsigned DiProgetto = Lavorano | Legge | Elenca;
+constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Documenta;
+constexpr unsigned DiProgetto = Lavorano | Legge | Elenca | Eventi;
 constexpr unsigned Tutti = ~0U;
 
 constexpr Comando TabellaComandi[] = {

@@ -6,6 +6,8 @@
 #include <ostream>
 #include <string>
 
+#include "listing/decodifica.h"
+
 namespace morvella::cli {
 
 namespace {
@@ -27,7 +29,8 @@ bool DiceSi(std::string risposta) {
 
 void FinestraTesto::Di(const std::string& utf8) {
     TogliProgresso();
-    ambiente_.Errori << ambiente_.Codifica(utf8) << '\n';
+    ambiente_.Errori << ambiente_.Codifica(ambiente_.ErroriTerminale ? MostrabileUtf8(utf8, true) : utf8)
+                     << '\n';
 }
 
 int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
@@ -93,7 +96,7 @@ void FinestraTesto::Disegna() {
     riga.append(static_cast<std::size_t>(piena), '#').append(static_cast<std::size_t>(Larga - piena), '.');
     riga.append("] ").append(std::to_string(static_cast<int>(std::min(fatto, 1.0) * 100))).append("% ");
     const std::size_t posto = ambiente_.Colonne > riga.size() + 1 ? ambiente_.Colonne - riga.size() - 1 : 0;
-    riga += Utf8Da1252(file.substr(0, posto));
+    riga += Mostrabile(file.substr(0, posto));
     if (riga == disegnato_) return;
     ambiente_.Errori << "\r\x1b[K" << ambiente_.Codifica(riga) << std::flush;
     disegnato_ = riga;

@@ -15,6 +15,7 @@
 #include "cli/opzioni.h"
 #include "cli/sottocartelle.h"
 #include "docs/docs.h"
+#include "listing/decodifica.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/comandi.h"
@@ -206,7 +207,7 @@ std::string Corsa::Breve(Vista percorso) {
 void Corsa::Riga(const std::string& utf8) {
     // With the report on standard output nothing else goes there.
     std::ostream& dove = r_.Rapporto == "-" ? ambiente_.Errori : ambiente_.Uscita;
-    dove << ambiente_.Codifica(utf8) << '\n';
+    dove << ambiente_.Codifica(ambiente_.UscitaTerminale ? MostrabileUtf8(utf8, true) : utf8) << '\n';
 }
 
 void Corsa::ScegliProgramma() {
@@ -603,9 +604,7 @@ int Corsa::Esegui() {
     return stato;
 }
 
-} // namespace
-
-int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
+int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
     const auto di = [&](const std::string& utf8) { ambiente.Errori << ambiente.Codifica(utf8) << '\n'; };
     try {
         Richiesta richiesta = Analizza(argomenti);
@@ -627,6 +626,17 @@ int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
            (e.File.empty() ? "" : " (" + e.File + ")"));
         return Fermato;
     }
+}
+
+} // namespace
+
+int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
+    const int stato = EseguiComando(argomenti, ambiente);
+    ambiente.Uscita << std::flush;
+    if (ambiente.Uscita.good()) return stato;
+    ambiente.Errori << ambiente.Codifica("morvella-cli: l'uscita standard non ha accettato tutto il testo.")
+                    << '\n';
+    return stato == Fatto ? Fermato : stato;
 }
 
 } // namespace morvella::cli

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/rilievi.h"
 
+#include "listing/decodifica.h"
+
 namespace morvella::cli {
 
 namespace {
@@ -8,11 +10,11 @@ namespace {
 // A source line in a message: as it is, but cut where it would drown the rest.
 std::string Citata(Vista linea) {
     constexpr Lungo Massimo = 80;
-    std::string testo = Utf8Da1252(Mid(linea, 1, Massimo));
-    for (char& c : testo)
-        if (static_cast<unsigned char>(c) < 32) c = ' ';
+    const std::string testo = Mostrabile(Mid(linea, 1, Massimo));
     return "«" + testo + (Len(linea) > Massimo ? "…»" : "»");
 }
+
+constexpr Lungo Nominati = 20; // open blocks that a message names one by one
 
 std::string RigaDi(Lungo n) { return "riga " + std::to_string(n); }
 
@@ -42,10 +44,11 @@ void Sorvegliante::Osserva(const PassoMargine& passo) {
         Lungo quanti = 0;
         for (std::size_t i = 0; i < colonne_.size(); ++i) {
             if (colonne_[i].RigaFile == 0) continue;
-            ++quanti;
+            if (++quanti > Nominati) continue;
             aperti +=
                 (aperti.empty() ? "" : ", ") + RigaDi(colonne_[i].RigaFile) + " " + Citata(colonne_[i].Linea);
         }
+        if (quanti > Nominati) aperti += " e altri " + std::to_string(quanti - Nominati);
         std::string frase = testa_.RigaFile > 0 ? "la procedura " + Citata(testa_.Linea) + " (" +
                                                       RigaDi(testa_.RigaFile) + ")"
                                                 : "una procedura di cui non si riconosce la testata";

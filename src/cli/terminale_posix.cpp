@@ -58,10 +58,11 @@ class ImpaginatorePosix : public Impaginatore {
 };
 
 std::unique_ptr<Impaginatore> AvviaImpaginatore() {
-    const char* scelto = std::getenv("PAGER");
     // A reader who leaves early must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
-    FILE* tubo = ::popen(scelto && *scelto ? scelto : "less -FRSX", "w");
+    FILE* tubo = ::popen("p=${PAGER:-less}; if command -v \"${p%% *}\" >/dev/null 2>&1; then "
+                         "LESS=${LESS-FRSX}; export LESS; $p; else cat; fi",
+                         "w");
     return tubo ? std::make_unique<ImpaginatorePosix>(tubo) : nullptr;
 }
 

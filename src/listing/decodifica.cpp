@@ -37,23 +37,6 @@ void Accoda(std::vector<Tratto>& tratti, Tratto::Genere che, std::string_view ut
         tratti.push_back({che, std::string(utf8)});
 }
 
-// Windows-1252 to what a terminal can show: a control byte must not act on it.
-std::string Mostrabile(Vista bytes) {
-    std::string utf8;
-    for (const char c : Utf8Da1252(bytes)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 32 && c != '\t') {
-            utf8 += "\xE2\x90"; // U+2400 and on: the pictures of the control characters
-            utf8 += static_cast<char>(0x80 + byte);
-        } else if (byte == 127) {
-            utf8 += "\xE2\x90\xA1";
-        } else {
-            utf8 += c;
-        }
-    }
-    return utf8;
-}
-
 bool Cifre(Vista s) {
     return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
@@ -67,6 +50,28 @@ bool BordoDiRiquadro(Vista riga) {
 }
 
 } // namespace
+
+std::string MostrabileUtf8(std::string_view utf8, bool righe) {
+    std::string testo;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const char c = utf8[i];
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 32 && c != '\t' && !(righe && c == '\n')) {
+            testo += "\xE2\x90"; // U+2400 and on: the pictures of the control characters
+            testo += static_cast<char>(0x80 + byte);
+        } else if (byte == 127) {
+            testo += "\xE2\x90\xA1";
+        } else if (byte == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0) {
+            testo += "\xEF\xBF\xBD"; // the second set of control characters has no pictures
+            ++i;
+        } else {
+            testo += c;
+        }
+    }
+    return testo;
+}
+
+std::string Mostrabile(Vista bytes, bool righe) { return MostrabileUtf8(Utf8Da1252(bytes), righe); }
 
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
     tratti.clear();

@@ -51,12 +51,14 @@ void ElencaFile(Stato& s, const Testo& voce) {
         s.Riga = Trim(Istruzione(s, [&] { return s.Canale.LineInput(1); }));
         const PassoTesta passo = AvanzaTestaStruttura(s);
         if (passo.Testa) ScriviTesta(s);
-        if (!passo.Codice && !passo.Riparte) continue;
-        s.Numero = CampoNumero(s.ContaRighe);
-        if (passo.Riparte)
-            Riparti(s);
-        else
-            ElencaRiga(s);
+        if (passo.Codice || passo.Riparte) {
+            s.Numero = CampoNumero(s.ContaRighe);
+            if (passo.Riparte)
+                Riparti(s);
+            else
+                ElencaRiga(s);
+        }
+        s.Riga = {}; // the channel may move what it has read
     }
     Istruzione(s, [&] { s.Canale.Close(1); });
     Istruzione(s, [&] { s.Canale.Close(2); });
@@ -145,9 +147,13 @@ void mnuLettura_Click(Stato& s) {
         // The listing run deselects every row that it comes to, so each visit here leaves fewer.
         // One that leaves as many would leave them for ever.
         const Lungo prima = Selezionate(s);
+        const Errore manca53(ErrFileAssente, s.FileUscita);
+        const Lungo cercata = s.IndiceFile;
         mnuvorn_Click(s);
         if (Selezionate(s) >= prima) {
-            s.Casa.MotoreFermato(FaiArresto(s, "mnuLettura_Click", Errore(ErrFileAssente, s.FileUscita)));
+            s.RigaInLavoro = cercata;
+            s.RigaFile = 0;
+            s.Casa.MotoreFermato(FaiArresto(s, "mnuLettura_Click", manca53));
             return;
         }
     }

@@ -63,7 +63,9 @@ void RiscriviFile(Stato& s, const Testo& voce) {
         ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
         const Vista linea = Istruzione(s, [&] { return s.Canale.LineInput(1); });
+        s.Riga = linea;
         if (AvanzaTestaRiordina(s, linea)) RiscriviRiga(s);
+        s.Riga = {}; // the channel may move what it has read
     }
     ScriviChiusura(s);
     Istruzione(s, [&] { s.Canale.Close(1); });

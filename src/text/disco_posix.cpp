@@ -218,10 +218,23 @@ class DiscoPosix : public Disco {
         return Locale(st.st_mtime);
     }
 
-    void Avvia(const std::string&, const std::string& percorso, int) override {
-        // Both programs that the system names show a file: here the desktop knows which does.
-        std::string programma = "xdg-open";
-        std::string argomento = percorso;
+    void Avvia(const std::string& programma, const std::string& percorso, int) override {
+        // A listing is shown by the tool's own viewer where there is one beside the program; all
+        // else, and a page, by what the desktop has for it.
+        if (programma == "Notepad.exe" && Lancia(Vicino("morvella-lettore"), percorso)) return;
+        if (!Lancia("xdg-open", percorso)) throw Errore(ErrFileAssente);
+    }
+
+  private:
+    // The path of a program in this program's own directory.
+    static std::string Vicino(const std::string& nome) {
+        std::string questo(4096, '\0');
+        const ssize_t lungo = ::readlink("/proc/self/exe", questo.data(), questo.size());
+        questo.resize(lungo > 0 ? static_cast<std::size_t>(lungo) : 0);
+        return questo.substr(0, questo.find_last_of('/') + 1) + nome;
+    }
+
+    static bool Lancia(std::string programma, std::string argomento) {
         char* argv[] = {programma.data(), argomento.data(), nullptr};
         posix_spawnattr_t attributi;
         ::posix_spawnattr_init(&attributi);
@@ -229,7 +242,7 @@ class DiscoPosix : public Disco {
         pid_t figlio = 0;
         const int esito = ::posix_spawnp(&figlio, argv[0], nullptr, &attributi, argv, environ);
         ::posix_spawnattr_destroy(&attributi);
-        if (esito != 0) throw Errore(ErrFileAssente);
+        return esito == 0;
     }
 };
 

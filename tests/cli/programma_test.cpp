@@ -81,8 +81,7 @@ TEST(Uso, Errato) {
 TEST(Uso, AiutoStaInUnoSchermo) {
     std::string tutto;
     std::vector<std::vector<std::string>> argomenti = {{"--aiuto"}};
-    for (const Comando& c : Comandi())
-        argomenti.push_back({c.Nome, "-h"});
+    for (const Comando& c : Comandi()) argomenti.push_back({c.Nome, "-h"});
     for (const auto& a : argomenti) {
         Banco b;
         EXPECT_EQ(b.Esegui(a), 0);
@@ -94,10 +93,8 @@ TEST(Uso, AiutoStaInUnoSchermo) {
             EXPECT_LE(Bytes1252DaUtf8(riga).value().size(), 80U) << riga;
         tutto += testo;
     }
-    for (const Opzione& o : Opzioni())
-        EXPECT_NE(tutto.find(std::string("--") + o.Lunga), std::string::npos);
-    for (const Comando& c : Comandi())
-        EXPECT_NE(tutto.find(std::string("  ") + c.Nome), std::string::npos);
+    for (const Opzione& o : Opzioni()) EXPECT_NE(tutto.find(std::string("--") + o.Lunga), std::string::npos);
+    for (const Comando& c : Comandi()) EXPECT_NE(tutto.find(std::string("  ") + c.Nome), std::string::npos);
 }
 
 TEST(Uso, OpzioniInOgniForma) {
@@ -271,8 +268,26 @@ TEST(Errori, DiscoPienoNonSiPerde) {
     const auto prima = b.Disco.TuttiIFile();
     EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 1);
     EXPECT_TRUE(b.C("errore 61")) << b.Errori.str();
-    for (const auto& [percorso, bytes] : prima)
-        EXPECT_EQ(b.Disco.Leggi(percorso), bytes);
+    for (const auto& [percorso, bytes] : prima) EXPECT_EQ(b.Disco.Leggi(percorso), bytes);
+}
+
+TEST(Errori, LaRigaInLavoroNonPuntaAUnBloccoAndato) {
+    // The channel's block grows for the long line while an earlier line was the last in work: the
+    // account of the error must not look there.
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Form=A.frm\r\nModule=B; B.bas\r\n");
+    b.Disco.Metti("/casa/p/A.frm", "Sub a()\r\nx = 1\r\n");
+    b.Disco.Metti("/casa/p/B.bas", std::string(600000, 'y') + "\r\nz\r\n");
+    b.Disco.Fallisci("Scrivi", "b.txt", ErrDiscoPieno);
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.C("«B.bas»: errore 61")) << b.Errori.str();
+}
+
+TEST(Errori, UscitaStandardCheNonAccettaTesto) {
+    Banco b;
+    b.Uscita.setstate(std::ios::badbit);
+    EXPECT_EQ(b.Esegui({"elenca", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.C("l'uscita standard non ha accettato"));
 }
 
 TEST(Avvisi, DiconoSenzaCambiare) {

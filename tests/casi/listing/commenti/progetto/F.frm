@@ -1,0 +1,28 @@
+VERSION 5.00
+Begin VB.Form F
+   Caption         =   "F"
+   BeginProperty Font
+      Size            =   8.25
+   EndProperty
+End
+Attribute VB_Name = "F"
+Attribute VB_GlobalNameSpace = False
+Attribute VB_Creatable = False
+Attribute VB_PredeclaredId = True
+Attribute VB_Exposed = False
+Option Explicit
+'* intestazione
+'*
+' commento
+'
+Rem comune
+	' con tab
+x = 1 ' resta
+Sub a()
+  ' via
+  If b Then ' resta
+    '* tenuto
+  End If
+End Sub
+' dopo
+'* dopo

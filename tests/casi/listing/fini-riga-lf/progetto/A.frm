@@ -1,0 +1,5 @@
+VERSION 5.00
+Attribute VB_Exposed = False
+If a Then
+x
+End Ify

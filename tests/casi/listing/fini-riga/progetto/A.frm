@@ -1,0 +1,5 @@
+If a Thenx
+Else
+End If
+
+y

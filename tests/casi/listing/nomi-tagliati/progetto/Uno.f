@@ -1,0 +1,2 @@
+If y Then
+End If

@@ -1,0 +1,4 @@
+Attribute VB_Name = "A"
+' davanti
+option explicit
+x = 1

@@ -1,0 +1,3 @@
+option x
+Sub a()
+End Sub

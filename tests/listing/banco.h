@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// tests/listing/banco.h
+//
+// A project on the double's disk, and a notation for listings that shows what stands where:
+//   "7|···╔═>For"     line 7: the number field, then the text with its blanks and connectors
+//   "R|7|14|Sub a()"  the five lines of a box whose first line is indented by 14
+//   anything else     as it stands
+// The middle dot is a blank, a glyph is its byte of code page 437, "ù" is the byte 249.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "listing/listing.h"
+#include "sostegno/disco_finto.h"
+#include "sostegno/finestra_finta.h"
+
+namespace morvella::prove {
+
+struct Glifo {
+    std::string_view Segno;
+    char Byte;
+};
+// clang-format off
+inline constexpr Glifo Glifi[] = {
+    {"·", ' '},
+    {"┌", '\xDA'}, {"─", '\xC4'}, {"├", '\xC3'}, {"└", '\xC0'}, {"│", '\xB3'},
+    {"╔", '\xC9'}, {"═", '\xCD'}, {"╚", '\xC8'}, {"║", '\xBA'},
+    {"ù", '\xF9'},
+};
+// clang-format on
+
+inline Testo DaGlifi(std::string_view scritto) {
+    Testo bytes;
+    while (!scritto.empty()) {
+        std::size_t lungo = 1;
+        char byte = scritto.front();
+        for (const Glifo& glifo : Glifi)
+            if (scritto.starts_with(glifo.Segno)) {
+                lungo = glifo.Segno.size();
+                byte = glifo.Byte;
+            }
+        bytes += byte;
+        scritto.remove_prefix(lungo);
+    }
+    return bytes;
+}
+
+inline Testo Campo(int n) {
+    char testo[32];
+    std::snprintf(testo, sizeof testo, "%06d     ", n);
+    return testo;
+}
+
+/// One entry of the notation as its bytes, CR LF included.
+inline Testo Listata(std::string_view voce) {
+    const auto numero = [&] {
+        const int n = std::stoi(std::string(voce));
+        voce.remove_prefix(voce.find('|') + 1);
+        return n;
+    };
+    if (voce.starts_with("R|")) {
+        voce.remove_prefix(2);
+        const int n = numero();
+        const Testo p(static_cast<std::size_t>(numero()), ' ');
+        const Testo bordo = p + Testo(101, '*') + "\r\n";
+        const Testo fianchi = p + "*" + Testo(99, ' ') + "*\r\n";
+        return bordo + fianchi + Campo(n) + p + "  " + DaGlifi(voce) + "\r\n" + fianchi + bordo;
+    }
+    const bool numerata = !voce.empty() && voce.front() >= '0' && voce.front() <= '9';
+    const Testo campo = numerata ? Campo(numero()) : Testo();
+    return campo + DaGlifi(voce) + "\r\n";
+}
+
+inline Testo Listato(const std::vector<std::string>& voci) {
+    Testo bytes;
+    for (const std::string& voce : voci) bytes += Listata(voce);
+    return bytes;
+}
+
+inline Testo Sorgente(const std::vector<std::string>& righe) {
+    Testo bytes;
+    for (const std::string& riga : righe) bytes += riga + "\r\n";
+    return bytes;
+}
+
+struct Banco {
+    DiscoFinto Disco;
+    FinestraFinta Casa;
+    Stato S{Disco, Casa};
+
+    Banco() {
+        Casa.S = &S;
+        CambiaDir1(S, "/p");
+    }
+
+    /// A row, with its file unless `bytes` is nullopt.
+    void Modulo(const std::string& riga, const std::optional<std::string>& bytes) {
+        S.File1.AddItem(riga);
+        std::string percorso = "/p/" + riga;
+        std::replace(percorso.begin(), percorso.end(), '\\', '/');
+        if (bytes) Disco.Metti(percorso, *bytes);
+    }
+    void Tutte() {
+        for (Lungo i = 0; i < S.File1.ListCount(); ++i) S.File1.Segna(i, true);
+    }
+    std::string Selezione() const {
+        std::string quali;
+        for (Lungo i = 0; i < S.File1.ListCount(); ++i) quali += S.File1.Selected(i) ? '1' : '0';
+        return quali;
+    }
+    bool Fatto(const std::string& nome) const { return Disco.Esiste("/p/Appoggio/" + nome); }
+    Testo Log(const std::string& nome) const { return Disco.Leggi("/p/Appoggio/" + nome); }
+    bool CanaliChiusi() const { return !S.Canale.Aperto(1) && !S.Canale.Aperto(2); }
+};
+
+/// The listing of a form with this source: code from its first line on.
+inline Testo ListatoDi(Banco& b, const std::vector<std::string>& righe) {
+    b.Modulo("F.frm", Sorgente(righe));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    return b.Log("F.log");
+}
+
+inline constexpr const char* RigaErrore = // sic
+    "···········######  Errore generico - Manca uno o più elementi di chiusura ENDIF - Loop, Next ... ect";
+
+} // namespace morvella::prove

@@ -1,0 +1,554 @@
+// SPDX-License-Identifier: MIT
+//
+// The run over the rows: number field, head of the listing, restart, what goes over from one
+// file to the next, bars and label.
+#include "listing/banco.h"
+#include "shell/comandi.h"
+
+namespace morvella {
+
+namespace {
+
+using namespace prove;
+
+constexpr const char* Exposed = "Attribute VB_Exposed = False";
+const std::vector<std::string> Classe5 = {"VERSION 1.0 CLASS",
+                                          "BEGIN",
+                                          "  MultiUse = -1  'True",
+                                          "END",
+                                          "Attribute VB_Name = \"C\"",
+                                          "Attribute VB_GlobalNameSpace = False",
+                                          "Attribute VB_Creatable = True",
+                                          "Attribute VB_PredeclaredId = False"};
+
+std::vector<std::string> Con(std::vector<std::string> righe, const std::vector<std::string>& coda) {
+    righe.insert(righe.end(), coda.begin(), coda.end());
+    return righe;
+}
+
+// The head of a listing that shows these entries.
+Testo Testa(const std::vector<std::string>& voci = {}) {
+    const Testo stelle(55, '*');
+    Testo testa = "\x0F" + stelle +
+                  "\r\n"
+                  "*              Procedura by Dario Fenzoni             *\r\n"
+                  "*              E-mail vorn@morvella.example           *\r\n"
+                  "*" +
+                  Testo(53, ' ') + "*\r\n";
+    if (!voci.empty()) testa += "*  La procedura esegue i seguenti Form o procedure:   *\r\n";
+    for (const std::string& voce : voci) testa += voce + "\r\n";
+    return testa + stelle + "\r\n              ... 21/11/2026 - 14:30:05\r\n\r\n";
+}
+
+TEST(Campo, OgniNumeroDiCifre) {
+    const std::pair<Lungo, const char*> casi[] = {
+        {0, "000000     "},      {1, "000001     "},      {7, "000007     "},     {9, "000009     "},
+        {10, "000010     "},     {99, "000099     "},     {100, "000100     "},   {999, "000999     "},
+        {1000, "001000     "},   {9999, "009999     "},   {10000, "010000     "}, {99999, "099999     "},
+        {100000, "100000     "}, {999999, "999999     "}, {1000000, "     "},     {12345678, "     "},
+    };
+    for (const auto& [n, campo] : casi) EXPECT_EQ(CampoNumero(n), campo) << n;
+}
+
+// clang-format off
+struct File {
+    const char* Che;
+    const char* Nome;
+    std::vector<std::string> Righe;
+    int Prima;                       // StatoTesta when the file comes: 0 or 7
+    bool Bas;                        // Option1(0)
+    bool ConTesta;
+    std::vector<std::string> Atteso;
+};
+const File PerFile[] = {
+    {"form", "M.frm", {"VERSION 5.00", "Begin VB.Form M", "End", "Attribute VB_Name = \"M\"", Exposed, "x"}, 0, false, false, {"1|···x"}},
+    {"form behind a form", "M.frm", {"VERSION 5.00", Exposed, "x"}, 7, false, false, {"1|···x"}},
+    {"form in capitals", "M.FRM", {"VERSION 5.00", Exposed, "x"}, 0, false, false, {"1|···x"}},
+    {"form without the exact line", "M.frm", {"VERSION 5.00", "Attribute VB_Exposed = True", "x"}, 0, false, false,
+        {"1|···VERSION 5.00", "2|···Attribute VB_Exposed = True", "3|···x"}},
+    {"bas at 7", "M.bas", {"Attribute VB_Name = \"M\"", "Option Explicit", "x"}, 7, false, false,
+        {"1|···Attribute VB_Name = \"M\"", "2|···Option Explicit", "3|···x"}},
+    {"any other name at 7", "M.txt", {"Attribute VB_Name = \"M\"", "x"}, 7, false, false, {"1|···Attribute VB_Name = \"M\"", "2|···x"}},
+    {"cls at 7, False", "M.cls", Con(Classe5, {Exposed, "Option Explicit", "x"}), 7, false, false, {"1|···Option Explicit", "2|···x"}},
+    {"cls at 7, True", "M.cls", {"VERSION 1.0 CLASS", "BEGIN", "END", "Attribute VB_Exposed = True", "x"}, 7, false, false,
+        {"1|···VERSION 1.0 CLASS", "2|···BEGIN", "3|···END", "4|···Attribute VB_Exposed = True", "5|···x"}},
+    {"cls at 0, five and Option Explicit", "M.cls", Con(Classe5, {Exposed, "Option Explicit", "x"}), 0, false, true,
+        {"1|···Option Explicit", "2|···x"}},
+    {"cls at 0, five and True", "M.cls", Con(Classe5, {"Attribute VB_Exposed = True", "Option Explicit", "x"}), 0, false, true,
+        {"1|···Option Explicit", "2|···x"}},
+    {"cls at 0, five and a line between", "M.cls", Con(Classe5, {Exposed, "'c", "Option Explicit On", "x"}), 0, false, true,
+        {"1|···Option Explicit On", "2|···x"}},
+    {"cls at 0, five without Option", "M.cls", Con(Classe5, {Exposed, "x", "Sub a()", "End Sub"}), 0, false, false, {}},
+    {"cls at 0, six", "M.cls", Con(Classe5, {Exposed, "Attribute VB_Ext_KEY = \"a\"", "x"}), 0, false, true,
+        {"1|···Attribute VB_Ext_KEY = \"a\"", "2|···x"}},
+    {"cls at 0, six, the last is the restart", "M.cls", Con(Classe5, {"Attribute a", Exposed, "x"}), 0, false, false, {"1|···x"}},
+    {"cls at 0, four", "M.cls", Con(Classe5, {"Option Explicit", "x"}), 0, false, false, {}},
+    {"bas at 0", "M.bas", {"Attribute VB_Name = \"M\"", "Option Explicit", "x"}, 0, false, false, {}},
+    {"bas at 0, option on", "M.bas", {"Attribute VB_Name = \"M\"", "Option Explicit", "x"}, 0, true, true, {"1|···Option Explicit", "2|···x"}},
+    {"bas at 0, option on, any line", "M.bas", {"Attribute VB_Name = \"M\"", "", "x"}, 0, true, true, {"1|···", "2|···x"}},
+    {"bas at 0, option on, no Attribute", "M.bas", {"x", "y"}, 0, true, false, {}},
+    {"bas at 0, option on, two Attributes", "M.bas", {"Attribute a", "Attribute b", "x"}, 0, true, false, {}},
+    {"form, option on", "M.frm", {"VERSION 5.00", Exposed, "x"}, 0, true, false, {"1|···x"}},
+    {"option in lower case", "M.bas", {"a", "b", "option explicit", "x"}, 0, false, false, {"3|···option explicit", "4|···x"}},
+    {"behind an Attribute the count starts there", "M.bas", {"a", "Attribute b", "option c", "x"}, 0, false, false, {"1|···option c", "2|···x"}},
+    {"optional, too", "M.bas", {"optional", "x"}, 0, false, false, {"1|···optional", "2|···x"}},
+    {"Option with a capital", "M.bas", {"Option Explicit", "x"}, 0, false, false, {}},
+    {"attribute in lower case at 7", "M.frm", {"attribute vb_exposed = false", "x"}, 0, false, false, {"1|···attribute vb_exposed = false", "2|···x"}},
+    {"other spacing", "M.frm", {"Attribute VB_Exposed  = False", "x"}, 0, false, false, {"1|···Attribute VB_Exposed  = False", "2|···x"}},
+    {"with a comment", "M.frm", {"Attribute VB_Exposed = False 'c", "x"}, 0, false, false, {"1|···Attribute VB_Exposed = False 'c", "2|···x"}},
+    {"indented it is trimmed", "M.frm", {"a", "   Attribute VB_Exposed = False  ", "x"}, 0, false, false, {"1|···x"}},
+    {"behind a TAB", "M.frm", {"\tAttribute VB_Exposed = False", "x"}, 0, false, false, {"1|···\tAttribute VB_Exposed = False", "2|···x"}},
+    {"twice", "M.frm", {"a", Exposed, "b", Exposed, "x"}, 0, false, false, {"1|···x"}},
+    {"nothing behind it", "M.frm", {"a", Exposed}, 0, false, false, {}},
+    {"empty", "M.bas", {}, 0, false, false, {}},
+    {"empty at 7", "M.bas", {}, 7, false, false, {}},
+};
+// clang-format on
+
+// Each file alone, or behind a form, whose name comes first.
+TEST(PerFile, TestaECodice) {
+    for (const File& caso : PerFile) {
+        Banco b;
+        b.S.Option1_0 = caso.Bas;
+        if (caso.Prima == 7) b.Modulo("A.frm", "x\r\n");
+        b.Modulo(caso.Nome, Sorgente(caso.Righe));
+        b.Tutte();
+        mnuvorn_Click(b.S);
+        EXPECT_EQ(b.Log("M.log"), (caso.ConTesta ? Testa() : Testo()) + Listato(caso.Atteso)) << caso.Che;
+        EXPECT_TRUE(b.Casa.Arresti.empty()) << caso.Che;
+        EXPECT_EQ(b.Casa.Scritti.back(), Testo(caso.Prima == 7 ? "1" : "0") + "|\\p\\Appoggio\\M.log|" +
+                                             CStr(static_cast<long long>(caso.Righe.size())))
+            << caso.Che;
+    }
+}
+
+TEST(PerFile, UltimaRigaConOgniFine) {
+    for (const char* fine : {"", "\r", "\r\n"}) {
+        Banco b;
+        b.Modulo("F.frm", Testo("aaaa\r\nbbbb") + fine);
+        b.Tutte();
+        mnuvorn_Click(b.S);
+        EXPECT_EQ(b.Log("F.log"), Listato({"1|···aaaa", "2|···bbbb"})) << testing::PrintToString(fine);
+    }
+}
+
+// Bytes of all kinds go over as they are; a lone CR ends a line, a lone LF does not.
+TEST(PerFile, ByteDiOgniGenere) {
+    Banco b;
+    b.Modulo("F.frm", Testo("a\rb\nc\r\n") + "\xB3\xC4 \xE8" + Testo(1, '\0') + "\x1A\r\n");
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("F.log"), "000001        a\r\n000002        b\nc\r\n000003        \xB3\xC4 \xE8" +
+                                  Testo(1, '\0') + "\x1A\r\n");
+}
+
+// clang-format off
+TEST(Testa, VociDiShow) {
+    const std::string n48 = "Call " + std::string(43, 'x'); // with the five in front: 53
+    const std::string n49 = "Call " + std::string(44, 'x'); // 54
+    const std::string n60 = "Call " + std::string(55, 'x');
+    Banco b;
+    b.Modulo("M.cls", Sorgente(Con(Classe5, {Exposed, "Option Explicit",
+        "  Form2.Show 'x", "Call x: Form2.Show", ".Show", "'Form3.Show", "Rem Form4.Show", "form5.show",
+        "a.Show: b.Show", "dlg.ShowOpen", "x = \"f.Show\"", n48 + ".Show", n49 + ".Show", n60 + ".Show", "If \xE8 Then f.Show"})));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    const auto voce = [](std::string testo) {
+        testo = "*    " + testo;
+        testo.resize(54, ' ');
+        return testo + "*";
+    };
+    std::string maiuscole48 = "*    CALL " + std::string(43, 'X');
+    std::string maiuscole49 = "*    CALL " + std::string(44, 'X');
+    std::string maiuscole60 = "*    CALL " + std::string(55, 'X');
+    EXPECT_EQ(maiuscole48.size(), 53U);
+    EXPECT_EQ(maiuscole49.size(), 54U);
+    const Testo attesa = Testa({voce("FORM2"), voce("CALL X: FORM2"), voce(""), voce("REM FORM4"), voce("A"), voce("DLG"),
+                                voce("X = \"F"), maiuscole48 + " *", maiuscole49, maiuscole60, voce("IF \xC8 THEN F")});
+    const Testo log = b.Log("M.log");
+    EXPECT_EQ(log.substr(0, attesa.size()), attesa);
+    EXPECT_EQ(log.substr(attesa.size(), 31), "000001        Option Explicit\r\n");
+    EXPECT_TRUE(b.S.ElencoShow.Resto().empty());
+}
+// clang-format on
+
+TEST(Testa, ScritturaDaSola) {
+    Banco b;
+    b.Disco.FaiDirectory("/p/Appoggio");
+    b.S.Canale.OpenOutput(2, "\\p\\Appoggio\\x.log");
+    b.S.ElencoShow.Voci = "*    A\r*    B";
+    ScriviTesta(b.S); // what no Chr(13) ends is no entry
+    b.S.Canale.Close(2);
+    EXPECT_EQ(b.Log("x.log"), Testa({"*    A" + std::string(48, ' ') + "*"}));
+}
+
+// Only a file that goes through state 6 shows its calls.
+TEST(Testa, NonPerUnForm) {
+    Banco b;
+    b.Modulo("F.frm", Sorgente({"x", Exposed, "Form2.Show"}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("F.log"), Listato({"1|···Form2.Show"}));
+}
+
+TEST(Riparti, TestoDIntestazione) {
+    struct Caso {
+        int Check1;
+        Testo Text1, Davanti;
+    };
+    const Caso casi[] = {
+        {0, "'uno", ""},
+        {1, "", ""},
+        {1, "'uno", "'uno\r\n"},
+        {1, "'uno\r\n'* due", "'uno\r\n'* due\r\n"},
+        {1, "'uno\r\n", "'uno\r\n\r\n"},
+        {1, " ", " \r\n"}, // one character is enough, even a blank
+        {2, "'uno", ""},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        b.S.Check1 = caso.Check1;
+        b.S.Text1 = caso.Text1;
+        // A second restart throws the first text away with the rest, and writes it again.
+        b.Modulo("F.frm", Sorgente({"a", Exposed, "x"}));
+        b.Modulo("G.frm", Sorgente({"a", Exposed, "b", Exposed, "x"}));
+        b.Modulo("H.frm", Sorgente({"x"})); // no restart, no text
+        b.Tutte();
+        mnuvorn_Click(b.S);
+        EXPECT_EQ(b.Log("F.log"), caso.Davanti + Listato({"1|···x"})) << caso.Text1;
+        EXPECT_EQ(b.Log("G.log"), caso.Davanti + Listato({"1|···x"})) << caso.Text1;
+        EXPECT_EQ(b.Log("H.log"), Listato({"1|···x"}));
+    }
+}
+
+// The restart cleans the file and the count of lines; the margin and the history go on.
+TEST(Riparti, CheCosaResta) {
+    Banco b;
+    b.Modulo("F.frm", Sorgente({"If a Then", "For i = 1 To 2", Exposed, "x", "Next", "Sub b()"}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("F.log"), Listato({"1|···│··║··x", "2|···│··╚═>Next", "R|3|14|Sub b()"}));
+    EXPECT_EQ(b.S.StoriaBlocchi, "00030501");
+    EXPECT_EQ(b.S.StatoTesta, 7);
+    EXPECT_EQ(b.S.TotaleRighe, 6);
+    EXPECT_EQ(b.S.ContaRighe, 3);
+}
+
+// At the restart the field is five blanks, until the next line gets its number.
+TEST(Riparti, IlCampoDelNumero) {
+    Banco b;
+    b.Modulo("F.frm", Sorgente({"x", Exposed}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.S.Numero, "     ");
+    EXPECT_EQ(b.S.ContaRighe, 0);
+}
+
+TEST(Riparti, AncheDietroUnEndSub) {
+    Banco b;
+    b.Modulo("F.frm", Sorgente({"Sub a()", "End Sub", Exposed, "x"}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("F.log"), Listato({"1|x"})); // the empty margin stays
+}
+
+TEST(Corsa, BasPrimaEDopoUnForm) {
+    const std::string bas = Sorgente({"Attribute VB_Name = \"B\"", "Option Explicit", "x"});
+    const std::string form = Sorgente({"VERSION 5.00", Exposed, "y"});
+    Banco b;
+    b.Modulo("A.bas", bas);
+    b.Modulo("M.frm", form);
+    b.Modulo("Z.bas", bas);
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), "");
+    EXPECT_EQ(b.Log("M.log"), Listato({"1|···y"}));
+    EXPECT_EQ(b.Log("Z.log"), Listato({"1|···Attribute VB_Name = \"B\"", "2|···Option Explicit", "3|···x"}));
+
+    // A run begins at 0 again: the same file alone gives nothing.
+    SelezionaFile1(b.S, 2, true);
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("Z.log"), "");
+    EXPECT_EQ(b.Log("M.log"), Listato({"1|···y"})); // not selected, not touched
+}
+
+// Only the selected rows carry the state on: a form that is not selected lifts nothing.
+TEST(Corsa, UnFormNonSelezionatoNonConta) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Modulo("B.bas", "Attribute VB_Name = \"B\"\r\nx\r\n");
+    b.S.File1.Segna(1, true);
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("B.log"), "");
+    EXPECT_FALSE(b.Fatto("A.log"));
+}
+
+// The count of Attribute lines goes over too: each module of a project without forms brings one,
+// and the fifth gets the head that is meant for a class.
+TEST(Corsa, IlQuintoModulo) {
+    Banco b;
+    for (const char* nome : {"A.bas", "B.bas", "C.bas", "D.bas", "E.bas", "F.bas"})
+        b.Modulo(nome, Sorgente({"Attribute VB_Name = \"M\"", "Option Explicit", "x"}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    for (const char* nome : {"A.log", "B.log", "C.log", "D.log"}) EXPECT_EQ(b.Log(nome), "") << nome;
+    EXPECT_EQ(b.Log("E.log"), Testa() + Listato({"1|···Option Explicit", "2|···x"}));
+    EXPECT_EQ(b.Log("F.log"), Listato({"1|···Attribute VB_Name = \"M\"", "2|···Option Explicit", "3|···x"}));
+}
+
+TEST(Corsa, NienteSelezionato) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Disco.Metti("/p/Appoggio/A.log", "di prima");
+    b.S.Label2 = "prima";
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), "di prima");
+    EXPECT_EQ(b.S.Label2, "");
+    EXPECT_EQ(b.Casa.Etichette, (std::vector<Testo>{""}));
+    EXPECT_EQ(b.S.DirAppoggio, "\\p\\Appoggio");
+    EXPECT_FALSE(b.S.ProgressBar1.Visible || b.S.Progress.Visible);
+    EXPECT_EQ(b.S.ProgressBar1.Value, 0);
+    EXPECT_EQ(b.S.ProgressBar1.Max, 1);
+    EXPECT_TRUE(b.Casa.Box_.empty());
+}
+
+TEST(Corsa, ListaVuota) {
+    Banco b;
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.S.ProgressBar1.Max, 0);
+    EXPECT_TRUE(b.Disco.Esiste("/p/Appoggio/OK.LOG"));
+    EXPECT_EQ(b.Disco.TuttiIFile().size(), 1U);
+    EXPECT_TRUE(b.Casa.Box_.empty() && b.Casa.Arresti.empty());
+}
+
+TEST(Corsa, FileVuoto) {
+    Banco b;
+    b.Modulo("A.frm", "");
+    b.Tutte();
+    b.S.Numero = "di prima";
+    b.S.Progress.Min = 7;
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.S.Numero, "");
+    EXPECT_EQ(b.S.Progress.Min, 0);
+    EXPECT_EQ(b.Log("A.log"), "");
+    EXPECT_EQ(b.S.Progress.Max, 15);
+}
+
+TEST(Corsa, DueVolteUguale) {
+    Banco b;
+    b.Modulo("A.frm", Sorgente({"a", Exposed, "Sub b()", "If c Then d", "End Sub"}));
+    b.Modulo("B.cls", Sorgente(Con(Classe5, {Exposed, "Option Explicit"})));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    const auto prima = b.Disco.TuttiIFile();
+    b.Disco.Metti("/p/Appoggio/A.log", std::string(10000, 'z')); // an older one is emptied
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Disco.TuttiIFile(), prima);
+}
+
+// The same row twice is listed twice, in the state that stands then.
+TEST(Corsa, LaStessaRigaDueVolte) {
+    Banco b;
+    b.Modulo("A.bas", Sorgente({"option x", "y"}));
+    b.Modulo("A.bas", std::nullopt);
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), Listato({"1|···option x", "2|···y"}));
+    EXPECT_EQ(b.Casa.Scritti.size(), 2U);
+}
+
+// The ending is cut by four bytes, whatever it is.
+TEST(Corsa, NomiDelleUscite) {
+    const std::pair<const char*, const char*> casi[] = {
+        {"Form1.frm", "Form1.log"}, {"Form1.f", "For.log"}, {"abcd", ".log"},
+        {"x.frmx", "x..log"},       {"a.b.frm", "a.b.log"},
+    };
+    for (const auto& [riga, uscita] : casi) {
+        Banco b;
+        b.Modulo(riga, "option\r\n");
+        b.Tutte();
+        mnuvorn_Click(b.S);
+        EXPECT_TRUE(b.Fatto(uscita)) << riga;
+    }
+}
+
+TEST(Corsa, RigheConDirectory) {
+    Banco b; // no folder below Appoggio: flat; a folder there: into it
+    b.Modulo("sub\\A.frm", "a\r\n");
+    b.Modulo("due\\B.frm", "b\r\n");
+    b.Modulo("..\\lib\\C.frm", std::nullopt);
+    b.Disco.Metti("/lib/C.frm", "c\r\n");
+    b.Disco.FaiDirectory("/p/Appoggio/due");
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), Listato({"1|···a"}));
+    EXPECT_EQ(b.Log("due/B.log"), Listato({"1|···b"}));
+    EXPECT_EQ(b.Log("C.log"), Listato({"1|···c"}));
+    EXPECT_FALSE(b.Fatto("B.log"));
+    EXPECT_FALSE(b.Disco.Esiste("/lib/C.log"));
+    EXPECT_TRUE(b.Casa.Arresti.empty());
+}
+
+// "..\lib" from the work directory is p\lib: where that exists, the listing lands there.
+TEST(Corsa, RigaCheEsceDallaDirectory) {
+    Banco b;
+    b.Modulo("..\\lib\\C.frm", std::nullopt);
+    b.Disco.Metti("/lib/C.frm", "c\r\n");
+    b.Disco.FaiDirectory("/p/lib");
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Disco.Leggi("/p/lib/C.log"), Listato({"1|···c"}));
+    EXPECT_FALSE(b.Fatto("C.log"));
+}
+
+// A restart behind the repair opens the repaired name.
+TEST(Riparti, DietroLaRiparazione) {
+    Banco b;
+    b.S.Check1 = 1;
+    b.S.Text1 = "t";
+    b.Modulo("sub\\A.frm", Sorgente({"a", Exposed, "x"}));
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), "t\r\n" + Listato({"1|···x"}));
+    EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\A.log");
+}
+
+TEST(Corsa, Menu) {
+    for (const bool scelta : {false, true}) {
+        Banco b;
+        b.Modulo("A.frm", "x\r\n");
+        b.S.File1.Segna(0, scelta);
+        b.S.mnuLettura = b.S.mnuvorn = b.S.mnuRiordina = b.S.mnuHTML = false;
+        mnuvorn_Click(b.S);
+        EXPECT_TRUE(b.S.mnuLettura);
+        EXPECT_EQ(b.S.mnuvorn, scelta); // by the event of the deselected row
+        EXPECT_EQ(b.S.mnuRiordina, scelta);
+        EXPECT_FALSE(b.S.mnuHTML);
+    }
+}
+
+// Each row is deselected and Label2 is set before the first byte of its source is read.
+TEST(Corsa, PrimaDiLeggere) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Modulo("B.frm", "x\r\n");
+    b.Tutte();
+    std::vector<std::string> viste;
+    b.Disco.PrimaDiLeggere = [&](const std::string& file) {
+        viste.push_back(file + "|" + b.S.Label2 + "|" + b.Selezione());
+    };
+    mnuvorn_Click(b.S);
+    ASSERT_GE(viste.size(), 4U);
+    EXPECT_EQ(viste.front(), "/p/A.frm|\\p\\A.frm|01");
+    EXPECT_EQ(viste.back(), "/p/B.frm|\\p\\B.frm|00");
+    EXPECT_EQ(b.Casa.Etichette, (std::vector<Testo>{"\\p\\A.frm", "\\p\\B.frm", ""}));
+}
+
+// A source that cannot be opened never reaches Label2, and its row is deselected all the same.
+TEST(Corsa, SorgenteMancante) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Modulo("B.frm", std::nullopt);
+    b.Modulo("C.frm", "x\r\n");
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
+    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 53);
+    EXPECT_EQ(b.Casa.Arresti[0].Riga, 1);
+    EXPECT_EQ(b.Casa.Arresti[0].RigaFile, 0);
+    EXPECT_EQ(b.S.Label2, "\\p\\A.frm");
+    EXPECT_EQ(b.Selezione(), "001");
+    EXPECT_TRUE(b.Fatto("A.log"));
+    EXPECT_FALSE(b.Fatto("B.log") || b.Fatto("C.log"));
+    EXPECT_TRUE(b.S.ProgressBar1.Visible && b.S.Progress.Visible);
+    EXPECT_EQ(b.S.ProgressBar1.Value, 2);
+    EXPECT_EQ(b.S.Progress.Value, 1); // as the file before left it
+    EXPECT_TRUE(b.CanaliChiusi());
+}
+
+TEST(Corsa, RigaTroppoCorta) {
+    for (const char* riga : {"", "a", "abc"}) {
+        Banco b;
+        b.Modulo("zzz.frm", "x\r\n");
+        b.S.File1.AddItem(riga);
+        b.Tutte();
+        mnuvorn_Click(b.S);
+        ASSERT_EQ(b.Casa.Arresti.size(), 1U) << riga;
+        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 5);
+        EXPECT_EQ(b.Selezione(), "01");
+        EXPECT_FALSE(b.Fatto("zzz.log"));
+    }
+}
+
+// A row "A.frm" and a source A.log beside it: the listing of A would be the source of nothing,
+// but a row "Appoggio\A.log" names it as one, and sources are never written.
+TEST(Corsa, MaiSopraUnSorgente) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Modulo("Appoggio\\A.log", "Attribute a\r\n");
+    b.Tutte();
+    mnuvorn_Click(b.S);
+    EXPECT_EQ(b.Log("A.log"), "Attribute a\r\n");
+    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
+    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 70);
+}
+
+// Keeps what each repainting of a bar showed.
+struct FinestraBarre : FinestraFinta {
+    Stato* Tutto = nullptr;
+    std::vector<std::string> Viste;
+    void RidisegnaBarra(const Barra& barra) override {
+        const char* quale = &barra == &Tutto->Progress ? "righe" : "file";
+        Viste.push_back(std::string(quale) + ' ' + CStr(barra.Value) + '/' + CStr(barra.Max) +
+                        (barra.Visible ? " si" : " no"));
+    }
+};
+
+TEST(Corsa, Barre) {
+    DiscoFinto disco;
+    FinestraBarre casa;
+    Stato s(disco, casa);
+    casa.Tutto = &s;
+    CambiaDir1(s, "/p");
+    disco.Metti("/p/B.frm", "a\r\nb\r\n");
+    for (const char* riga : {"A.frm", "B.frm", "C.frm"}) s.File1.AddItem(riga);
+    s.File1.Segna(1, true);
+    s.ProgressBar1.Value = 5; // as a rewriter's run leaves it
+    s.ProgressBar1.Max = 5;
+    mnuvorn_Click(s);
+    EXPECT_EQ(casa.Viste,
+              (std::vector<std::string>{"file 5/3 no", "file 5/3 si", "file 0/3 si", // Max, Visible, Value
+                                        "file 1/3 si", "file 2/3 si", "righe 0/17 no", "righe 0/17 no",
+                                        "righe 0/17 si", "righe 1/17 si", "righe 2/17 si", "file 3/3 si",
+                                        "righe 2/17 no", "righe 0/17 no", "file 0/3 si", "file 0/3 no"}));
+}
+
+// The full run: the listing comes behind the rewriter, also behind one that stopped.
+TEST(Corsa, Command1ChiamaTuttiEDue) {
+    Banco b;
+    b.Modulo("A.frm", Sorgente({"a", Exposed, "x"}));
+    b.Modulo("B.frm", Sorgente({"x"}));
+    b.Tutte();
+    b.S.OpzSenzaConferma = true;
+    b.Disco.Fallisci("ApriScrittura", "a.txt", 75);
+    Command1_Click(b.S);
+    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
+    EXPECT_EQ(b.Casa.Arresti[0].Motore, "mnuRiordina_Click");
+    EXPECT_EQ(b.Log("A.log"), Listato({"1|···x"}));
+    EXPECT_EQ(b.Log("B.log"), Listato({"1|···x"}));
+    EXPECT_EQ(b.Selezione(), "00");
+}
+
+TEST(Corsa, Command1ConNoNonScrive) {
+    Banco b;
+    b.Modulo("A.frm", "x\r\n");
+    b.Tutte();
+    Command1_Click(b.S);
+    EXPECT_FALSE(b.Disco.Esiste("/p/Appoggio"));
+    EXPECT_EQ(b.Selezione(), "1");
+}
+
+} // namespace
+
+} // namespace morvella

@@ -70,6 +70,7 @@ std::unique_ptr<Impaginatore> AvviaImpaginatore() {
 
 Ambiente AmbienteDelProcesso(Disco& macchina) {
     std::setlocale(LC_CTYPE, "");
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is an error to tell, not an end
     Ambiente ambiente{.Macchina = macchina, .Ingresso = std::cin, .Uscita = std::cout, .Errori = std::cerr};
     ambiente.IngressoTerminale = ::isatty(STDIN_FILENO) && ::isatty(STDERR_FILENO);
     ambiente.ErroriTerminale = ::isatty(STDERR_FILENO);

@@ -70,9 +70,6 @@ void ProteggiSorgenti(Stato& s) {
     if (s.ProtettaVersione == s.File1.Versione() && s.ProtettaDirectory == s.Dir1Path &&
         s.ProtettoProgetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
         return;
-    s.ProtettaVersione = s.File1.Versione();
-    s.ProtettaDirectory = s.Dir1Path;
-    s.ProtettoProgetto = s.File1Leggi.Scelto();
     std::vector<Testo> percorsi;
     percorsi.reserve(static_cast<std::size_t>(s.File1.ListCount()) * 2 + 1);
     for (Lungo i = 0; i < s.File1.ListCount(); ++i) {
@@ -83,6 +80,9 @@ void ProteggiSorgenti(Stato& s) {
     }
     percorsi.push_back(s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
     s.File.Proteggi(percorsi);
+    s.ProtettaVersione = s.File1.Versione();
+    s.ProtettaDirectory = s.Dir1Path;
+    s.ProtettoProgetto = s.File1Leggi.Scelto();
 }
 
 } // namespace morvella

@@ -127,7 +127,13 @@ const std::string* Archivio::NelIndice(const std::string& directory, const Sched
     Indice& indice = indici_[directory];
     if (indice.Modificato != cosa.Modificato) {
         indice.Nomi.clear();
-        std::vector<std::string> nomi = disco_.Elenca(PerDisco(directory));
+        indice.Modificato.reset();
+        std::vector<std::string> nomi;
+        try {
+            nomi = disco_.Elenca(PerDisco(directory));
+        } catch (const Errore&) {
+            return nullptr; // one may go through a directory and yet not read it: no name is known there
+        }
         std::sort(nomi.begin(), nomi.end());
         for (std::string& scritto : nomi)
             indice.Nomi[LCase(TestoDiNome(scritto))].push_back(std::move(scritto));
@@ -309,7 +315,7 @@ void Archivio::FileCopy(Vista da, Vista a) {
     try {
         disco_.Copia(sorgente.Percorso, destinazione.Percorso);
     } catch (const Errore& e) {
-        throw Errore(e.Numero, a);
+        throw Errore(e.Numero, e.File == sorgente.Percorso ? da : a);
     }
     Annota(indice, destinazione.Percorso, true);
 }
@@ -329,7 +335,13 @@ void Archivio::Kill(Vista percorso) {
 long long Archivio::FileLen(Vista percorso) { return static_cast<long long>(TrovaFile(percorso).Cosa.Bytes); }
 
 Testo Archivio::FileDateTime(Vista percorso) {
-    const Istante quando = disco_.UltimaModifica(TrovaFile(percorso).Percorso);
+    const Trovato file = TrovaFile(percorso);
+    Istante quando;
+    try {
+        quando = disco_.UltimaModifica(file.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
     Testo testo = disco_.TestoData(quando);
     if (quando.Ora != 0 || quando.Minuto != 0 || quando.Secondo != 0) testo += ' ' + disco_.TestoOra(quando);
     return testo;

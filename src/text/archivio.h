@@ -14,6 +14,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -102,7 +103,7 @@ class Archivio {
     };
     // The names of one directory by their folded texts, as of the directory's last change.
     struct Indice {
-        std::int64_t Modificato = 0;
+        std::optional<std::int64_t> Modificato; // nothing while it was never read
         std::unordered_map<Testo, std::vector<std::string>> Nomi;
     };
 

@@ -74,7 +74,8 @@ class Disco {
     /// Where a path that a user wrote leads from the current directory, in whole: as the
     /// platform's other programs take it, without "." and "..".
     virtual std::string Assoluto(const std::string& percorso);
-    /// Copies the bytes; creates the target, or empties it first.
+    /// Copies the bytes; creates the target, or empties it first. Where the source was to blame
+    /// the error's File is its path.
     virtual void Copia(const std::string& da, const std::string& a) = 0;
     virtual void Cancella(const std::string& percorso) = 0;
     /// A second name for a file: a link where the disk has links, else a copy.

@@ -80,19 +80,26 @@ class FilePosix : public FileAperto {
     // The kernel's own way from file to file; false where it has none for these two.
     bool CopiaDentro(FilePosix& sorgente) {
 #ifdef __linux__
-        bool iniziata = false;
-        for (;;) {
-            const ssize_t copiati = ::copy_file_range(sorgente.fd_, nullptr, fd_, nullptr, 1u << 30, 0);
+        // As many bytes as the source says it has: to ask for more at its end is an error where the
+        // target may not grow. What says 0 may be a file without a size: it has to be read.
+        struct stat st {};
+        if (::fstat(sorgente.fd_, &st) != 0) Solleva();
+        const auto tutti = static_cast<std::size_t>(st.st_size);
+        std::size_t fatti = 0;
+        while (fatti < tutti) {
+            const ssize_t copiati = ::copy_file_range(sorgente.fd_, nullptr, fd_, nullptr, tutti - fatti, 0);
+            if (copiati == 0) break; // shorter by now
             if (copiati > 0) {
-                iniziata = true;
+                fatti += static_cast<std::size_t>(copiati);
                 continue;
             }
-            if (copiati == 0) return iniziata; // an end at once may be a file without a size: read it
             if (errno == EINTR) continue;
-            if (!iniziata && (errno == EXDEV || errno == ENOSYS || errno == EINVAL || errno == EOPNOTSUPP))
-                return false;
+            const bool altrimenti =
+                errno == EXDEV || errno == ENOSYS || errno == EINVAL || errno == EOPNOTSUPP;
+            if (fatti == 0 && altrimenti) return false;
             Solleva();
         }
+        return fatti > 0;
 #else
         (void)sorgente;
         return false;
@@ -107,6 +114,8 @@ int Apri(const std::string& percorso, int modo) {
     for (;;) {
         const int fd = ::open(percorso.c_str(), modo | O_CLOEXEC, 0666);
         if (fd >= 0) return fd;
+        if (errno == ENAMETOOLONG && (modo & O_CREAT) != 0)
+            throw Errore(ErrNumeroFile); // no file can have it
         if (errno != EINTR) Solleva();
     }
 }
@@ -159,6 +168,7 @@ class DiscoPosix : public Disco {
     void CreaDirectory(const std::string& percorso) override {
         if (::mkdir(percorso.c_str(), 0777) == 0) return;
         if (errno == ENOENT) throw Errore(ErrPercorso);
+        if (errno == ENAMETOOLONG) throw Errore(ErrNumeroFile);
         Solleva();
     }
 
@@ -191,7 +201,13 @@ class DiscoPosix : public Disco {
     }
 
     void Copia(const std::string& da, const std::string& a) override {
-        FilePosix sorgente(Apri(da, O_RDONLY));
+        int fd = 0;
+        try {
+            fd = Apri(da, O_RDONLY);
+        } catch (const Errore& e) {
+            throw Errore(e.Numero, da);
+        }
+        FilePosix sorgente(fd);
         FilePosix destinazione(Apri(a, O_WRONLY | O_CREAT | O_TRUNC));
         if (!destinazione.CopiaDentro(sorgente)) {
             std::string blocco(128 * 1024, '\0');

@@ -9,8 +9,12 @@ namespace morvella {
 FlussoTesto::FlussoTesto(Archivio& archivio, Vista percorso) : percorso_(percorso) {
     const auto file = archivio.ApriLettura(archivio.Trova(percorso), percorso);
     std::array<char, 4096> blocco{};
-    while (const std::size_t letti = file->Leggi(blocco.data(), blocco.size()))
-        testo_.append(blocco.data(), letti);
+    try {
+        while (const std::size_t letti = file->Leggi(blocco.data(), blocco.size()))
+            testo_.append(blocco.data(), letti);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
 }
 
 Vista FlussoTesto::ReadLine() {

@@ -148,6 +148,23 @@ TEST(Percorsi, AccentiNeiDueSensi) {
     EXPECT_EQ(b.File.Dir("\\p\\qualit\xC0\\NUOV\xD2.TXT", 0), "nuov\xF2.txt");
 }
 
+TEST(Percorsi, BarraInFondo) {
+    // "x\" is a directory: a plain file of that name is no way to anything.
+    Banco b;
+    b.Disco.Metti("/p/File", "x");
+    b.Disco.FaiDirectory("/p/Dir");
+    for (const char* percorso : {"\\p\\File\\", "\\p\\file/", "\\p\\manca\\"}) {
+        EXPECT_EQ(b.File.Dir(percorso, 16), "") << percorso;
+        EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenInput(1, percorso), 0; }), 76) << percorso;
+        EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenOutput(2, percorso), 0; }), 76) << percorso;
+        EXPECT_EQ(NumeroDi([&] { return b.File.Kill(percorso), 0; }), 53) << percorso;
+        EXPECT_EQ(NumeroDi([&] { return b.File.ChDir(percorso), 0; }), 76) << percorso;
+    }
+    b.File.ChDir("\\p\\dir\\");
+    EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p/Dir");
+    EXPECT_EQ(b.Disco.TuttiIFile(), (std::map<std::string, std::string>{{"/p/File", "x"}}));
+}
+
 // ------------------------------------------------------------------ hooked directories
 
 TEST(Ganci, Testo) {
@@ -260,6 +277,19 @@ TEST(Ganci, ProgettoNuovoLasciaLaCartellaDiLavoro) {
     EXPECT_EQ(b.File.Trova("\\data\\uno\\appoggio\\x").Percorso, "/data/Uno/Appoggio/x");
     b.File.Aggancia(Gancio::Progetto, "/data/uno");
     EXPECT_EQ(b.File.Trova("\\data\\uno\\appoggio\\x").Percorso, "/data/uno/appoggio/x");
+}
+
+TEST(Ganci, ProgrammaAccantoAlProgetto) {
+    Banco b;
+    b.Disco.Metti("/data/prog/Default.ini", "programma");
+    b.Disco.Metti("/data/Prog/Default.ini", "progetto!");
+    const Testo p = b.File.Aggancia(Gancio::Progetto, "/data/Prog");
+    const Testo x = b.File.Aggancia(Gancio::Programma, "/data/prog");
+    b.File.MkDir(p + "\\Appoggio");
+    b.File.AgganciaLavoro(p + "\\Appoggio");
+    EXPECT_EQ(b.File.Trova(x + "\\Default.ini").Percorso, "/data/prog/Default.ini");
+    EXPECT_EQ(b.File.Trova(p + "\\Default.ini").Percorso, "/data/Prog/Default.ini");
+    EXPECT_EQ(b.File.Trova(LCase(p + "\\Appoggio\\X")).Percorso, "/data/Prog/Appoggio/x");
 }
 
 TEST(Ganci, ProgettoNellaRadice) {
@@ -524,11 +554,16 @@ TEST(Archivio, CambiatoDaAltri) {
     b.Disco.Metti("/p/UNO.txt", "3");
     EXPECT_EQ(b.File.FileLen("\\p\\uno.TXT"), 1);
     EXPECT_EQ(b.File.Dir("\\p\\uno.TXT", 0), "UNO.txt");
-    // With the directory out of step our own change may not hide somebody else's.
+    // With the directory out of step our own change may not hide somebody else's, neither one
+    // that looks the directory through anew nor one that finds its file at once.
     b.Disco.Metti("/p/Tre.txt", "");
     b.Scrivi("\\p\\Quattro.txt");
     EXPECT_EQ(b.File.Dir("\\p\\tre.TXT", 0), "Tre.txt");
     EXPECT_EQ(b.File.Dir("\\p\\QUATTRO.TXT", 0), "Quattro.txt");
+    b.Disco.Metti("/p/Cinque.txt", "");
+    b.File.Kill("\\p\\Quattro.txt");
+    EXPECT_EQ(b.File.Dir("\\p\\cinque.TXT", 0), "Cinque.txt");
+    EXPECT_EQ(b.File.Dir("\\p\\quattro.TXT", 0), "");
 }
 
 TEST(Archivio, DirectoryTolteERifatte) {

@@ -84,6 +84,13 @@ TEST_F(DiscoPosix, ScriveELegge) {
     EXPECT_EQ(Leggi("a.txt"), "x\r\n"); // nothing of the longer text is left
 }
 
+TEST_F(DiscoPosix, DirectoryDelPrimoGennaio1970) {
+    Metti("Form1.frm", "x");
+    const timespec zero[2] = {{0, 0}, {0, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, Radice.c_str(), zero, 0), 0);
+    EXPECT_EQ(File.Dir(P + "\\FORM1.FRM", 0), "Form1.frm"); // a change at 0 is a change too
+}
+
 TEST_F(DiscoPosix, FileGrande) {
     Testo bytes;
     for (int i = 0; bytes.size() < 5 * Canali::Blocco; ++i) bytes += CStr(i) + "\r\n";

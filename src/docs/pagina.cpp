@@ -234,17 +234,19 @@ void Scansione::Procedura() {
     ScriviRighe(s_, 2, RigaProcedura, {s_.Riga});
 }
 
-// Whether a line of these 128 bytes may begin "private" or "public", behind blanks. For speed
-// alone: it only has to miss none.
-bool ForsePrivatePublic(const char* p) {
+// Where in a slice a line may begin with "private" or "public", behind blanks. For speed alone: it
+// only has to miss none.
+std::size_t CercaPrivatePublic(const char* p) {
     const auto* prima = reinterpret_cast<const unsigned char*>(p) - 1;
-    unsigned char forse = 0;
-    for (std::size_t i = 0; i < Canali::Fetta; ++i) { // of a shape that compilers turn into wide steps
+    const auto qui = [prima](std::size_t i) {
         const auto seconda = static_cast<unsigned char>(prima[i + 2] | 32);
-        forse = static_cast<unsigned char>(forse | ((prima[i] <= ' ') & ((prima[i + 1] | 32) == 'p') &
-                                                    ((seconda == 'r') | (seconda == 'u'))));
-    }
-    return forse != 0;
+        return (prima[i] <= ' ') & ((prima[i + 1] | 32) == 'p') & ((seconda == 'r') | (seconda == 'u'));
+    };
+    unsigned char forse = 0; // all at once, in a shape that compilers turn into wide steps
+    for (std::size_t i = 0; i < Canali::Fetta; ++i) forse = static_cast<unsigned char>(forse | qui(i));
+    std::size_t posto = forse != 0 ? 0 : Canali::Fetta;
+    while (posto < Canali::Fetta && !qui(posto)) ++posto;
+    return posto;
 }
 
 // The forms shown, in their order. The closing lines come in any case.
@@ -276,8 +278,7 @@ void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti) {
 
     Scansione scansione(s, pendenti);
     for (;;) {
-        if (scansione.SoloProcedure())
-            AvanzaBarra(s, s.Progress, s.Canale.SaltaRighe(1, 1, ForsePrivatePublic));
+        if (scansione.SoloProcedure()) AvanzaBarra(s, s.Progress, s.Canale.SaltaRighe(1, CercaPrivatePublic));
         if (s.Canale.Eof(1)) break;
         AvanzaBarra(s, s.Progress);
         s.Riga = s.Canale.LineInput(1);

@@ -42,7 +42,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     s.RigaFile = 0;
 
     s.FileUscita =
-        Istruzione(s, [&] { return LCase(s.DirAppoggio + "\\" + Testo(BaseDiRiga(voce)) + ".Txt"); });
+        Istruzione(s, [&] { return s.File.Piega(s.DirAppoggio + "\\" + Testo(BaseDiRiga(voce)) + ".Txt"); });
     if (!Istruzione(s, [&] { return s.File.Dir(s.FileUscita, 0); }).empty())
         Istruzione(s, [&] { s.File.Kill(s.FileUscita); });
     s.FileSorgente = s.Dir1Path + "\\" + voce;
@@ -85,13 +85,13 @@ void CopiaSeEsiste(Stato& s) {
 // its text flat there, where this does not look for it: such a row gets no copy of its own.
 void CopiaFile(Stato& s, const Testo& voce) {
     const Testo base(Istruzione(s, [&] { return BaseDiRiga(voce); }));
-    s.FileUscita = LCase(s.DirAppoggio + "\\" + voce);
+    s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + voce);
     if (!Istruzione(s, [&] { return s.File.Dir(s.DirAppoggio + "\\" + base + ".txt", 0); }).empty())
-        s.FileSorgente = LCase(s.DirAppoggio + "\\" + base + ".txt");
+        s.FileSorgente = s.File.Piega(s.DirAppoggio + "\\" + base + ".txt");
     else
-        s.FileSorgente = LCase(s.Dir1Path + "\\Appoggio\\" + base + ".txt");
+        s.FileSorgente = s.File.Piega(s.Dir1Path + "\\Appoggio\\" + base + ".txt");
     CopiaSeEsiste(s);
-    s.FileUscita = LCase(s.DirAppoggio + "\\" + base + ".Frx");
+    s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + base + ".Frx");
     s.FileSorgente = s.Dir1Path + "\\" + base + ".Frx";
     CopiaSeEsiste(s);
 }

@@ -48,7 +48,7 @@ void LimitaBarra(Stato& s, Barra& barra, Lungo massimo) {
 
 void PortaBarra(Stato& s, Barra& barra, Lungo valore) {
     barra.Value = valore;
-    barra.Mostrato = valore;
+    barra.Prossimo = valore + std::max<Lungo>(barra.Max / 200, 1);
     s.Casa.RidisegnaBarra(barra);
 }
 

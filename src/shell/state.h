@@ -33,7 +33,7 @@ struct Barra {
     Lungo Max = 100;
     Lungo Value = 0;
     bool Visible = false;
-    Lungo Mostrato = 0; // the value that the window last saw
+    Lungo Prossimo = 0; // the value from which a change can be seen again
 };
 
 /// The list of the project's sources. Rows are numbered from 0 and stand in ascending order
@@ -172,7 +172,7 @@ void PortaBarra(Stato& s, Barra& barra, Lungo valore);
 /// hundredth of the bar has passed.
 inline void AvanzaBarra(Stato& s, Barra& barra, Lungo righe = 1) {
     barra.Value += righe;
-    if ((barra.Value - barra.Mostrato) * 200 >= barra.Max) PortaBarra(s, barra, barra.Value);
+    if (barra.Value >= barra.Prossimo) PortaBarra(s, barra, barra.Value);
 }
 
 /// `Check1.Value = valore`; raises Check1_Click when that is a change.

@@ -82,7 +82,10 @@ Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     // A root needs no hook: its text ends in "\", and leads there by itself.
     ganci_[static_cast<std::size_t>(gancio)] =
         Separatore(testo.back()) ? Radice{} : Radice{testo, std::move(senzaBarra)};
-    if (gancio == Gancio::Progetto) ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
+    if (gancio == Gancio::Progetto) {
+        ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
+        pieghe_.clear();
+    }
     return testo;
 }
 
@@ -191,7 +194,22 @@ Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPr
     return cosa;
 }
 
+Testo Archivio::Piega(Vista percorso) {
+    Testo piegato = LCase(percorso);
+    const std::size_t barra = percorso.find_last_of("\\/");
+    if (barra != Vista::npos)
+        pieghe_.insert_or_assign(piegato.substr(0, barra), Testo(percorso.substr(0, barra)));
+    return piegato;
+}
+
 Trovato Archivio::Trova(Vista percorso) {
+    Testo disteso;
+    if (const std::size_t barra = percorso.find_last_of("\\/"); barra != Vista::npos && !pieghe_.empty()) {
+        if (const auto piega = pieghe_.find(percorso.substr(0, barra)); piega != pieghe_.end()) {
+            disteso.append(piega->second).append(percorso.substr(barra));
+            percorso = disteso;
+        }
+    }
     Trovato file;
     if (percorso.find('\0') != Vista::npos) throw Errore(ErrNumeroFile, percorso);
     Vista resto = percorso;

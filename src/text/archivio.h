@@ -13,6 +13,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -57,6 +58,10 @@ class Archivio {
     /// Whether the directories that the protected paths lie in are as Proteggi saw them, so that
     /// the same list would come to the same files.
     bool ProtezioneFresca();
+
+    /// `LCase(percorso)`; the directory part of the result goes on leading to the directory that
+    /// `percorso` names, whatever else has a like name.
+    Testo Piega(Vista percorso);
 
     Trovato Trova(Vista percorso);
 
@@ -122,6 +127,7 @@ class Archivio {
 
     Disco& disco_;
     std::array<Radice, 3> ganci_;
+    std::map<Testo, Testo, std::less<>> pieghe_; // directory parts: folded, as they were
     std::unordered_set<Identita, SpargiIdentita> protetti_;
     std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
     std::unordered_map<std::string, Indice> indici_;

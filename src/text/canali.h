@@ -10,6 +10,7 @@
 // changed their line ends. What is written always ends in CR LF.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <memory>
@@ -64,52 +65,54 @@ class Canali {
         return LineInputLento(c);
     }
 
+    /// Bytes that SaltaRighe looks through at a time.
+    static constexpr std::size_t Fetta = 128;
+
     /// Passes over whole lines of channel `n` of which none can matter, as many as are looked
     /// through in one go, and gives their number: none at the end of the file, or when the next
-    /// line may matter. `forse(p)` looks at the 128 bytes from `p` on and says whether a line
-    /// that matters may be told by them; the byte before `p` and the `dopo` bytes behind the 128
-    /// are there to be looked at too. Raises 52 when the number is not open for input.
+    /// line may matter. `cerca(p)` gives the place, from 0, of the first of the `Fetta` bytes
+    /// from `p` on at which something that matters may begin, `Fetta` when there is none; the
+    /// byte before `p` and eight behind the slice are there to be looked at too. Raises 52 when
+    /// the number is not open for input.
     template <class F>
-    Lungo SaltaRighe(int n, std::size_t dopo, F&& forse) {
+    Lungo SaltaRighe(int n, F&& cerca) {
         Canale& c = Aperto(n, Modo::Lettura);
-        if (FineRigaLf) return 0;
-        Lungo righe = 0;
-        while (c.Inizio < c.Fine || Riempi(c)) {
-            // Lines are counted by their CRs. What is passed over ends behind a line end whose next
-            // byte is known too, or the line would end in doubt.
-            const char* inizio = c.Memoria.data() + c.Inizio;
-            const std::size_t resto = c.Fine - c.Inizio;
-            std::size_t visti = 0;
-            std::size_t cr = 0;
-            bool trovato = c.Inizio == 0; // without a byte before it
-            if (trovato) return righe;
-            while (visti + Fetta + dopo < resto) {
-                const char* p = inizio + visti;
-                trovato = forse(p);
-                if (trovato) break;
-                unsigned char conta = 0; // 128 fit
-                for (std::size_t i = 0; i < Fetta; ++i)
-                    conta = static_cast<unsigned char>(conta + (p[i] == '\r'));
-                cr += conta;
-                visti += Fetta;
+        // The first line of a block has no byte before it.
+        if (FineRigaLf || c.Inizio == 0 || c.Inizio == c.Fine) return 0;
+        // Lines are counted by their CRs. What is passed over ends behind a line end whose next byte
+        // is known too, or the line would end in doubt.
+        const char* inizio = c.Memoria.data() + c.Inizio;
+        const std::size_t resto = c.Fine - c.Inizio;
+        std::size_t visti = 0;
+        std::size_t cr = 0;
+        while (visti + Fetta + 8 < resto) {
+            const char* p = inizio + visti;
+            const std::size_t posto = cerca(p);
+            if (posto < Fetta) {
+                for (std::size_t i = 0; i < posto; ++i) cr += p[i] == '\r' ? 1 : 0;
+                visti += posto;
+                break;
             }
-            if (cr == 0) return righe;
-            const std::size_t fino = Vista(inizio, visti).rfind('\r') + 1;
-            c.Inizio += fino + (inizio[fino] == '\n' ? 1 : 0);
-            righe += static_cast<Lungo>(cr);
-            if (trovato || !Riempi(c)) return righe;
+            unsigned char conta = 0; // 128 fit
+            for (std::size_t i = 0; i < Fetta; ++i)
+                conta = static_cast<unsigned char>(conta + (p[i] == '\r'));
+            cr += conta;
+            visti += Fetta;
         }
-        return righe;
+        if (cr == 0) return 0;
+        const std::size_t fino = Vista(inizio, visti).rfind('\r') + 1;
+        c.Inizio += fino + (inizio[fino] == '\n' ? 1 : 0);
+        return static_cast<Lungo>(cr);
     }
-    static constexpr std::size_t Fetta = 128;
 
     /// The same for lines that do not hold `ago`, of two to eight bytes.
     Lungo SaltaSenza(int n, Vista ago) {
-        return SaltaRighe(n, 8, [ago](const char* p) {
+        return SaltaRighe(n, [ago](const char* p) {
             unsigned char due = 0;
             for (std::size_t i = 0; i < Fetta; ++i)
                 due = static_cast<unsigned char>(due | ((p[i] == ago[0]) & (p[i + 1] == ago[1])));
-            return due != 0 && Vista(p, Fetta + ago.size() - 1).find(ago) != Vista::npos;
+            if (due == 0) return Fetta;
+            return std::min(Vista(p, Fetta + ago.size() - 1).find(ago), Fetta);
         });
     }
 

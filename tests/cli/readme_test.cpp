@@ -28,8 +28,7 @@ std::string ComeTesto(const std::string& percorso, bool struttura) {
         if (!riga.empty() && riga.back() == '\r') riga.pop_back();
         if (struttura) {
             DecodificaRiga(riga, tratti);
-            for (const Tratto& tratto : tratti)
-                utf8 += tratto.Utf8;
+            for (const Tratto& tratto : tratti) utf8 += tratto.Utf8;
         } else {
             utf8 += Utf8Da1252(riga);
         }
@@ -49,8 +48,7 @@ TEST(Readme, MostraIlVero) {
         std::getline(righe, riga); // the fence
         ASSERT_TRUE(riga.starts_with("```")) << percorso;
         std::string blocco;
-        while (std::getline(righe, riga) && riga != "```")
-            blocco += riga + '\n';
+        while (std::getline(righe, riga) && riga != "```") blocco += riga + '\n';
         EXPECT_EQ(blocco, ComeTesto(percorso, struttura)) << percorso;
         ++blocchi;
     }

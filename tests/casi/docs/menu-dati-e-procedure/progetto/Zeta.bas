@@ -1,0 +1,5 @@
+RecordSource = "resta da prima"
+Option Explicit
+Public Subtotale As Long
+frmDelleImpostazioniGeneraliDelMagazzinoCentr.Show
+frmDelleImpostazioniGeneraliDelMagazzinoCentra.Show

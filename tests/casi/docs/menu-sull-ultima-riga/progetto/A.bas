@@ -1,0 +1,3 @@
+Attribute VB_Name = "A"
+Public Sub a()
+End Sub

@@ -1,0 +1,2 @@
+VERSION 5.00
+   Begin VB.Menu MnuUltimo

@@ -1,0 +1,723 @@
+// SPDX-License-Identifier: MIT
+//
+// The commands "documenta", "opzioni" and "guida", "esegui --html", and what the stored options
+// do to a run.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "cli/opzioni.h"
+#include "cli/programma.h"
+#include "sostegno/disco_finto.h"
+
+namespace morvella::cli {
+
+namespace {
+
+using prove::DiscoFinto;
+
+using File = std::map<std::string, std::string>;
+
+constexpr const char* Modulo =
+    "Attribute VB_Name = \"A\"\r\nOption Explicit\r\nPublic Sub a()\r\nEnd Sub\r\n";
+constexpr const char* Ini = "/casa/programma/Default.ini";
+const std::string Predefinito = "KO\r\nKO\r\n\r\nKO\r\n";
+
+struct Banco {
+    DiscoFinto Disco{"/casa"};
+    std::istringstream Ingresso;
+    std::ostringstream Uscita, Errori;
+    bool Terminale = false;
+
+    Banco() {
+        Disco.Metti("/casa/p/Prova.vbp", "Module=B; B.bas\r\nModule=A; A.bas\r\nForm=C.frm\r\n");
+        for (const char* nome : {"A.bas", "B.bas", "C.frm"})
+            Disco.Metti(std::string("/casa/p/") + nome, Modulo);
+        for (const char* nome : {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"})
+            Disco.Metti(std::string("/casa/programma/") + nome, std::string("figura ") + nome);
+    }
+    /// A project of these rows; each that begins with "+" has a source.
+    void Progetto(const std::vector<std::string>& righe) {
+        for (const char* nome : {"A.bas", "B.bas", "C.frm"})
+            if (Disco.Esiste(std::string("/casa/p/") + nome)) Disco.Cancella(std::string("/casa/p/") + nome);
+        std::string vbp;
+        for (const std::string& riga : righe) {
+            const std::string voce = riga.substr(riga[0] == '+' ? 1 : 0);
+            vbp += "Form=" + voce + "\r\n";
+            std::string file = voce;
+            std::replace(file.begin(), file.end(), '\\', '/');
+            if (file.starts_with("../"))
+                file = "/casa" + file.substr(2);
+            else
+                file = "/casa/p/" + file;
+            if (riga[0] == '+') Disco.Metti(file, Modulo);
+        }
+        Disco.Metti("/casa/p/Prova.vbp", vbp);
+    }
+
+    int Esegui(std::vector<std::string> argomenti) {
+        Uscita.str("");
+        Errori.str("");
+        Ingresso.clear();
+        Disco.CambiaDirectory("/casa");
+        Ambiente ambiente{.Macchina = Disco, .Ingresso = Ingresso, .Uscita = Uscita, .Errori = Errori};
+        ambiente.IngressoTerminale = Terminale;
+        ambiente.DirectoryProgramma = "/casa/programma";
+        return Programma(argomenti, ambiente);
+    }
+    bool Dice(const std::string& testo) const { return Errori.str().find(testo) != std::string::npos; }
+    bool Scrive(const std::string& testo) const { return Uscita.str().find(testo) != std::string::npos; }
+    bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
+    std::string Pagina(const std::string& nome) const { return Disco.Leggi("/casa/p/Appoggio/" + nome); }
+    /// The rows that the index links to, one behind the other.
+    std::string NellIndice() const {
+        const std::string indice = Pagina("Indice.Html");
+        std::string voci;
+        for (std::size_t da = indice.find(".Html\">"); da != std::string::npos;
+             da = indice.find(".Html\">", da)) {
+            da += 7;
+            voci += (voci.empty() ? "" : " ") + indice.substr(da, indice.find("<br>", da) - da);
+        }
+        return voci;
+    }
+};
+
+TEST(Documenta, RigheNominateOTutte) {
+    struct Caso {
+        std::vector<std::string> Righe;
+        const char* Indice;
+    };
+    const Caso casi[] = {
+        {{}, "A.bas B.bas C.frm"},
+        {{"c.FRM"}, "C.frm"},
+        {{"C.frm", "A.bas"}, "A.bas C.frm"},
+        {{"B.bas", "b.bas"}, "B.bas"},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        std::vector<std::string> argomenti = {"documenta", "p/Prova.vbp"};
+        argomenti.insert(argomenti.end(), caso.Righe.begin(), caso.Righe.end());
+        EXPECT_EQ(b.Esegui(argomenti), 0) << b.Errori.str();
+        EXPECT_EQ(b.NellIndice(), caso.Indice);
+        for (const char* nome : {"A", "B", "C"})
+            EXPECT_EQ(b.Fatto(std::string(nome) + ".Html"),
+                      std::string(caso.Indice).find(std::string(nome) + ".") != std::string::npos);
+        for (const char* nome : {"p2.gif", "dario.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF", "OK.LOG"})
+            EXPECT_TRUE(b.Fatto(nome)) << nome;
+        for (const char* nome : {"a.txt", "A.log", "Prova.vbp"}) EXPECT_FALSE(b.Fatto(nome)) << nome;
+        EXPECT_TRUE(b.Disco.Avviati.empty());
+        EXPECT_FALSE(b.Disco.Esiste(Ini));
+        EXPECT_EQ(b.Errori.str(), ""); // the answers were the command's own
+    }
+}
+
+TEST(Documenta, PagineNominateNellUscita) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Scrive("A.bas  -> Appoggio/A.Html\n")) << b.Uscita.str();
+    EXPECT_TRUE(b.Scrive("3 moduli, 12 righe, ")) << b.Uscita.str();
+    EXPECT_EQ(b.Esegui({"documenta", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Uscita.str() + b.Errori.str(), "");
+}
+
+TEST(Documenta, LaDomandaDellIndice) {
+    struct Caso {
+        std::vector<std::string> Opzioni;
+        bool Terminale;
+        const char* Detto;
+        bool Apre;
+    };
+    const Caso casi[] = {
+        {{}, false, "", false},
+        {{"--apri"}, false, "", true},
+        {{"--apri"}, true, "n\n", true},
+        {{}, true, "s\n", true},
+        {{}, true, "n\n", false},
+        {{}, true, "", false},
+        {{"--si"}, false, "", false}, // an answer to the other question
+        {{"--apri", "--senza-processi"}, false, "", false},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        b.Terminale = caso.Terminale;
+        b.Ingresso.str(caso.Detto);
+        std::vector<std::string> argomenti = {"documenta", "p/Prova.vbp", "--rapporto", "r.json"};
+        argomenti.insert(argomenti.end(), caso.Opzioni.begin(), caso.Opzioni.end());
+        EXPECT_EQ(b.Esegui(argomenti), 0) << b.Errori.str();
+        EXPECT_EQ(b.Disco.Avviati,
+                  std::vector<std::string>(caso.Apre ? 1 : 0, "Explorer|/casa/p/Appoggio/Indice.Html"))
+            << testing::PrintToString(caso.Opzioni);
+        const bool chiede = caso.Terminale && caso.Opzioni.empty();
+        EXPECT_EQ(b.Dice("Documentazione HTML riuscita.\nVuoi visualizzare l'indice?"), chiede)
+            << b.Errori.str();
+        EXPECT_FALSE(b.Dice("Vuoi riordinare")); // the command answers that one itself
+        const std::string json = b.Disco.Leggi("/casa/r.json");
+        EXPECT_NE(json.find("\"flag\": 36, \"titolo\": \"Visualizzazione Documentazione HTML\""),
+                  std::string::npos);
+        EXPECT_EQ(json.find("Explorer") != std::string::npos,
+                  caso.Apre || caso.Opzioni.size() == 2); // recorded where it is not started
+    }
+}
+
+TEST(Documenta, BrowserAssente) {
+    Banco b;
+    b.Disco.Fallisci("Avvia", "Indice.Html", 53);
+    EXPECT_EQ(b.Esegui({"documenta", "--apri", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53")) << b.Errori.str();
+    EXPECT_EQ(b.NellIndice(), "A.bas B.bas C.frm");
+}
+
+// An error is final: number, description and file are told, and what was written stays.
+TEST(Documenta, Errore) {
+    struct Caso {
+        std::vector<std::string> Righe;
+        const char* Detto;
+    };
+    const Caso casi[] = {
+        {{"+A.frm", "M.frm", "+Z.frm"},
+         "mnuHTML_Click fermato alla riga «M.frm»: errore 53, File non trovato. (/casa/p/M.frm)"},
+        {{"+A.frm", "+sub\\M.frm", "+Z.frm"},
+         "mnuHTML_Click fermato alla riga «sub\\M.frm»: errore 76, Percorso non trovato. "
+         "(/casa/p/Appoggio/sub/M.Html)"},
+        {{"+A.frm", "M.f", "+Z.frm"}, "mnuHTML_Click fermato alla riga «M.f»: errore 5, "},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        b.Progetto(caso.Righe);
+        EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 1);
+        EXPECT_TRUE(b.Dice(caso.Detto)) << b.Errori.str();
+        EXPECT_TRUE(b.Pagina("A.Html").ends_with("</html>\r\n"));
+        EXPECT_FALSE(b.Fatto("Z.Html") || b.Fatto("Indice.Html") || b.Fatto("p2.gif"));
+    }
+}
+
+// The page in work keeps what was written, up to the line that failed.
+TEST(Documenta, LaPaginaInLavoroResta) {
+    Banco b;
+    b.Disco.Metti("/casa/p/B.bas", "Begin VB.Menu m\r\n");
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Dice("alla riga «B.bas»: errore 62, ")) << b.Errori.str();
+    const std::string b_html = b.Pagina("B.Html");
+    EXPECT_TRUE(b_html.starts_with("<html>\r\n\r\n<head>\r\n"));
+    EXPECT_TRUE(
+        b_html.ends_with("Menu presenti nell'applicazione</font><br>\r\n        <HR>\r\n        <br>\r\n"));
+    EXPECT_FALSE(b.Fatto("C.Html"));
+
+    Banco mezzanotte;
+    mezzanotte.Disco.Modificati["/casa/p/B.bas"] = {2026, 1, 1, 0, 0, 0};
+    EXPECT_EQ(mezzanotte.Esegui({"documenta", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(mezzanotte.Dice("alla riga «B.bas»: errore 5, "));
+    EXPECT_TRUE(mezzanotte.Pagina("B.Html").ends_with("<P>Grandezza form</B></FONT></TD>\r\n  </TR>\r\n"));
+}
+
+TEST(Documenta, CartellaSenzaFile) {
+    Banco b;
+    b.Disco.FaiDirectory("/casa/p/Appoggio/sub");
+    EXPECT_EQ(b.Esegui({"documenta", "--prosegui", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 75, ")) << b.Errori.str();
+    EXPECT_TRUE(b.Dice("/casa/p/Appoggio)"));
+    EXPECT_FALSE(b.Fatto("A.Html"));
+}
+
+TEST(Documenta, FiguraMancante) {
+    Banco b;
+    b.Disco.Cancella("/casa/programma/home.GIF");
+    for (const char* opzione : {"-q", "--prosegui"}) { // no row is to blame
+        EXPECT_EQ(b.Esegui({"documenta", opzione, "p/Prova.vbp"}), 1);
+        EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53, File non trovato. (/casa/programma/home.GIF)"))
+            << b.Errori.str();
+        EXPECT_TRUE(b.Fatto("C.Html") && b.Fatto("BLULETHR.GIF"));
+        EXPECT_FALSE(b.Fatto("Indice.Html"));
+    }
+}
+
+// Another directory of the program: pictures come from there.
+TEST(Documenta, Programma) {
+    Banco b;
+    for (const char* nome : {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"})
+        b.Disco.Metti(std::string("/casa/altro/") + nome, "altra");
+    EXPECT_EQ(b.Esegui({"documenta", "--programma", "altro", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Pagina("home.GIF"), "altra");
+}
+
+// Nothing to document: the run goes to the root, as the window's does.
+TEST(Documenta, ProgettoVuoto) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Disco.Esiste("/Indice.Html") && b.Disco.Esiste("/p2.gif"));
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+
+    Banco senza;
+    senza.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+    senza.Disco.Fallisci("Copia", "/p2.gif", 75);
+    EXPECT_EQ(senza.Esegui({"documenta", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(senza.Dice("mnuHTML_Click fermato: errore 75, ") && senza.Dice("(/p2.gif)"))
+        << senza.Errori.str();
+}
+
+// --prosegui: a row that ends the run is left out, and the index holds every page that there is.
+TEST(Prosegui, IlResto) {
+    struct Caso {
+        std::vector<std::string> Righe;
+        const char* Indice;
+        std::vector<std::string> Detti;
+    };
+    const Caso casi[] = {
+        {{"+A.frm", "M.frm", "+Z.frm"}, "A.frm Z.frm", {"«M.frm»: errore 53"}},
+        {{"A.frm", "+M.frm", "+Z.frm"}, "M.frm Z.frm", {"«A.frm»: errore 53"}},
+        {{"+A.frm", "+M.frm", "Z.frm"}, "A.frm M.frm", {"«Z.frm»: errore 53"}},
+        {{"+A.frm", "x", "+sub\\B.frm", "C.frm", "+..\\lib\\D.frm"},
+         "A.frm",
+         {"«x»: errore 5,", "«sub\\B.frm»: errore 76", "«C.frm»: errore 53", "«..\\lib\\D.frm»: errore 76"}},
+        {{"A.frm", "A.frm", "+B.frm"}, "B.frm", {"«A.frm»: errore 53"}},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(testing::PrintToString(caso.Righe));
+        Banco b;
+        b.Progetto(caso.Righe);
+        EXPECT_EQ(b.Esegui({"documenta", "--prosegui", "p/Prova.vbp"}), 1);
+        EXPECT_EQ(b.NellIndice(), caso.Indice);
+        std::size_t errori = 0;
+        for (std::size_t da = b.Errori.str().find("fermato alla riga"); da != std::string::npos;
+             da = b.Errori.str().find("fermato alla riga", da + 1))
+            ++errori;
+        EXPECT_EQ(errori, static_cast<std::size_t>(std::count_if(
+                              caso.Righe.begin(), caso.Righe.end(), [&](const std::string& riga) {
+                                  return std::string(" ")
+                                             .append(caso.Indice)
+                                             .append(" ")
+                                             .find(" " + riga.substr(riga[0] == '+' ? 1 : 0) + " ") ==
+                                         std::string::npos;
+                              })));
+        for (const std::string& detto : caso.Detti) EXPECT_TRUE(b.Dice(detto)) << detto << b.Errori.str();
+        for (const char* nome : {"p2.gif", "Dario.gif"}) EXPECT_TRUE(b.Fatto(nome));
+    }
+}
+
+// Every row fails: there is no index, and above all none at the root.
+TEST(Prosegui, NessunaBuona) {
+    Banco b;
+    b.Progetto({"A.frm", "x"});
+    EXPECT_EQ(b.Esegui({"documenta", "-k", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Dice("«A.frm»: errore 53") && b.Dice("«x»: errore 5,"));
+    EXPECT_FALSE(b.Fatto("Indice.Html") || b.Disco.Esiste("/Indice.Html") || b.Disco.Esiste("/p2.gif"));
+}
+
+// The question comes once, behind the run that succeeds.
+TEST(Prosegui, UnaDomanda) {
+    Banco b;
+    b.Progetto({"A.frm", "+B.frm", "C.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "-k", "--apri", "p/Prova.vbp"}), 1);
+    EXPECT_EQ(b.Disco.Avviati.size(), 1U);
+    EXPECT_EQ(b.NellIndice(), "B.frm");
+}
+
+// --sottocartelle: folders for the rows that name them, below the work directory and nowhere else.
+TEST(Sottocartelle, FatteEArredate) {
+    Banco b;
+    b.Progetto({"+A.frm", "+sub\\B.frm", "+SUB\\C.frm", "+uno\\due\\tre\\D.frm", "x\\..\\E.frm"});
+    b.Disco.Metti("/casa/p/sub/C.frm", Modulo);
+    b.Disco.Metti("/casa/p/E.frm", Modulo);
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0) << b.Errori.str();
+    for (const char* nome : {"A.Html", "E.Html", "sub/B.Html", "sub/C.Html", "uno/due/tre/D.Html"})
+        EXPECT_TRUE(b.Fatto(nome)) << nome;
+    EXPECT_FALSE(b.Fatto("SUB") || b.Fatto("x"));
+    const std::pair<const char*, const char*> cartelle[] = {
+        {"sub", "../Indice.Html"},
+        {"uno", "../Indice.Html"},
+        {"uno/due", "../../Indice.Html"},
+        {"uno/due/tre", "../../../Indice.Html"},
+    };
+    for (const auto& [cartella, casa] : cartelle) {
+        const std::string qui = std::string(cartella) + "/";
+        for (const char* nome : {"p2.gif", "dario.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"})
+            EXPECT_TRUE(b.Fatto(qui + nome) && b.Pagina(qui + nome).starts_with("figura ")) << qui << nome;
+        ASSERT_TRUE(b.Fatto(qui + "Indice.Html")) << cartella;
+        const std::string indice = b.Pagina(qui + "Indice.Html");
+        EXPECT_NE(indice.find("\"" + std::string(casa) + "\""), std::string::npos) << indice;
+        EXPECT_TRUE(indice.starts_with("<html>\r\n") && indice.ends_with("</html>\r\n"));
+    }
+    // The page itself is what it would be anywhere.
+    EXPECT_NE(b.Pagina("sub/B.Html").find("<a href=\rIndice.Html\r>"), std::string::npos);
+    EXPECT_NE(b.Pagina("Indice.Html").find("<a href=\"\\casa\\p\\Appoggio\\sub\\B.Html\">sub\\B.frm<br>"),
+              std::string::npos);
+}
+
+TEST(Sottocartelle, SenzaOpzioneNonCiSono) {
+    Banco b;
+    b.Progetto({"+A.frm", "+sub\\B.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 1);
+    EXPECT_FALSE(b.Fatto("sub"));
+    // A folder that was there is left as it is.
+    b.Disco.FaiDirectory("/casa/p/Appoggio/sub");
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Fatto("sub/B.Html"));
+    EXPECT_FALSE(b.Fatto("sub/p2.gif") || b.Fatto("sub/Indice.Html"));
+}
+
+// Only the folders of the rows selected.
+TEST(Sottocartelle, DelleRigheScelte) {
+    Banco b;
+    b.Progetto({"+A.frm", "+sub\\B.frm", "+altra\\C.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp", "sub\\b.frm"}), 0);
+    EXPECT_TRUE(b.Fatto("sub/Indice.Html"));
+    EXPECT_FALSE(b.Fatto("altra"));
+    EXPECT_EQ(b.NellIndice(), "sub\\B.frm");
+}
+
+TEST(Sottocartelle, NonServono) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0);
+    File con = b.Disco.TuttiIFile();
+    Banco senza;
+    EXPECT_EQ(senza.Esegui({"documenta", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(con == senza.Disco.TuttiIFile());
+}
+
+// Nothing is made outside the work directory, whatever a row climbs over.
+TEST(Sottocartelle, MaiFuori) {
+    for (const char* riga :
+         {"..\\lib\\M.frm", "sub\\..\\..\\lib\\M.frm", "../lib/M.frm", ".\\..\\lib\\M.frm"}) {
+        SCOPED_TRACE(riga);
+        Banco b;
+        b.Progetto({"+A.frm", riga, "+sub\\B.frm"});
+        b.Disco.Metti("/casa/lib/M.frm", Modulo);
+        EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "--prosegui", "p/Prova.vbp"}), 1);
+        EXPECT_FALSE(b.Disco.Esiste("/casa/p/lib") || b.Disco.Esiste("/casa/lib/M.Html") || b.Fatto("lib"));
+        EXPECT_TRUE(b.Dice("errore 76")) << b.Errori.str();
+        EXPECT_EQ(b.NellIndice(), "A.frm sub\\B.frm");
+        for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
+            EXPECT_TRUE(percorso.starts_with("/casa/p/Appoggio/") ||
+                        bytes.find("<html>") == std::string::npos)
+                << percorso;
+
+        // Where there is a directory for it the rule writes there, and that place stays bare.
+        b.Disco.FaiDirectory("/casa/p/lib");
+        EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0) << b.Errori.str();
+        EXPECT_TRUE(b.Disco.Esiste("/casa/p/lib/M.Html"));
+        EXPECT_FALSE(b.Disco.Esiste("/casa/p/lib/p2.gif") || b.Disco.Esiste("/casa/p/lib/Indice.Html"));
+    }
+}
+
+// A module's page named Indice in a folder is its page, and stays.
+TEST(Sottocartelle, PaginaIndice) {
+    Banco b;
+    b.Progetto({"+sub\\INDICE.frm", "+due\\B.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0) << b.Errori.str();
+    EXPECT_NE(b.Pagina("sub/INDICE.Html").find("Public Sub a()"), std::string::npos);
+    EXPECT_FALSE(b.Fatto("sub/Indice.Html"));
+    EXPECT_TRUE(b.Fatto("sub/home.GIF"));
+    EXPECT_TRUE(b.Fatto("due/Indice.Html"));
+}
+
+TEST(Sottocartelle, DiNuovo) {
+    Banco b;
+    b.Progetto({"+A.frm", "+sub\\B.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0);
+    const File prima = b.Disco.TuttiIFile();
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Disco.TuttiIFile() == prima);
+}
+
+TEST(Sottocartelle, Errori) {
+    struct Caso {
+        const char *Operazione, *Fine;
+        int Numero;
+    };
+    const Caso casi[] = {
+        {"CreaDirectory", "/sub", 75},
+        {"CreaDirectory", "/Appoggio", 75},
+        {"Copia", "/sub/home.GIF", 61},
+        {"ApriScrittura", "/sub/Indice.Html", 75},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        b.Progetto({"+A.frm", "+sub\\B.frm"});
+        const File prima = b.Disco.TuttiIFile();
+        b.Disco.Fallisci(caso.Operazione, caso.Fine, caso.Numero);
+        EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 1) << caso.Fine;
+        EXPECT_TRUE(b.Dice("errore " + std::to_string(caso.Numero))) << b.Errori.str();
+        for (const auto& [percorso, bytes] : prima) EXPECT_EQ(b.Disco.Leggi(percorso), bytes);
+    }
+}
+
+TEST(Esegui, Html) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"esegui", "--si", "--html", "p/Prova.vbp"}), 0) << b.Errori.str();
+    for (const char* nome : {"a.bas", "A.log", "A.Html", "C.Html", "Prova.vbp", "Indice.Html", "home.GIF"})
+        EXPECT_TRUE(b.Fatto(nome)) << nome;
+    EXPECT_EQ(b.NellIndice(), "A.bas B.bas C.frm"); // rows that the listing had deselected
+    EXPECT_TRUE(b.Disco.Avviati.empty());
+    EXPECT_TRUE(b.Scrive("A.Html")) << b.Uscita.str();
+
+    Banco senza;
+    EXPECT_EQ(senza.Esegui({"esegui", "--si", "p/Prova.vbp"}), 0);
+    EXPECT_FALSE(senza.Fatto("A.Html") || senza.Fatto("Indice.Html"));
+
+    Banco no;
+    EXPECT_EQ(no.Esegui({"esegui", "--no", "--html", "p/Prova.vbp"}), 3);
+    EXPECT_FALSE(no.Disco.Esiste("/casa/p/Appoggio"));
+
+    Banco apre;
+    EXPECT_EQ(apre.Esegui({"esegui", "--si", "--html", "--apri", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(apre.Disco.Avviati, std::vector<std::string>{"Explorer|/casa/p/Appoggio/Indice.Html"});
+
+    Banco prosegue;
+    prosegue.Progetto({"+A.frm", "M.frm", "+sub\\B.frm"});
+    EXPECT_EQ(prosegue.Esegui({"esegui", "-sk", "--html", "--sottocartelle", "p/Prova.vbp"}), 1);
+    EXPECT_EQ(prosegue.NellIndice(), "A.frm sub\\B.frm");
+    EXPECT_TRUE(prosegue.Fatto("sub/Indice.Html") && prosegue.Fatto("a.frm"));
+    EXPECT_TRUE(prosegue.Dice("mnuHTML_Click fermato alla riga «M.frm»: errore 53"));
+}
+
+TEST(Eventi, Documentazione) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "seleziona=1", "mnuHTML_Click"}), 0);
+    EXPECT_EQ(b.NellIndice(), "B.bas");
+    EXPECT_FALSE(b.Disco.Esiste(Ini));
+
+    Banco errore; // final: what follows is not run, what was written is there
+    errore.Progetto({"+A.frm", "M.frm"});
+    EXPECT_EQ(
+        errore.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "mnuHTML_Click", "mnuRiordina_Click"}),
+        1);
+    EXPECT_TRUE(errore.Fatto("A.Html"));
+    EXPECT_FALSE(errore.Fatto("a.txt"));
+
+    Banco aiuto;
+    EXPECT_EQ(aiuto.Esegui({"eventi", "p/Prova.vbp", "MnuHelpHtml_Click"}), 0);
+    EXPECT_EQ(aiuto.Disco.Leggi("/casa/programma/tavolerio.htm").size(), 4081U);
+}
+
+// The stored options reach every run that works, and no run makes the file.
+TEST(Conservate, CaricateENonCreate) {
+    const std::string sorgente =
+        "Attribute VB_Exposed = False\r\nOption Explicit\r\n'c\r\nSub a()\r\nEnd Sub\r\n";
+    struct Caso {
+        std::vector<std::string> Argomenti;
+        bool Testo; // the header is in the rewritten form
+        bool Commento;
+    };
+    const std::string pieno = "OK\r\nOK\r\n'DALL INI\r\nKO\r\n";
+    const Caso casi[] = {
+        {{"riordina", "p/Prova.vbp"}, true, false},
+        {{"esegui", "--si", "p/Prova.vbp"}, true, false},
+        {{"riordina", "--togli-commenti=no", "p/Prova.vbp"}, true, true},
+        {{"riordina", "--intestazione-procedure=no", "p/Prova.vbp"}, false, false},
+        {{"riordina", "-t", "--intestazione-procedure=no", "p/Prova.vbp"}, false, false},
+        {{"eventi", "p/Prova.vbp", "File1Leggi_Click", "mnuRiordina_Click"}, false, true},
+        {{"eventi", "--ini", "p/Prova.vbp", "File1Leggi_Click", "mnuRiordina_Click"}, true, false},
+        {{"eventi", "p/Prova.vbp", "Form_Resize", "File1Leggi_Click", "mnuRiordina_Click"}, true, false},
+        {{"eventi", "--ini", "--togli-commenti=no", "p/Prova.vbp", "File1Leggi_Click", "mnuRiordina_Click"},
+         true,
+         true},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(testing::PrintToString(caso.Argomenti));
+        Banco b;
+        b.Disco.Metti("/casa/p/C.frm", sorgente);
+        b.Disco.Metti(Ini, pieno);
+        EXPECT_EQ(b.Esegui(caso.Argomenti), 0) << b.Errori.str();
+        const std::string c = b.Pagina("c.txt");
+        EXPECT_EQ(c.find("'DALL INI\r\n") != std::string::npos, caso.Testo) << c;
+        EXPECT_EQ(c.find("'c\r\n") != std::string::npos, caso.Commento) << c;
+        EXPECT_EQ(b.Disco.Leggi(Ini), pieno); // for that run only
+    }
+    for (const char* comando : {"esegui", "riordina", "struttura", "documenta", "leggi", "elenca"}) {
+        Banco b;
+        EXPECT_EQ(b.Esegui({comando, "--no", "--senza-processi", "p/Prova.vbp"}),
+                  comando == std::string("esegui") ? 3 : 0)
+            << comando << b.Errori.str();
+        EXPECT_FALSE(b.Disco.Esiste(Ini)) << comando;
+    }
+}
+
+// "Senza conferma" as stored: choosing the project runs everything, unless the command line says no.
+TEST(Conservate, SenzaConferma) {
+    const std::string pieno = "KO\r\nKO\r\n\r\nOK\r\n";
+    Banco b;
+    b.Disco.Metti(Ini, pieno);
+    EXPECT_EQ(b.Esegui({"esegui", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Fatto("a.bas") && b.Fatto("A.log"));
+    EXPECT_FALSE(b.Dice("Vuoi riordinare"));
+    Banco no;
+    no.Disco.Metti(Ini, pieno);
+    EXPECT_EQ(no.Esegui({"esegui", "--senza-conferma=no", "p/Prova.vbp"}), 3);
+    EXPECT_FALSE(no.Disco.Esiste("/casa/p/Appoggio"));
+    for (const char* comando : {"riordina", "struttura", "documenta"}) { // these answer No to it all the same
+        Banco c;
+        c.Disco.Metti(Ini, pieno);
+        EXPECT_EQ(c.Esegui({comando, "p/Prova.vbp", "A.bas"}), 0);
+        EXPECT_FALSE(c.Fatto("b.txt") || c.Fatto("B.log") || c.Fatto("B.Html")) << comando;
+    }
+}
+
+TEST(Conservate, FileRovinato) {
+    for (const char* bytes : {"OK\r\n", "OK\r\nOK\r\nx\r\n", "KO\nKO\n\nKO\n"})
+        for (const char* comando : {"esegui", "riordina", "struttura", "documenta", "leggi"}) {
+            Banco b;
+            b.Disco.Metti(Ini, bytes);
+            EXPECT_EQ(b.Esegui({comando, "--si", "p/Prova.vbp"}), 1) << comando;
+            EXPECT_TRUE(b.Dice("errore 62") && b.Dice("(/casa/programma/Default.ini)") &&
+                        b.Dice("morvella-cli opzioni --ripristina"))
+                << b.Errori.str();
+            EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+            EXPECT_EQ(b.Disco.Leggi(Ini), bytes);
+            EXPECT_EQ(b.Esegui({"elenca", "p/Prova.vbp"}), 0); // needs none
+            EXPECT_EQ(b.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click"}), 0);
+            EXPECT_EQ(b.Esegui({"eventi", "--ini", "p/Prova.vbp", "File1Leggi_Click"}), 1);
+            EXPECT_EQ(b.Esegui({"opzioni"}), 1);
+            EXPECT_EQ(b.Esegui({"opzioni", "--ripristina"}), 0) << b.Errori.str();
+            EXPECT_EQ(b.Disco.Leggi(Ini), Predefinito);
+        }
+}
+
+TEST(Eventi, IniVieneCreatoDaForm_Resize) {
+    for (const std::vector<std::string>& argomenti :
+         {std::vector<std::string>{"eventi", "--ini", "p/Prova.vbp", "File1_Click"},
+          {"eventi", "p/Prova.vbp", "Form_Resize"},
+          {"eventi", "p/Prova.vbp", "Command2_Click"}}) {
+        Banco b;
+        EXPECT_EQ(b.Esegui(argomenti), 0);
+        EXPECT_EQ(b.Disco.Leggi(Ini), Predefinito);
+    }
+    Banco b;
+    EXPECT_EQ(b.Esegui({"eventi", "-tq", "p/Prova.vbp", "Check1_Click", "File1_Click"}), 0);
+    EXPECT_FALSE(b.Disco.Esiste(Ini));
+    EXPECT_EQ(b.Esegui({"eventi", "-t", "p/Prova.vbp", "TogliCommenti_LostFocus"}), 0);
+    EXPECT_EQ(b.Disco.Leggi(Ini), "OK\r\nKO\r\n\r\nKO\r\n");
+}
+
+TEST(Opzioni, Cambi) {
+    const std::string modello = [] { // as the window shows it where nothing was stored
+        const std::string barra = "'" + std::string(49, '*') + "\r\n";
+        const auto stella = [](const std::string& testo) {
+            return "'* " + testo + std::string(46 - testo.size(), ' ') + "*\r\n";
+        };
+        std::string testo = barra + stella("Nome Progetto") + barra + stella("Autore") + barra +
+                            stella("Data Creazione:") + barra + "'* Commenti" + std::string(38, ' ') + "\r\n";
+        for (int i = 0; i < 6; ++i) testo += "'*" + std::string(47, ' ') + "\r\n";
+        return testo + barra;
+    }();
+    struct Caso {
+        const char* Prima; // nullptr: no file
+        std::vector<std::string> Opzioni;
+        std::string Dopo;
+    };
+    const std::string pieno = "OK\r\nOK\r\n'T\r\n\r\nOK\r\n";
+    const Caso casi[] = {
+        {"KO\r\nKO\r\n\r\nKO\r\n", {"--togli-commenti=si"}, "OK\r\nKO\r\n\r\nKO\r\n"},
+        {"KO\r\nKO\r\n\r\nKO\r\n", {"--togli-commenti"}, "OK\r\nKO\r\n\r\nKO\r\n"},
+        {"KO\r\nKO\r\n\r\nKO\r\n", {"--intestazione-procedure=s\xC3\xAC"}, "KO\r\nOK\r\n\r\nKO\r\n"},
+        {"KO\r\nKO\r\n\r\nKO\r\n", {"--senza-conferma=si"}, "KO\r\nKO\r\n\r\nOK\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n", {"--togli-commenti=no"}, "KO\r\nOK\r\n'T\r\n\r\nOK\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n",
+         {"--intestazione-procedure=no", "--senza-conferma=no"},
+         "OK\r\nKO\r\n'T\r\n\r\nKO\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n",
+         {"--testo-intestazione=t.txt"},
+         "OK\r\nOK\r\n'Perch\xE9\r\n\r\n'due\r\n\r\nOK\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n", {"--testo-intestazione", "vuoto.txt"}, "OK\r\nOK\r\n\r\nOK\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n", {}, pieno},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n", {"--ripristina"}, Predefinito},
+        {nullptr, {"--ripristina"}, Predefinito},
+        {nullptr, {"--togli-commenti=si"}, "OK\r\nKO\r\n" + modello + "\r\nKO\r\n"},
+        {nullptr, {"--testo-intestazione=t.txt"}, "KO\r\nKO\r\n'Perch\xE9\r\n\r\n'due\r\n\r\nKO\r\n"},
+        {"OK\r\nOK\r\n'T\r\n\r\nOK\r\n",
+         {"--ripristina", "--senza-conferma"},
+         "KO\r\nKO\r\n" + modello + "\r\nOK\r\n"},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(testing::PrintToString(caso.Opzioni));
+        Banco b;
+        b.Disco.Metti("/casa/t.txt", "\xEF\xBB\xBF'Perch\xC3\xA9\n\n'due\r\n");
+        b.Disco.Metti("/casa/vuoto.txt", "");
+        if (caso.Prima) b.Disco.Metti(Ini, caso.Prima);
+        std::vector<std::string> argomenti = {"opzioni"};
+        argomenti.insert(argomenti.end(), caso.Opzioni.begin(), caso.Opzioni.end());
+        EXPECT_EQ(b.Esegui(argomenti), 0) << b.Errori.str();
+        EXPECT_EQ(b.Disco.Leggi(Ini), caso.Dopo);
+    }
+}
+
+TEST(Opzioni, Mostrate) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"opzioni"}), 0);
+    EXPECT_TRUE(b.Scrive("Nessuna opzione conservata in /casa/programma/Default.ini")) << b.Uscita.str();
+    EXPECT_FALSE(b.Disco.Esiste(Ini));
+
+    b.Disco.Metti(Ini, "OK\r\nKO\r\n'Perch\xE9\r\n'due\r\n\r\nOK\r\n");
+    EXPECT_EQ(b.Esegui({"opzioni"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "Togli tutti i commenti:   sì\nIntestazione Procedure:   no\n"
+                              "Senza chiedere conferma:  sì\nTesto dell'intestazione:  \n'Perché\n'due\n");
+    EXPECT_EQ(b.Esegui({"opzioni", "--togli-commenti=no"}), 0);
+    EXPECT_TRUE(b.Uscita.str().starts_with("Togli tutti i commenti:   no\n")) << b.Uscita.str();
+    EXPECT_EQ(b.Esegui({"opzioni", "--ripristina"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "Togli tutti i commenti:   no\nIntestazione Procedure:   no\n"
+                              "Senza chiedere conferma:  no\nTesto dell'intestazione:  (nessuno)\n");
+
+    b.Disco.Metti("/casa/altro/Default.ini", "OK\r\nOK\r\nOK\r\n");
+    EXPECT_EQ(b.Esegui({"opzioni", "--programma=altro"}), 0);
+    EXPECT_TRUE(b.Scrive("Procedure:   sì"));
+}
+
+TEST(Opzioni, Uso) {
+    for (const std::vector<std::string>& argomenti : {std::vector<std::string>{"opzioni", "p/Prova.vbp"},
+                                                      {"opzioni", "--togli-commenti=forse"},
+                                                      {"opzioni", "--togli-commenti", "no"},
+                                                      {"opzioni", "--si"},
+                                                      {"opzioni", "--testo-intestazione"},
+                                                      {"documenta"},
+                                                      {"documenta", "p/Prova.vbp", "Assente.bas"},
+                                                      {"documenta", "--html", "p/Prova.vbp"},
+                                                      {"riordina", "--apri", "p/Prova.vbp"},
+                                                      {"riordina", "--sottocartelle", "p/Prova.vbp"},
+                                                      {"documenta", "--ini", "p/Prova.vbp"},
+                                                      {"esegui", "--ripristina", "p/Prova.vbp"},
+                                                      {"guida", "p/Prova.vbp"}}) {
+        Banco b;
+        EXPECT_EQ(b.Esegui(argomenti), 2) << testing::PrintToString(argomenti);
+        EXPECT_FALSE(b.Disco.Esiste(Ini) || b.Disco.Esiste("/casa/p/Appoggio"));
+    }
+}
+
+TEST(Opzioni, IniNonScrivibile) {
+    for (const std::vector<std::string>& argomenti :
+         {std::vector<std::string>{"opzioni", "--ripristina"}, {"opzioni", "--togli-commenti=si"}}) {
+        Banco b;
+        b.Disco.Metti(Ini, "KO\r\nKO\r\n'T\r\nKO\r\n");
+        b.Disco.Fallisci("ApriScrittura", "Default.ini", 75);
+        EXPECT_EQ(b.Esegui(argomenti), 1);
+        EXPECT_TRUE(b.Dice("errore 75, ") && b.Dice("(/casa/programma/Default.ini)")) << b.Errori.str();
+        EXPECT_EQ(b.Disco.Leggi(Ini), "KO\r\nKO\r\n'T\r\nKO\r\n");
+    }
+}
+
+TEST(Guida, PaginaEBrowser) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"guida"}), 0) << b.Errori.str();
+    EXPECT_EQ(b.Disco.Leggi("/casa/programma/tavolerio.htm").size(), 4081U);
+    EXPECT_EQ(b.Disco.Avviati, std::vector<std::string>{"Explorer|/casa/programma/tavolerio.htm"});
+    EXPECT_EQ(b.Disco.DirectoryCorrente(), "/casa");
+    EXPECT_FALSE(b.Disco.Esiste(Ini));
+
+    b.Disco.Metti("/casa/programma/tavolerio.htm", "mia");
+    EXPECT_EQ(b.Esegui({"guida", "--senza-processi"}), 0);
+    EXPECT_EQ(b.Disco.Leggi("/casa/programma/tavolerio.htm"), "mia");
+    EXPECT_EQ(b.Disco.Avviati.size(), 1U);
+
+    EXPECT_EQ(b.Esegui({"guida", "-p", "altra"}), 1); // no such directory
+    EXPECT_TRUE(b.Dice("MnuHelpHtml_Click fermato: errore 76")) << b.Errori.str();
+
+    Banco senza;
+    senza.Disco.Fallisci("Avvia", "tavolerio.htm", 53);
+    EXPECT_EQ(senza.Esegui({"guida"}), 1);
+    EXPECT_TRUE(senza.Dice("errore 53"));
+    EXPECT_TRUE(senza.Disco.Esiste("/casa/programma/tavolerio.htm"));
+}
+
+} // namespace
+
+} // namespace morvella::cli

@@ -1,0 +1,439 @@
+// SPDX-License-Identifier: MIT
+//
+// The run over the rows: the order of its statements, the work directory, the pictures, what it
+// leaves in the state, and where it ends.
+#include "docs/banco.h"
+
+namespace morvella {
+
+namespace {
+
+using namespace prove;
+
+using File = std::map<std::string, std::string>;
+
+const char* const FraseLog = "Ok! Directory Creata, ora mettiamoci al lavoro ...\r\n";
+
+// The calls without the single reads.
+std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) {
+    std::vector<std::string> altre;
+    for (const std::string& chiamata : chiamate)
+        if (!chiamata.starts_with("Leggi ")) altre.push_back(chiamata);
+    return altre;
+}
+
+TEST(Corsa, OrdineDelleIstruzioni) {
+    Banco b;
+    b.Riga("A.bas", "x\n");
+    b.Riga("B.bas", "x\n");
+    b.Disco.Chiamate.clear();
+    ASSERT_EQ(b.Documenta(), 0);
+    const std::vector<std::string> nuova = {
+        "CambiaDirectory /p",
+        "CreaDirectory /p/Appoggio",
+        "ApriScrittura /p/Appoggio/OK.LOG",
+        "Scrivi /p/Appoggio/OK.LOG",
+        "Chiudi /p/Appoggio/OK.LOG",
+        "ApriLettura /p/A.bas", // first pass
+        "Chiudi /p/A.bas",
+        "ApriLettura /p/A.bas",
+        "ApriScrittura /p/Appoggio/A.Html",
+        "Adesso ", // the date of the tail, ahead of the source's end
+        "Chiudi /p/A.bas",
+        "Scrivi /p/Appoggio/A.Html",
+        "Chiudi /p/Appoggio/A.Html",
+        "ApriLettura /p/B.bas",
+        "Chiudi /p/B.bas",
+        "ApriLettura /p/B.bas",
+        "ApriScrittura /p/Appoggio/B.Html",
+        "Adesso ",
+        "Chiudi /p/B.bas",
+        "Scrivi /p/Appoggio/B.Html",
+        "Chiudi /p/Appoggio/B.Html",
+        "Copia /p/Appoggio/p2.gif",
+        "Copia /p/Appoggio/dario.gif",
+        "Copia /p/Appoggio/BLULETHR.GIF",
+        "Copia /p/Appoggio/home.GIF",
+        "Copia /p/Appoggio/Dario.gif", // as the pages spell it
+        "ApriScrittura /p/Appoggio/Indice.Html",
+        "Scrivi /p/Appoggio/Indice.Html",
+        "Chiudi /p/Appoggio/Indice.Html",
+    };
+    EXPECT_EQ(SenzaLetture(b.Disco.Chiamate), nuova);
+
+    // Again, with one row less: pages and index are deleted first, and nothing else is touched.
+    b.S.File1.Segna(0, false);
+    b.Disco.Chiamate.clear();
+    const File prima = b.Disco.TuttiIFile();
+    ASSERT_EQ(b.Documenta(), 0);
+    const std::vector<std::string> diNuovo = {
+        "Cancella /p/Appoggio/B.Html", // ahead of the first pass
+        "ApriLettura /p/B.bas",
+        "Chiudi /p/B.bas",
+        "ApriLettura /p/B.bas",
+        "ApriScrittura /p/Appoggio/B.Html",
+        "Adesso ",
+        "Chiudi /p/B.bas",
+        "Scrivi /p/Appoggio/B.Html",
+        "Chiudi /p/Appoggio/B.Html",
+        "Cancella /p/Appoggio/Indice.Html",
+        "ApriScrittura /p/Appoggio/Indice.Html",
+        "Scrivi /p/Appoggio/Indice.Html",
+        "Chiudi /p/Appoggio/Indice.Html",
+    };
+    EXPECT_EQ(SenzaLetture(b.Disco.Chiamate), diNuovo);
+    File dopo = b.Disco.TuttiIFile();
+    EXPECT_NE(dopo.at("/p/Appoggio/Indice.Html"), prima.at("/p/Appoggio/Indice.Html"));
+    dopo["/p/Appoggio/Indice.Html"] = prima.at("/p/Appoggio/Indice.Html");
+    EXPECT_TRUE(dopo == prima); // A.Html stays
+}
+
+// An old page goes before its source is even looked for.
+TEST(Corsa, LaPaginaVecchiaSparisce) {
+    Banco b;
+    b.Disco.Metti("/p/Appoggio/a.HTML", "vecchia");
+    b.Riga("A.bas");
+    EXPECT_EQ(b.Documenta(), 53);
+    EXPECT_FALSE(b.C("/p/Appoggio/a.HTML") || b.C("/p/Appoggio/A.Html"));
+}
+
+TEST(Corsa, StatoDopo) {
+    Banco b;
+    b.Disco.Metti("/p/Prova.vbp", "Module=A; A.bas\r\n");
+    b.S.File1Leggi.Nomi = {"Prova.vbp"};
+    b.S.File1Leggi.ListIndex = 0;
+    b.S.DirAppoggio = "\\altrove";
+    b.S.ProgressBar1 = {3, 7, 5, true, 5};
+    b.S.mnuSeleziona = "DeSeleziona tutto";
+    b.S.mnuLettura = b.S.mnuRiordina = b.S.mnuvorn = false;
+    b.Riga("A.bas", "Option Explicit\nPublic Sub a()\nPublic Function f()\n");
+    b.Riga("B.bas", "x\n");
+    b.Riga("C.bas", "Option Explicit\nPublic Function f()\nBegin VB.Menu\n");
+    b.S.File1.Segna(1, false);
+    ASSERT_EQ(b.Documenta(), 0);
+
+    EXPECT_TRUE(b.S.File1.Selected(0) && !b.S.File1.Selected(1) && b.S.File1.Selected(2));
+    EXPECT_TRUE(b.S.mnuLettura);
+    EXPECT_FALSE(b.S.mnuRiordina || b.S.mnuvorn);
+    EXPECT_EQ(b.S.mnuSeleziona, "DeSeleziona tutto");
+    EXPECT_EQ(b.S.DirAppoggio, "\\altrove");
+    EXPECT_FALSE(b.C("/p/Appoggio/Prova.vbp")); // the project is not copied
+    EXPECT_EQ(b.Pagina("OK.LOG"), FraseLog);
+    EXPECT_TRUE(b.S.ProgressBar1.Min == 3 && b.S.ProgressBar1.Max == 7 && b.S.ProgressBar1.Value == 5 &&
+                b.S.ProgressBar1.Visible);
+    EXPECT_EQ(b.S.Progress.Max, 3 + 15);
+    EXPECT_EQ(b.S.Progress.Min, 0);
+    EXPECT_EQ(b.S.Progress.Value, 0);
+    EXPECT_FALSE(b.S.Progress.Visible);
+    EXPECT_EQ(b.S.Label2, "");
+    EXPECT_EQ(b.S.FileSorgente, "\\p\\C.bas");
+    EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\C.Html");
+    EXPECT_EQ(b.S.Numero, "     ");
+    EXPECT_EQ(b.S.Margine, "     ");
+    EXPECT_EQ(b.S.StoriaBlocchi, "0002");
+    EXPECT_EQ(b.S.TotaleRighe, 3);
+    EXPECT_EQ(b.Casa.Scritti, (std::vector<Testo>{"0|\\p\\Appoggio\\A.Html|3", "2|\\p\\Appoggio\\C.Html|3"}));
+    EXPECT_TRUE(b.Casa.Arresti.empty()); // nothing is trapped here
+}
+
+// The place in the whole list, from 0, over the number of rows selected.
+TEST(Corsa, Label2) {
+    Banco b;
+    for (char c = 'A'; c <= 'J'; ++c) b.Riga(Testo(1, c) + ".bas", "x\n");
+    for (const Lungo i : {0, 2, 3, 5, 6, 7, 8}) b.S.File1.Segna(i, false);
+    ASSERT_EQ(b.Documenta(), 0);
+    EXPECT_EQ(b.Casa.Etichette,
+              (std::vector<Testo>{"\\p\\B.bas  1/3", "\\p\\E.bas  4/3", "\\p\\J.bas  9/3", ""}));
+}
+
+// The bar counts the lines that the page's loop reads: the one behind a menu is not among them.
+// It stays in view behind the question.
+TEST(Corsa, Progress) {
+    Banco b;
+    b.Riga("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");
+    int domande = 0;
+    b.Casa.AllaDomanda = [&] {
+        ++domande;
+        EXPECT_TRUE(b.S.Progress.Visible);
+        EXPECT_EQ(b.S.Progress.Value, 3);
+        EXPECT_EQ(b.S.Progress.Max, 20);
+        EXPECT_EQ(b.S.Label2, "");
+        EXPECT_TRUE(b.Pagina("Indice.Html").ends_with("</HTML>\r\n")); // closed by now
+    };
+    ASSERT_EQ(b.Documenta(), 0);
+    EXPECT_EQ(domande, 1);
+    EXPECT_FALSE(b.S.Progress.Visible);
+}
+
+// After an error the bar stands and the label names the module.
+TEST(Corsa, StatoDopoUnErrore) {
+    Banco b;
+    b.S.mnuLettura = false;
+    b.Riga("A.frm", "x\nBegin VB.Menu a\n");
+    EXPECT_EQ(b.Documenta(), 62);
+    EXPECT_TRUE(b.S.mnuLettura);
+    EXPECT_EQ(b.S.Label2, "\\p\\A.frm  0/1");
+    EXPECT_TRUE(b.S.Progress.Visible);
+    EXPECT_EQ(b.S.Progress.Max, 17);
+    EXPECT_EQ(b.S.Progress.Value, 2);
+}
+
+TEST(Cartella, Preparazione) {
+    enum class Come { Manca, Vuota, SoloDirectory, ConFile, UnFile };
+    struct Caso {
+        Come Prima;
+        int Errore;
+        bool Marca;  // OK.LOG is written
+        bool Sposta; // the current directory goes to the project
+    };
+    const Caso casi[] = {
+        {Come::Manca, 0, true, true},           {Come::Vuota, 75, false, true},
+        {Come::SoloDirectory, 75, false, true}, {Come::ConFile, 0, false, false},
+        {Come::UnFile, 75, false, true},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(static_cast<int>(caso.Prima));
+        Banco b;
+        b.Riga("A.bas", "x\n");
+        b.Disco.Metti("/qui/A.bas", "x\r\n"); // for date and size
+        b.Disco.CambiaDirectory("/qui");
+        switch (caso.Prima) {
+        case Come::Manca: break;
+        case Come::Vuota: b.Disco.FaiDirectory("/p/Appoggio"); break;
+        case Come::SoloDirectory: b.Disco.Metti("/p/Appoggio/sub/x.txt", ""); break;
+        case Come::ConFile: b.Disco.Metti("/p/Appoggio/x.txt", ""); break;
+        case Come::UnFile: b.Disco.Metti("/p/Appoggio", "file"); break;
+        }
+        EXPECT_EQ(b.Documenta(), caso.Errore);
+        EXPECT_EQ(b.C("/p/Appoggio/OK.LOG"), caso.Marca);
+        EXPECT_EQ(b.Disco.DirectoryCorrente(), caso.Sposta ? "/p" : "/qui");
+        EXPECT_EQ(b.C("/p/Appoggio/A.Html"), caso.Errore == 0);
+        EXPECT_EQ(b.Casa.Etichette.empty(), caso.Errore != 0); // it ends before the first row
+    }
+}
+
+// The marker is written once.
+TEST(Cartella, MarcaVecchia) {
+    Banco b;
+    b.Disco.Metti("/p/Appoggio/OK.LOG", "vecchia");
+    b.Riga("A.bas", "x\n");
+    ASSERT_EQ(b.Documenta(), 0);
+    EXPECT_EQ(b.Pagina("OK.LOG"), "vecchia");
+}
+
+// With nothing selected the run goes to the root and reports success.
+TEST(Corsa, NessunaRigaSelezionata) {
+    for (const bool conRighe : {false, true}) {
+        Banco b;
+        if (conRighe) {
+            b.Riga("A.bas", "x\n");
+            b.S.File1.Segna(0, false);
+        }
+        b.S.mnuLettura = false;
+        const File prima = b.Disco.TuttiIFile();
+        ASSERT_EQ(b.Documenta(), 0);
+        EXPECT_TRUE(b.S.mnuLettura);
+        EXPECT_FALSE(b.C("/p/Appoggio"));
+        File dopo = b.Disco.TuttiIFile();
+        for (const auto& [nome, figura] : {std::pair{"/p2.gif", "p2.gif"},
+                                           {"/dario.gif", "Dario.gif"},
+                                           {"/Dario.gif", "Dario.gif"},
+                                           {"/BLULETHR.GIF", "BLULETHR.GIF"},
+                                           {"/home.GIF", "home.GIF"}}) {
+            EXPECT_EQ(dopo[nome], std::string("figura ") + figura);
+            dopo.erase(nome);
+        }
+        EXPECT_TRUE(dopo["/Indice.Html"].ends_with("</HTML>\r\n"));
+        EXPECT_EQ(dopo["/Indice.Html"].find("href"), std::string::npos);
+        dopo.erase("/Indice.Html");
+        EXPECT_TRUE(dopo == prima);
+        ASSERT_EQ(b.Casa.Box_.size(), 1U);
+        EXPECT_EQ(b.Casa.Etichette, std::vector<Testo>{""});
+    }
+}
+
+TEST(Corsa, Errori) {
+    struct Caso {
+        const char* Voce;
+        const char* File; // of the source, nullptr: none
+        int Errore;
+        const char* Pagina; // that the failed row leaves, nullptr: none
+    };
+    const Caso casi[] = {
+        {"M.bas", nullptr, 53, nullptr},
+        {"", nullptr, 5, nullptr},
+        {"M", "/p/M", 5, nullptr},
+        {"M.b", "/p/M.b", 5, nullptr},
+        {"sub\\M.bas", nullptr, 76, nullptr},
+        {"sub\\M.bas", "/p/sub/M.bas", 76, nullptr},
+        {"..\\lib\\M.bas", "/lib/M.bas", 76, nullptr}, // \p\lib is not there
+        {"..\\lib\\M.bas", nullptr, 76, nullptr},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(caso.Voce);
+        Banco b;
+        b.Disco.FaiDirectory("/p/Appoggio/altra");
+        b.Disco.Metti("/p/Appoggio/OK.LOG", "");
+        if (caso.File) b.Disco.Metti(caso.File, "x\r\n");
+        b.Riga(caso.Voce);
+        b.Riga("zz.bas", "x\n");
+        const File prima = b.Disco.TuttiIFile();
+        EXPECT_EQ(b.Documenta(), caso.Errore);
+        b.ChiudiTutto();
+        EXPECT_TRUE(b.Disco.TuttiIFile() == prima);
+        EXPECT_TRUE(b.Casa.Box_.empty() && b.Casa.Arresti.empty());
+    }
+}
+
+// A row that climbs out has its page beside the work directory, where there is a directory for it.
+TEST(Corsa, RigaCheRisale) {
+    Banco b;
+    b.Disco.Metti("/Comune/Form.frm", "x\r\n");
+    b.Disco.FaiDirectory("/p/Comune");
+    b.Riga("..\\Comune\\Form.frm");
+    ASSERT_EQ(b.Documenta(), 0);
+    EXPECT_TRUE(b.C("/p/Comune/Form.Html") && b.C("/p/Appoggio/Indice.Html"));
+    EXPECT_FALSE(b.C("/Comune/Form.Html"));
+    EXPECT_FALSE(b.C("/p/Comune/p2.gif")); // its pictures and its way home are not there
+}
+
+// A source is never deleted nor written, whatever the page's name leads to.
+TEST(Corsa, LaPaginaNonESulSorgente) {
+    Banco b;
+    b.Disco.Metti("/p/Appoggio/OK.LOG", "");
+    // The row's source is /Altro.cls; its page would be /p/Altro.Html, which is another row's source.
+    b.Disco.Metti("/Altro.cls", "x\r\n");
+    b.Riga("..\\Altro.cls");
+    b.Riga("Altro.Html", "sorgente\n");
+    EXPECT_EQ(b.Documenta(), 70);
+    EXPECT_EQ(b.Disco.Leggi("/p/Altro.Html"), "sorgente\r\n");
+}
+
+TEST(Figure, SoloLeMancanti) {
+    const char* nomi[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
+    for (int maschera = 0; maschera < 16; ++maschera) {
+        Banco b;
+        b.Riga("A.bas", "x\n");
+        b.Disco.Metti("/p/Appoggio/OK.LOG", "");
+        std::vector<std::string> attese;
+        for (int i = 0; i < 4; ++i) {
+            if ((maschera >> i & 1) != 0)
+                b.Disco.Metti(std::string("/p/Appoggio/") + nomi[i], "mia");
+            else
+                attese.push_back(std::string("Copia /p/Appoggio/") + nomi[i]);
+        }
+        attese.emplace_back("Copia /p/Appoggio/Dario.gif");
+        b.Disco.Chiamate.clear();
+        ASSERT_EQ(b.Documenta(), 0);
+        std::vector<std::string> copie;
+        for (const std::string& chiamata : b.Disco.Chiamate)
+            if (chiamata.starts_with("Copia ")) copie.push_back(chiamata);
+        EXPECT_EQ(copie, attese) << maschera;
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(b.Pagina(nomi[i]) == "mia", (maschera >> i & 1) != 0) << nomi[i];
+        EXPECT_EQ(b.Pagina("Dario.gif"), b.Pagina("dario.gif"));
+    }
+}
+
+// The pages ask for "Dario.gif" and the copy is "dario.gif": a disk that tells them apart has both.
+TEST(Figure, Dario) {
+    struct Caso {
+        bool Distingue;
+        const char* Prima; // in the work directory
+        std::vector<std::string> Dopo;
+    };
+    const Caso casi[] = {
+        {true, nullptr, {"Dario.gif", "dario.gif"}},
+        {true, "Dario.gif", {"Dario.gif"}},
+        {true, "DARIO.GIF", {"DARIO.GIF", "Dario.gif"}},
+        {false, nullptr, {"dario.gif"}},
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        if (!caso.Distingue) { // and names are found as they are spelled
+            b.Disco.Distingue = false;
+            b.Disco.Metti("/prog/dario.gif", "figura Dario.gif");
+        }
+        b.Disco.Metti("/p/Appoggio/OK.LOG", "");
+        if (caso.Prima) b.Disco.Metti(std::string("/p/Appoggio/") + caso.Prima, "figura Dario.gif");
+        b.Riga("A.bas", "x\n");
+        for (int volta = 0; volta < 2; ++volta) { // the second run finds them
+            b.Disco.Chiamate.clear();
+            ASSERT_EQ(b.Documenta(), 0);
+            std::vector<std::string> dopo;
+            for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
+                if (percorso.starts_with("/p/Appoggio/") && LCase(percorso).ends_with("/dario.gif")) {
+                    dopo.push_back(percorso.substr(12));
+                    EXPECT_EQ(bytes, "figura Dario.gif");
+                }
+            EXPECT_EQ(dopo, caso.Dopo);
+            for (const std::string& chiamata : b.Disco.Chiamate)
+                EXPECT_FALSE(volta == 1 && chiamata.starts_with("Copia ")) << chiamata;
+        }
+    }
+}
+
+// One that is not beside the program ends the run: pages stay, no index comes.
+TEST(Figure, Mancante) {
+    const std::pair<const char*, std::vector<const char*>> casi[] = {
+        {"p2.gif", {}},
+        {"Dario.gif", {"p2.gif"}},
+        {"BLULETHR.GIF", {"p2.gif", "dario.gif"}},
+        {"home.GIF", {"p2.gif", "dario.gif", "BLULETHR.GIF"}},
+    };
+    for (const auto& [manca, copiate] : casi) {
+        Banco b;
+        b.Disco.Cancella(std::string("/prog/") + manca);
+        b.Riga("A.bas", "x\n");
+        b.Disco.Metti("/p/Appoggio/Indice.Html", "vecchio");
+        EXPECT_EQ(b.Documenta(), 53) << manca;
+        EXPECT_TRUE(b.C("/p/Appoggio/A.Html"));
+        EXPECT_EQ(b.Pagina("Indice.Html"), "vecchio");
+        std::size_t figure = 0;
+        for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
+            if (percorso.starts_with("/p/Appoggio/") && bytes.starts_with("figura ")) ++figure;
+        EXPECT_EQ(figure, copiate.size()) << manca;
+        for (const char* nome : copiate) EXPECT_TRUE(b.C(std::string("/p/Appoggio/") + nome)) << nome;
+        EXPECT_EQ(b.S.Label2, "\\p\\A.bas  0/1"); // still
+        EXPECT_TRUE(b.Casa.Box_.empty());
+
+        b.Disco.Metti("/p/Appoggio/" + std::string(manca), "mia"); // there already: not looked for
+        EXPECT_EQ(b.Documenta(), 0) << manca;
+    }
+}
+
+// The step is passed over only where program, project and pages share one directory.
+TEST(Figure, TutteUguali) {
+    Banco b;
+    b.Disco.Metti("/p2/altro", "");
+    b.S.AppPath = b.S.Dir1Path;
+    CopiaFigure(b.S, b.S.Dir1Path);
+    EXPECT_FALSE(b.C("/p/p2.gif"));
+    EXPECT_EQ(NumeroDi([&] {
+                  CopiaFigure(b.S, b.S.Dir1Path + "\\Appoggio");
+                  return 0;
+              }),
+              53); // not beside the "program"
+    b.S.AppPath = "\\prog";
+    CopiaFigure(b.S, b.S.Dir1Path);
+    EXPECT_TRUE(b.C("/p/p2.gif"));
+}
+
+// The project in a root: doubled separators, and the disk takes them.
+TEST(Corsa, ProgettoNellaRadice) {
+    Banco b;
+    CambiaDir1(b.S, "/");
+    ASSERT_EQ(b.S.Dir1Path, "\\");
+    b.Disco.Metti("/A.bas", "x\r\n");
+    b.Riga("A.bas");
+    ASSERT_EQ(b.Documenta(), 0);
+    EXPECT_EQ(b.Disco.Leggi("/Appoggio/A.Html"),
+              Testa("\\\\Appoggio\\A.Html", "A.bas", "21/11/2026", "3") + Coda(false));
+    EXPECT_NE(
+        b.Disco.Leggi("/Appoggio/Indice.Html").find("<a href=\"\\\\Appoggio\\A.Html\">A.bas<br></a></td>"),
+        std::string::npos);
+}
+
+} // namespace
+
+} // namespace morvella

@@ -41,11 +41,10 @@ int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
         if (!Silenzioso) Di(TestoDiBox(testo));
     } else if (prevista) {
         risposta = *prevista ? RispostaSi : RispostaNo;
-    } else if (RispostaTaciuta) {
-        risposta = RispostaNo;
     } else if (ambiente_.IngressoTerminale) {
         TogliProgresso();
-        ambiente_.Errori << ambiente_.Codifica(TestoDiBox(testo)) << " [s/N] " << std::flush;
+        ambiente_.Errori << ambiente_.Codifica(MostrabileUtf8(TestoDiBox(testo), true)) << " [s/N] "
+                         << std::flush;
         std::string detto;
         std::getline(ambiente_.Ingresso, detto);
         risposta = DiceSi(detto) ? RispostaSi : RispostaNo;
@@ -109,21 +108,28 @@ void FinestraTesto::TogliProgresso() {
 }
 
 void FinestraTesto::MotoreFermato(const Arresto& arresto) {
-    Avvenuto.Errori.push_back({Testo(arresto.Motore), arresto.Causa, false, arresto.Riga, arresto.RigaFile});
+    Avvenuto.Errori.push_back(
+        {Testo(arresto.Motore), arresto.Causa, false, TestoDiRiga(arresto.Riga), arresto.RigaFile});
     Fermi.insert_or_assign(Testo(arresto.Motore), arresto);
-    if (Sorveglia) Trovato.Osserva(arresto);
+    if (Sorveglia) Trovato.Osserva(arresto, TestoDiRiga(arresto.Riga));
 }
 
 void FinestraTesto::ErroreSaltato(const Errore& causa) {
-    Avvenuto.Errori.push_back({"ScriviDir", causa, false, -1, 0});
+    Avvenuto.Errori.push_back({"ScriviDir", causa, false, {}, 0});
 }
 
 void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo riga) {
-    Avvenuto.Errori.push_back({Testo(operazione), causa, true, riga, 0});
+    Avvenuto.Errori.push_back({Testo(operazione), causa, true, TestoDiRiga(riga), 0});
+}
+
+Testo FinestraTesto::TestoDiRiga(Lungo riga) const {
+    return S && riga >= 0 && riga < S->File1.ListCount() ? S->File1.List(riga) : Testo();
 }
 
 void FinestraTesto::FileScritto(Lungo riga, Vista percorso, Lungo righe) {
-    Prodotto& prodotto = Prodotti[riga];
+    const auto [posto, nuovo] = posti_.try_emplace({S ? S->File1.Versione() : 0, riga}, Prodotti.size());
+    if (nuovo) Prodotti.push_back({TestoDiRiga(riga), {}, 0});
+    Prodotto& prodotto = Prodotti[posto->second];
     const Testo file(percorso);
     if (std::find(prodotto.File.begin(), prodotto.File.end(), file) == prodotto.File.end())
         prodotto.File.push_back(file);

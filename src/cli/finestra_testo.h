@@ -17,6 +17,7 @@ namespace morvella::cli {
 
 /// What the engines wrote for one row.
 struct Prodotto {
+    Testo Riga; // its text
     std::vector<Testo> File;
     Lungo Righe = 0;
 };
@@ -36,7 +37,7 @@ class FinestraTesto : public Finestra {
     void ErroreSaltato(const Errore& causa) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
     void MargineMosso(const PassoMargine& passo) override {
-        if (Sorveglia) Trovato.Osserva(passo);
+        if (Sorveglia) Trovato.Osserva(passo, TestoDiRiga(passo.Riga));
     }
 
     /// An error that nobody trapped.
@@ -51,7 +52,6 @@ class FinestraTesto : public Finestra {
     /// is No, which is said.
     std::optional<bool> Risposta;
     std::optional<bool> RispostaIndice; // the same for the question that ends the documentation
-    bool RispostaTaciuta = false;       // the command itself answers No: nothing to say
     bool SenzaProcessi = false;
     bool Silenzioso = false;
     bool Sorveglia = false; // keep findings about the sources
@@ -59,12 +59,14 @@ class FinestraTesto : public Finestra {
     Cronaca Avvenuto;
     std::map<Testo, Arresto> Fermi; // the engines' ends by engine, until taken away
     Sorvegliante Trovato;
-    std::map<Lungo, Prodotto> Prodotti;
+    std::vector<Prodotto> Prodotti; // in the order in which they came
 
   private:
+    Testo TestoDiRiga(Lungo riga) const;
     void Disegna();
 
     Ambiente& ambiente_;
+    std::map<std::pair<Lungo, Lungo>, std::size_t> posti_; // of Prodotti, by list of rows and row
     std::string disegnato_;
     std::chrono::steady_clock::time_point quando_{};
 };

@@ -118,6 +118,8 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
                 throw UsoErrato{"all'opzione " + scritta + " manca il valore " + opzione.Argomento};
             valore = argomenti[++i];
         }
+        if (opzione.Argomento && valore && valore->empty())
+            throw UsoErrato{"il valore dell'opzione " + scritta + " è vuoto"};
         opzione.Applica(richiesta, valore.value_or(""));
         usate.push_back(&opzione);
     };
@@ -155,6 +157,8 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         if ((opzione->Per & comando->Chi) == 0)
             throw UsoErrato{"l'opzione --" + std::string(opzione->Lunga) + " non riguarda il comando " +
                             richiesta.Comando};
+    if (comando->Chi == Esegue && !richiesta.Html && (richiesta.Apri || richiesta.Sottocartelle))
+        throw UsoErrato{"--apri e --sottocartelle riguardano le pagine: con esegui ci vuole anche --html"};
     if (comando->Chi == MostraQui) {
         if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
         richiesta.Resto.assign(liberi.begin() + 1, liberi.end());

@@ -77,8 +77,9 @@ Testo ChiaveRiga(Vista riga) {
 Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_or(utf8); }
 
 // What to do about an error, for the person who reads of it.
-std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire) {
-    const bool diRiga = e.Riga >= 0;
+std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire, const std::string& programma,
+                      bool appoggio) {
+    const bool diRiga = !e.Riga.empty();
     const std::string prosegui =
         diRiga && puoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
     switch (e.Causa.Numero) {
@@ -91,16 +92,30 @@ std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire) {
                         "esatta." +
                             prosegui
                       : "";
-    case ErrFileAssente:
+    case ErrFileAssente: {
+        const bool mostra = e.Motore == "mnuLettura_Click" || e.Motore == "MnuHelpHtml_Click" ||
+                            (e.Motore == "mnuHTML_Click" && e.Causa.File.ends_with("\\Indice.Html"));
+        if (mostra) return "Manca un programma che apra il file (di solito lo fa xdg-open).";
         return diRiga ? "Controllare il nome nel progetto." + prosegui : "Controllare che ci sia.";
+    }
     case ErrFineFile:
-        return "Il file finisce prima del previsto; se è Default.ini, «morvella-cli opzioni --ripristina» lo "
-               "rimette a "
-               "posto.";
+        if (diRiga) return "Il file finisce dove doveva esserci ancora una riga." + prosegui;
+        return "Il file delle opzioni finisce prima del previsto: «morvella-cli opzioni --ripristina" +
+               (programma.empty() ? "" : " --programma " + programma) + "» lo rimette a posto.";
     case ErrDiscoPieno: return "Liberare spazio sul disco e ripetere: ciò che manca non è stato scritto.";
     case ErrPermesso: return "L'operazione avrebbe cambiato un sorgente del progetto, che non si tocca.";
-    case ErrAccesso: return "Controllare i permessi, e che al posto del file non ci sia una directory.";
-    case ErrPercorso: return "Manca la directory del file, o al suo posto c'è un file." + prosegui;
+    case ErrAccesso:
+        if (e.Motore == "mnuHTML_Click" && e.Causa.File == "Appoggio")
+            return "La directory Appoggio c'è ma non contiene file: toglierla, o usare prima riordina.";
+        return "Controllare i permessi, e che al posto del file non ci sia una directory.";
+    case ErrPercorso:
+        if (!appoggio)
+            return "La directory Appoggio non c'è e non si è potuta creare: controllare i permessi, o "
+                   "togliere il file "
+                   "che ha il suo nome.";
+        if (e.Motore == "mnuHTML_Click" && diRiga)
+            return "In Appoggio manca la cartella della pagina: con --sottocartelle viene creata." + prosegui;
+        return "Manca la directory del file, o al suo posto c'è un file." + prosegui;
     default: return "";
     }
 }
@@ -118,7 +133,7 @@ class Corsa {
         finestra_.SenzaProcessi = r_.SenzaProcessi;
         if (r_.Apri)
             finestra_.RispostaIndice = true;
-        else if (r_.Comando == "eventi")
+        else if (r_.Comando == "eventi" || r_.Risposta == false)
             finestra_.RispostaIndice = r_.Risposta;
         finestra_.Silenzioso = r_.Silenzioso;
         finestra_.Sorveglia = r_.Controlla;
@@ -148,11 +163,13 @@ class Corsa {
     void Racconta(int stato);
     void RaccontaErrori();
     bool PuoProseguire() const { return !r_.Prosegui && r_.Comando != "leggi" && r_.Comando != "eventi"; }
+    bool StrutturaVuota(const Prodotto& prodotto);
+    void RifiutaRapporto() const;
     void ScriviRapporto();
     void Riga(const std::string& utf8);
     std::string Nativo(Vista percorso);
     std::string Breve(Vista percorso);
-    std::string SorgenteDiRiga(Lungo riga);
+    std::string SorgenteDiRiga(Vista riga);
     std::optional<Arresto> PrendiFermo(Vista motore);
 
     Richiesta r_;
@@ -161,6 +178,7 @@ class Corsa {
     Stato s_;
     std::string partenza_;          // platform path of the directory where the program was started
     std::string directory_;         // platform path of the project's directory
+    Testo progetto_;                // the same as the system's text, whatever events do to Dir1
     std::vector<std::string> note_; // what --sottocartelle has to say
     std::vector<Lungo> lavorate_;   // rows that the command was for
     std::chrono::steady_clock::time_point inizio_ = std::chrono::steady_clock::now();
@@ -221,6 +239,7 @@ void Corsa::ScegliProgetto() {
     const std::size_t barra = progetto.find_last_of('/');
     directory_ = progetto.substr(0, barra);
     CambiaDir1(s_, directory_);
+    progetto_ = s_.Dir1Path;
     s_.File1Leggi.Nomi = {DaArgomento(progetto.substr(barra + 1))};
     s_.File1Leggi.ListIndex = 0;
 }
@@ -259,6 +278,8 @@ void Corsa::SpuntaOpzioni() {
     if (r_.TogliCommenti) s_.TogliCommenti = *r_.TogliCommenti ? 1 : 0;
     if (r_.IntestazioneProcedure) CambiaCheck1(s_, *r_.IntestazioneProcedure ? 1 : 0);
     if (r_.SenzaConferma) s_.Check2 = *r_.SenzaConferma ? 1 : 0;
+    // Who says No on the command line has nothing run, whatever is stored.
+    if (!r_.SenzaConferma && r_.Risposta == false) s_.OpzSenzaConferma = false;
     if (!r_.TestoIntestazione.empty()) s_.Text1 = LeggiIntestazione();
     if (r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty())
         RaccogliOpzioni(s_);
@@ -272,12 +293,15 @@ int Corsa::MostraOpzioni() {
     const bool cambia =
         r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty();
     const bool esiste = !s_.File.Dir(PercorsoOpzioni(s_), 0).empty();
+    if (!r_.TestoIntestazione.empty()) LeggiIntestazione(); // wrong usage before anything changes
     if (r_.Ripristina && !Fai("Command2_Click", Command2_Click)) return Fermato;
     if (!r_.Ripristina && (esiste || cambia) && !Fai("Form_Resize", Form_Resize)) return Fermato;
     if (cambia) {
         // As in the window: the control is set, and stored when it loses the focus.
         SpuntaOpzioni();
         if (!Fai("Opzione_LostFocus", Opzione_LostFocus)) return Fermato;
+        // What is stored is what a next start finds: a line "OK" ends the text, blank lines go.
+        if (!Fai("CaricaOpzioni", CaricaOpzioni)) return Fermato;
     }
     if (s_.File.Dir(PercorsoOpzioni(s_), 0).empty()) {
         Riga("Nessuna opzione conservata in " + Nativo(PercorsoOpzioni(s_)) + ": valgono quelle iniziali.");
@@ -400,8 +424,8 @@ int Corsa::Eventi() {
                     numero = std::min<Lungo>((numero < 0 ? 0 : numero) * 10 + (c - '0'), 1000000000);
                 } else if (numero >= 0) {
                     if (numero >= s_.File1.ListCount())
-                        throw UsoErrato{evento + ": il progetto ha " +
-                                        Conto(s_.File1.ListCount(), "riga", "righe") + ", contate da 0"};
+                        throw UsoErrato{evento + ": le righe del progetto sono " +
+                                        std::to_string(s_.File1.ListCount()) + ", contate da 0"};
                     righe.push_back(numero);
                     numero = -1;
                 }
@@ -413,8 +437,8 @@ int Corsa::Eventi() {
                                               [&](const Operazione& o) { return evento == o.Nome; });
         if (!Fai(operazione->Nome, operazione->Fai)) break;
     }
-    lavorate_.clear();
-    for (const auto& [riga, prodotto] : finestra_.Prodotti) lavorate_.push_back(riga);
+    if (!finestra_.Prodotti.empty())
+        for (Lungo i = 0; i < s_.File1.ListCount(); ++i) lavorate_.push_back(i);
     return finestra_.Avvenuto.Errori.empty() ? Fatto : Fermato;
 }
 
@@ -423,28 +447,37 @@ void Corsa::Elenca() {
 }
 
 // The source of a row as editors and CI systems want it: from where the program was started.
-std::string Corsa::SorgenteDiRiga(Lungo riga) {
-    std::string nativo = Nativo(s_.Dir1Path + "\\" + s_.File1.List(riga));
+std::string Corsa::SorgenteDiRiga(Vista riga) {
+    std::string nativo = Nativo(progetto_ + "\\" + Testo(riga));
     if (partenza_.size() > 1 && nativo.compare(0, partenza_.size() + 1, partenza_ + "/") == 0)
         nativo.erase(0, partenza_.size() + 1);
     return nativo;
 }
 
 void Corsa::RaccontaErrori() {
+    const bool appoggio = progetto_.empty() || finestra_.Avvenuto.Errori.empty() ||
+                          s_.File.Trova(progetto_ + "\\Appoggio").Cosa.Tipo == TipoVoce::Directory ||
+                          s_.File.Trova(progetto_).Cosa.Tipo != TipoVoce::Directory;
     for (const ErroreAvvenuto& e : finestra_.Avvenuto.Errori) {
-        const bool diRiga = e.Riga >= 0 && e.Riga < s_.File1.ListCount();
+        const bool diRiga = !e.Riga.empty();
         std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
-        if (diRiga) frase += " alla riga «" + Utf8Da1252(s_.File1.List(e.Riga)) + "»";
+        if (diRiga) frase += " alla riga «" + Utf8Da1252(e.Riga) + "»";
         frase +=
             ": errore " + std::to_string(e.Causa.Numero) + ", " + Utf8Da1252(Descrizione(e.Causa.Numero));
         if (!e.Causa.File.empty())
             frase += " (" + Nativo(e.Causa.File) + ")";
         else if (diRiga && e.RigaFile > 0)
             frase += " (" + SorgenteDiRiga(e.Riga) + ":" + std::to_string(e.RigaFile) + ")";
-        const std::string consiglio = Consiglio(e, PuoProseguire());
+        const std::string consiglio = Consiglio(e, PuoProseguire(), r_.Programma, appoggio);
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
     }
+}
+
+bool Corsa::StrutturaVuota(const Prodotto& prodotto) {
+    return std::any_of(prodotto.File.begin(), prodotto.File.end(), [&](const Testo& file) {
+        return file.ends_with(".log") && s_.File.Trova(file).Cosa.Bytes == 0;
+    });
 }
 
 // One line a module with what was written, warnings, totals and time.
@@ -453,12 +486,12 @@ void Corsa::Racconta(int stato) {
     if (!r_.Silenzioso) {
         std::size_t larga = 0;
         Lungo totale = 0;
-        for (const auto& [i, prodotto] : finestra_.Prodotti) {
-            larga = std::min<std::size_t>(std::max(larga, s_.File1.List(i).size()), 40);
+        for (const Prodotto& prodotto : finestra_.Prodotti) {
+            larga = std::min<std::size_t>(std::max(larga, prodotto.Riga.size()), 40);
             totale += prodotto.Righe;
         }
-        for (const auto& [i, prodotto] : finestra_.Prodotti) {
-            const Testo& nome = s_.File1.List(i);
+        for (const Prodotto& prodotto : finestra_.Prodotti) {
+            const Testo& nome = prodotto.Riga;
             std::string riga =
                 "  " + Utf8Da1252(nome) + std::string(larga - std::min(larga, nome.size()), ' ') + "  ->";
             for (std::size_t f = 0; f < prodotto.File.size(); ++f)
@@ -469,11 +502,20 @@ void Corsa::Racconta(int stato) {
                               : r_.Comando == "documenta" ? Uscite::Pagine
                               : lavorate_.empty()         ? Uscite::Nessuna
                                                           : Uscite::Testi;
+        for (const Prodotto& prodotto : finestra_.Prodotti)
+            if (prodotto.Righe > 0 && StrutturaVuota(prodotto))
+                finestra_.Di("Avviso: la struttura di «" + Utf8Da1252(prodotto.Riga) +
+                             "» è vuota: nessun form viene prima, e la testata del modulo non finisce mai.");
+        for (const std::string& nota : note_) finestra_.Di("Avviso: " + nota);
         for (const std::string& avviso : Avvisi(s_, lavorate_, uscite)) finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
-        if (moduli > 0 || (finestra_.Avvenuto.Errori.empty() && !lavorate_.empty() && stato != RispostoNo &&
-                           r_.Comando != "leggi"))
+        const bool motore = r_.Comando != "elenca" && r_.Comando != "leggi";
+        if (motore && s_.File1.ListCount() == 0 && finestra_.Avvenuto.Errori.empty() &&
+            r_.Comando != "eventi")
+            finestra_.Di(
+                "Avviso: il progetto non ha righe Form=, Module= o Class=: non c'è niente da scrivere.");
+        if (moduli > 0 || (motore && finestra_.Avvenuto.Errori.empty() && stato != RispostoNo))
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
     }
@@ -483,6 +525,15 @@ void Corsa::Racconta(int stato) {
                  rilievo.Frase);
     ambiente_.Uscita << std::flush;
     RaccontaErrori();
+}
+
+// A slip like "-r Progetto.vbp" must not cost a source.
+void Corsa::RifiutaRapporto() const {
+    const Testo fine =
+        LCase(Vista(r_.Rapporto).substr(r_.Rapporto.size() - std::min<std::size_t>(r_.Rapporto.size(), 4)));
+    for (const char* sorgente : {".vbp", ".frm", ".bas", ".cls", ".frx", ".ctl", ".dsr", ".pag", ".res"})
+        if (fine == sorgente && ambiente_.Macchina.Esamina(r_.Rapporto).Esiste())
+            throw UsoErrato{"--rapporto: " + r_.Rapporto + " è un file di un progetto e non si sovrascrive"};
 }
 
 void Corsa::ScriviRapporto() {
@@ -524,24 +575,24 @@ int Corsa::EseguiTutto() {
 // deselected and the run made again, so that the index holds every page that there is.
 void Corsa::Documenta() {
     std::vector<std::string> cartelle;
-    if (r_.Sottocartelle) {
+    const auto sottocartelle = [&](auto&& passo) {
         try {
-            cartelle = FaiSottocartelle(s_, Selezionate(), note_);
+            passo();
+            return true;
         } catch (const Errore& e) {
             finestra_.ErroreFinale("mnuHTML_Click", e, -1);
-            return;
+            return false;
         }
-    }
+    };
+    if (r_.Sottocartelle && !sottocartelle([&] { cartelle = FaiSottocartelle(s_, Selezionate(), note_); }))
+        return;
     while (!Fai("mnuHTML_Click", mnuHTML_Click)) {
-        if (!r_.Prosegui || s_.RigaInLavoro < 0) return;
+        if (!r_.Prosegui || s_.RigaInLavoro < 0) break;
         SelezionaFile1(s_, s_.RigaInLavoro, false);
-        if (Selezionate().empty()) return;
+        if (Selezionate().empty()) break;
     }
-    try {
-        ArredaSottocartelle(s_, cartelle, Selezionate());
-    } catch (const Errore& e) {
-        finestra_.ErroreFinale("mnuHTML_Click", e, -1);
-    }
+    // Also behind an error: the pages that there are get their pictures and their way home.
+    sottocartelle([&] { ArredaSottocartelle(s_, cartelle); });
 }
 
 // A command for some rows: all when none is named.
@@ -568,6 +619,7 @@ int Corsa::Esegui() {
     const auto daPartenza = [&](std::string& file) { file = ambiente_.Macchina.Assoluto(file); };
     if (!r_.Rapporto.empty() && r_.Rapporto != "-") daPartenza(r_.Rapporto);
     if (!r_.TestoIntestazione.empty()) daPartenza(r_.TestoIntestazione);
+    RifiutaRapporto();
     ScegliProgramma();
     if (r_.Comando == "opzioni" || r_.Comando == "guida") {
         if (r_.Comando == "opzioni")
@@ -619,7 +671,8 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
         if (richiesta.Comando == "mostra") return Mostra(richiesta, ambiente);
         return Corsa(std::move(richiesta), ambiente).Esegui();
     } catch (const UsoErrato& e) {
-        di("morvella-cli: " + e.Testo + "\n(morvella-cli --aiuto mostra comandi e opzioni)");
+        di("morvella-cli: " + MostrabileUtf8(e.Testo, true) +
+           "\n(morvella-cli --aiuto mostra comandi e opzioni)");
         return UsoSbagliato;
     } catch (const Errore& e) {
         di("morvella-cli: errore " + std::to_string(e.Numero) + ", " + Utf8Da1252(Descrizione(e.Numero)) +

@@ -22,7 +22,7 @@ struct ErroreAvvenuto {
     Testo Motore; // the operation that the error ended
     Errore Causa;
     bool Finale;        // nobody had a handler: the list of operations ends here
-    Lungo Riga = -1;    // of File1
+    Testo Riga;         // of File1, its text; "" when it was at none
     Lungo RigaFile = 0; // of the source, 0 when it was at none
 };
 

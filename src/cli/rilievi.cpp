@@ -23,7 +23,7 @@ std::string NellElenco(Lungo rigaListato) { return " (" + RigaDi(rigaListato) + 
 
 } // namespace
 
-void Sorvegliante::Osserva(const PassoMargine& passo) {
+void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& riga) {
     const auto larghe = static_cast<std::size_t>(passo.Larghezza / 3);
     switch (passo.Che) {
     case PassoMargine::Testa:
@@ -54,7 +54,7 @@ void Sorvegliante::Osserva(const PassoMargine& passo) {
                                                 : "una procedura di cui non si riconosce la testata";
         frase += quanti == 1 ? " finisce con un blocco aperto: "
                              : " finisce con " + std::to_string(quanti) + " blocchi aperti: ";
-        rilievi_.push_back({passo.Riga, passo.RigaFile, frase + aperti + NellElenco(passo.RigaListato)});
+        rilievi_.push_back({riga, passo.RigaFile, frase + aperti + NellElenco(passo.RigaListato)});
         break;
     }
     case PassoMargine::Inizio:
@@ -65,9 +65,9 @@ void Sorvegliante::Osserva(const PassoMargine& passo) {
     }
 }
 
-void Sorvegliante::Osserva(const Arresto& arresto) {
+void Sorvegliante::Osserva(const Arresto& arresto, const Testo& riga) {
     if (arresto.RigaFile == 0 || arresto.Causa.Numero != ErrArgomento) return;
-    rilievi_.push_back({arresto.Riga, arresto.RigaFile,
+    rilievi_.push_back({riga, arresto.RigaFile,
                         Citata(arresto.Linea) +
                             " chiude un blocco fuori da ogni procedura e ferma la struttura: errore 5" +
                             NellElenco(arresto.RigaListato)});

@@ -13,17 +13,18 @@
 
 namespace morvella::cli {
 
-/// A finding: the row of File1, the line of the source (from 1), and what to say of it in UTF-8.
+/// A finding: the row of File1 by its text, the line of the source (from 1), and what to say of it in UTF-8.
 struct Rilievo {
-    Lungo Riga;
+    Testo Riga;
     Lungo RigaFile;
     std::string Frase;
 };
 
 class Sorvegliante {
   public:
-    void Osserva(const PassoMargine& passo);
-    void Osserva(const Arresto& arresto);
+    /// `riga` is the text of the row in work.
+    void Osserva(const PassoMargine& passo, const Testo& riga);
+    void Osserva(const Arresto& arresto, const Testo& riga);
     const std::vector<Rilievo>& Rilievi() const noexcept { return rilievi_; }
 
   private:

@@ -13,7 +13,7 @@ namespace morvella::cli {
 namespace {
 
 // The folders on the way to a row's page, from the work directory on; nothing where the way
-// leads out of it.
+// leads out of it, or over a drive.
 std::optional<std::vector<Testo>> Cartelle(Vista riga) {
     std::vector<Testo> nomi;
     for (;;) {
@@ -21,6 +21,7 @@ std::optional<std::vector<Testo>> Cartelle(Vista riga) {
         if (barra == Vista::npos) return nomi; // what is left is the file
         const Vista nome = riga.substr(0, barra);
         riga.remove_prefix(barra + 1);
+        if (nome.find(':') != Vista::npos) return std::nullopt;
         if (nome.empty() || nome == ".") continue;
         if (nome != "..") {
             nomi.emplace_back(nome);
@@ -29,6 +30,18 @@ std::optional<std::vector<Testo>> Cartelle(Vista riga) {
             nomi.pop_back();
         }
     }
+}
+
+Testo Unita(const std::vector<Testo>& nomi) {
+    Testo cartella;
+    for (const Testo& nome : nomi) cartella += (cartella.empty() ? "" : "\\") + nome;
+    return cartella;
+}
+
+// Whether a path is a directory where it seems to be, and not a link to some other place.
+bool VeraDirectory(Stato& s, const Testo& percorso) {
+    const Trovato cosa = s.File.Trova(percorso);
+    return cosa.Cosa.Tipo == TipoVoce::Directory && !s.File.DiscoInUso().Legame(cosa.Percorso);
 }
 
 } // namespace
@@ -52,17 +65,28 @@ std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& ri
             if (cartelle.empty()) PreparaDirectory(s); // as the run does, so that it finds its own directory
             const Testo percorso = s.Dir1Path + "\\Appoggio\\" + cartella;
             if (s.File.Dir(percorso, 16).empty()) s.File.MkDir(percorso);
+            if (!VeraDirectory(s, percorso)) {
+                note.push_back("Appoggio\\" + Utf8Da1252(cartella) +
+                               " non è una directory di Appoggio: resta come si trova.");
+                break;
+            }
             cartelle.push_back(cartella);
         }
     }
     return cartelle;
 }
 
-void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle,
-                         const std::vector<Lungo>& righe) {
+void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
+    // Pages of all rows, also of those not selected: they stay.
     std::set<Testo> pagine;
-    for (const Lungo i : righe)
-        if (Len(s.File1.List(i)) >= 4) pagine.insert(LCase(Testo(BaseDiRiga(s.File1.List(i))) + ".Html"));
+    for (Lungo i = 0; i < s.File1.ListCount(); ++i) {
+        const Testo& riga = s.File1.List(i);
+        const auto nomi = Cartelle(riga);
+        if (!nomi || Len(riga) < 4) continue;
+        const Vista base = BaseDiRiga(riga);
+        pagine.insert(
+            LCase(Unita(*nomi) + "\\" + Testo(base.substr(base.find_last_of("\\/") + 1)) + ".Html"));
+    }
     for (const std::string& cartella : cartelle) {
         const Testo percorso = s.Dir1Path + "\\Appoggio\\" + cartella;
         CopiaFigure(s, percorso);

@@ -15,12 +15,12 @@ namespace morvella::cli {
 
 /// Makes below the work directory the folders that the rows name, never outside it, and gives
 /// their paths from there ("sub\deep"), parents first. `note` gets a sentence for each row that
-/// climbs out. Raises what making a directory raises.
+/// climbs out, and for a folder that is a link or a file. Raises what making a directory raises.
 std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& righe,
                                           std::vector<std::string>& note);
 
-/// Lays the four pictures and an "Indice.Html" that leads to the real one into each folder; a
-/// page of that name stays. Raises what copying and writing raise.
-void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle, const std::vector<Lungo>& righe);
+/// Lays the four pictures and an "Indice.Html" that leads to the real one into each folder; the
+/// page of a row of that name stays. Raises what copying and writing raise.
+void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle);
 
 } // namespace morvella::cli

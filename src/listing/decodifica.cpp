@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "scan/classifica.h"
 #include "shell/state.h"
 
 namespace morvella {
@@ -47,6 +48,29 @@ bool BordoDiRiquadro(Vista riga) {
     return bordo.size() == 101 && bordo.front() == '*' && bordo.back() == '*' &&
            (bordo.find_first_not_of('*') == Vista::npos ||
             bordo.substr(1, 99).find_first_not_of(' ') == Vista::npos);
+}
+
+// Whether a line of this class is drawn with this connector: one in front of any other text is
+// letters of that text.
+bool Appartiene(const Gruppo& gruppo, Classe classe) {
+    switch (classe) {
+    case RigaIf:
+    case RigaCondIf:
+    case RigaWith:
+    case RigaSelect: return gruppo.Bytes[0] == '\xDA';
+    case RigaElse:
+    case RigaCondElse:
+    case RigaCase: return gruppo.Bytes[0] == '\xC3';
+    case RigaEndIf:
+    case RigaCondEndIf:
+    case RigaEndSelect:
+    case RigaEndWith: return gruppo.Bytes[0] == '\xC0';
+    case RigaFor:
+    case RigaDo: return gruppo.Bytes[0] == '\xC9';
+    case RigaNext:
+    case RigaLoop: return gruppo.Bytes[0] == '\xC8';
+    default: return false;
+    }
 }
 
 } // namespace
@@ -103,7 +127,8 @@ void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
     for (bool ancora = true; ancora;) {
         const auto* gruppo = std::find_if(std::begin(Gruppi), std::end(Gruppi),
                                           [&](const Gruppo& g) { return riga.substr(0, 3) == g.Bytes; });
-        ancora = gruppo != std::end(Gruppi);
+        ancora = gruppo != std::end(Gruppi) &&
+                 (!gruppo->Ultimo || Appartiene(*gruppo, ClassificaRiga(riga.substr(3))));
         if (!ancora) break;
         Accoda(tratti, gruppo->Che, gruppo->Glifi);
         riga.remove_prefix(3);

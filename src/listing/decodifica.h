@@ -3,8 +3,10 @@
 //
 // Reads a line of a listing back. A listing mixes two code pages: the connectors are bytes of
 // code page 437 and all the rest is Windows-1252. Connectors stand in threes directly behind
-// the number field, and only a whole connector counts as one: a source line that begins with
-// the letter 205 or holds a 179 keeps its letters.
+// the number field, and only a whole connector in front of a statement that it belongs to counts
+// as one: a source line that begins with the letter 205 or holds a 179 keeps its letters. One
+// thing a line alone cannot tell: whether "│" and two blanks in front of its text are a column
+// or the text's own.
 #pragma once
 
 #include <vector>

@@ -135,6 +135,7 @@ void mnuLettura_Click(Stato& s) {
         bool manca = false;
         for (s.IndiceFile = 0; s.IndiceFile <= s.File1.ListCount() - 1 && !manca;) {
             if (s.File1.Selected(s.IndiceFile)) {
+                s.RigaInLavoro = s.IndiceFile;
                 // ".Log" here and ".log" where it is written name one file.
                 s.FileUscita = PercorsoCorto(s, s.Dir1Path + "\\Appoggio\\" +
                                                     Testo(BaseDiRiga(s.File1.List(s.IndiceFile))) + ".Log");

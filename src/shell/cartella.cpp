@@ -29,7 +29,7 @@ void ScriviDir(Stato& s, Vista mdir) {
         SaltaSeFallisce(s, [&] { s.Canale.Close(7); });
     }
     s.DirAppoggio = mdir;
-    s.File.AgganciaLavoro(mdir);
+    SaltaSeFallisce(s, [&] { s.File.AgganciaLavoro(mdir); });
     const Testo progetto(s.File1Leggi.Scelto());
     if (!Trim(progetto).empty())
         SaltaSeFallisce(

@@ -62,6 +62,7 @@ void ProteggiSorgenti(Stato& s);
 template <class F>
 void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
     s.RigaInLavoro = -1;
+    s.Riga = s.RigaLetta = {}; // of an engine that was stopped in a line
     s.RigaFile = 0;
     s.SecondoGiro = false;
     try {

@@ -228,7 +228,7 @@ Trovato Archivio::Trova(Vista percorso) {
         // Nothing, or a plain file, where a directory is needed.
         file.DirectoryPresente = false;
         file.Cosa = Scheda{.Chi = {}, .Errore = file.Cosa.Errore};
-        for (++i; i < nomi.size(); ++i) file.Percorso = Unisci(file.Percorso, Utf8Da1252(nomi[i]));
+        for (++i; i < nomi.size(); ++i) file.Percorso.append("/").append(Utf8Da1252(nomi[i]));
         break;
     }
     // "x\" is a directory: a plain file, or nothing, of that name is no way to anything.
@@ -387,7 +387,11 @@ Testo Archivio::Time() { return disco_.TestoOra(disco_.Adesso()); }
 void Archivio::Shell(Vista comando, int finestra) {
     const std::size_t blank = std::min(comando.find(' '), comando.size());
     const Vista percorso = comando.substr(std::min(blank + 1, comando.size()));
-    disco_.Avvia(Utf8Da1252(comando.substr(0, blank)), Trova(percorso).Percorso, finestra);
+    try {
+        disco_.Avvia(Utf8Da1252(comando.substr(0, blank)), Trova(percorso).Percorso, finestra);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, percorso);
+    }
 }
 
 std::unique_ptr<FileAperto> Archivio::ApriLettura(const Trovato& file, Vista percorso) {

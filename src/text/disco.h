@@ -81,6 +81,9 @@ class Disco {
     /// A second name for a file: a link where the disk has links, else a copy.
     virtual void Collega(const std::string& da, const std::string& a) { Copia(da, a); }
 
+    /// Whether the path itself is a link to another place.
+    virtual bool Legame(const std::string&) { return false; }
+
     virtual Istante Adesso() = 0;
     virtual Istante UltimaModifica(const std::string& percorso) = 0;
     /// The regional short date and long time; Windows-1252. Here: 21/11/2026 and 14:30:05.

@@ -95,7 +95,7 @@ class FilePosix : public FileAperto {
             }
             if (errno == EINTR) continue;
             const bool altrimenti =
-                errno == EXDEV || errno == ENOSYS || errno == EINVAL || errno == EOPNOTSUPP;
+                errno == EXDEV || errno == ENOSYS || errno == EINVAL || errno == EOPNOTSUPP || errno == EPERM;
             if (fatti == 0 && altrimenti) return false;
             Solleva();
         }
@@ -219,7 +219,14 @@ class DiscoPosix : public Disco {
 
     void Collega(const std::string& da, const std::string& a) override {
         const std::string vicino = da.substr(da.find_last_of('/') + 1); // both lie in one directory
-        if (::symlink(vicino.c_str(), a.c_str()) != 0) Copia(da, a);
+        if (::symlink(vicino.c_str(), a.c_str()) == 0) return;
+        if (errno == EEXIST) return; // a link to nowhere has the name: it is not ours
+        Copia(da, a);
+    }
+
+    bool Legame(const std::string& percorso) override {
+        struct stat st {};
+        return ::lstat(percorso.c_str(), &st) == 0 && S_ISLNK(st.st_mode);
     }
 
     void Cancella(const std::string& percorso) override {

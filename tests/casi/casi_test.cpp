@@ -10,6 +10,8 @@
 //   esito       the exit status (0 when there is no such file), then texts that standard
 //               error must hold, one a line
 //   perche.md   what the case holds fast
+// Beside the program lie the pictures that pages show. Pages name their own paths: in atteso/ the
+// run's directory stands as "\caso", and the pictures' copies, which are looked at, do not stand.
 // Each case runs twice from its start and once more over its own output, in one process: all
 // three must give the same bytes, and nothing else below progetto/ may have changed. What a
 // failed case wrote stays in the build directory; tests/promuovi takes it over.
@@ -23,6 +25,7 @@
 
 #include "cli/programma.h"
 #include "sostegno/disco_orologio.h"
+#include "text/archivio.h"
 
 namespace fs = std::filesystem;
 
@@ -52,6 +55,24 @@ Albero LeggiAlbero(const fs::path& radice) {
         if (voce.is_regular_file())
             albero[voce.path().lexically_relative(radice).generic_string()] = LeggiTutto(voce.path());
     return albero;
+}
+
+constexpr const char* Figure[] = {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"};
+
+bool EFigura(const std::string& file) {
+    const std::string nome = LCase(fs::path(file).filename().string());
+    return std::any_of(std::begin(Figure), std::end(Figure),
+                       [&](const char* figura) { return nome == LCase(figura); });
+}
+
+// What a run wrote, as a case keeps it.
+void SenzaLuogo(Albero& albero, const fs::path& qui) {
+    const std::string luogo = Archivio::TestoDiPercorso(qui.generic_string()) + "\\";
+    for (auto& [file, bytes] : albero)
+        if (file.ends_with(".Html"))
+            for (std::size_t i = bytes.find(luogo); i != std::string::npos; i = bytes.find(luogo, i + 1))
+                bytes.replace(i, luogo.size(), "\\caso\\");
+    std::erase_if(albero, [](const auto& voce) { return EFigura(voce.first) && voce.second == "figura"; });
 }
 
 std::string ConSegni(const std::string& bytes) {
@@ -117,6 +138,7 @@ class Caso : public testing::Test {
         fs::remove_all(qui);
         fs::create_directories(qui);
         fs::copy(progetto_, qui / "progetto", fs::copy_options::recursive);
+        for (const char* figura : Figure) std::ofstream(qui / figura) << "figura";
         Guarda(qui, quale);
         Guarda(qui, quale + ", di nuovo");
     }
@@ -151,10 +173,20 @@ class Caso : public testing::Test {
                 << errori.str();
 
         const fs::path lavoro = progetto.parent_path() / "Appoggio";
-        Confronta(LeggiAlbero(caso_ / "atteso"), LeggiAlbero(lavoro), quale);
+        Albero scritto = LeggiAlbero(lavoro);
+        // Where there is an index its pictures are there, as the pages spell them.
+        for (const auto& [file, bytes] : Albero(scritto)) {
+            if (fs::path(file).filename() != "Indice.Html") continue;
+            for (const char* figura : Figure) {
+                EXPECT_TRUE(fs::exists(lavoro / fs::path(file).parent_path() / figura)) << quale << file;
+            }
+        }
+        SenzaLuogo(scritto, qui);
+        Confronta(LeggiAlbero(caso_ / "atteso"), scritto, quale);
         Albero resto = LeggiAlbero(progetto_);
         for (auto& [file, bytes] : LeggiAlbero(caso_ / "fuori")) resto[file] = bytes;
         Albero avuto = LeggiAlbero(qui / "progetto");
+        SenzaLuogo(avuto, qui);
         const std::string davanti = lavoro.lexically_relative(qui / "progetto").generic_string() + "/";
         std::erase_if(avuto, [&](const auto& voce) {
             return voce.first.starts_with(davanti) && !resto.contains(voce.first);

@@ -368,6 +368,41 @@ TEST(Rapporto, OggettoIntero) {
         "}\n");
 }
 
+TEST(Rapporto, AncheQuandoLeRigheSonoAndate) {
+    Banco b; // the event empties the list behind the work: what was done is told all the same
+    EXPECT_EQ(b.Esegui({"eventi", "-r", "r.json", "p/Prova.vbp", "File1Leggi_Click", "mnuRiordina_Click",
+                        "Dir1_Change"}),
+              0);
+    EXPECT_NE(b.Uscita.str().find("A.bas  -> Appoggio/a.txt"), std::string::npos) << b.Uscita.str();
+    EXPECT_NE(b.Disco.Leggi("/casa/r.json").find("\"righe\": []"), std::string::npos);
+}
+
+TEST(Rapporto, NonCostaUnSorgente) {
+    for (const char* file : {"p/A.bas", "p/Prova.vbp", "p/C.frm"}) {
+        Banco b;
+        const auto prima = b.Disco.TuttiIFile();
+        EXPECT_EQ(b.Esegui({"riordina", "-r", file, "p/Prova.vbp"}), 2) << file;
+        EXPECT_EQ(b.Disco.TuttiIFile(), prima) << file;
+    }
+}
+
+TEST(Esegui, UnNoEsplicitoValePiuDellOpzioneConservata) {
+    Banco b;
+    b.Disco.Metti("/casa/programma/Default.ini", "KO\r\nKO\r\n\r\nOK\r\n");
+    EXPECT_EQ(b.Esegui({"esegui", "--no", "p/Prova.vbp"}), 3);
+    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+    EXPECT_EQ(b.Esegui({"esegui", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.Fatto("a.bas"));
+}
+
+TEST(Avvisi, ProgettoSenzaRighe) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.C("non ha righe Form=, Module= o Class=")) << b.Errori.str();
+    EXPECT_NE(b.Uscita.str().find("0 moduli, 0 righe"), std::string::npos);
+}
+
 TEST(Rapporto, SuFileAncheDopoUnErroreFinale) {
     Banco b;
     EXPECT_EQ(b.Esegui({"esegui", "-s", "--rapporto=r.json", "p/Altro.vbp"}), 1);

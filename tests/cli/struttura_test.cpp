@@ -107,7 +107,9 @@ TEST(Struttura, TutteLeRighe) {
     EXPECT_FALSE(b.Fatto("b.txt"));
     EXPECT_TRUE(b.Detto("  B.frm  -> Appoggio/B.log\n")) << b.Uscita.str();
     EXPECT_TRUE(b.Detto("3 moduli, 9 righe, "));
-    EXPECT_EQ(b.Errori.str(), "");
+    EXPECT_EQ(b.Errori.str(),
+              "Avviso: la struttura di «A.bas» è vuota: nessun form viene prima, e la testata del modulo "
+              "non finisce mai.\n");
 }
 
 TEST(Struttura, RigheNominate) {
@@ -484,7 +486,9 @@ TEST(Leggi, SenzaLettore) {
     b.Esegui({"struttura", "p/Prova.vbp"});
     b.Disco.Fallisci("Avvia", "", ErrFileAssente);
     EXPECT_EQ(b.Esegui({"leggi", "p/Prova.vbp"}), 1);
-    EXPECT_TRUE(b.Avvertito("mnuLettura_Click fermato: errore 53")) << b.Errori.str();
+    EXPECT_TRUE(b.Avvertito("mnuLettura_Click fermato alla riga «A.frm»: errore 53") &&
+                b.Avvertito("Manca un programma che apra il file"))
+        << b.Errori.str();
 }
 
 TEST(Eventi, Struttura) {

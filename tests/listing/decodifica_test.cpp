@@ -65,14 +65,14 @@ const std::vector<Caso>& Casi() {
         {n + DaGlifi("···┌─>If a"),   num + "S[   ]C[┌─>]S[If a]"},
         {n + DaGlifi("···├─>Else"),   num + "S[   ]C[├─>]S[Else]"},
         {n + DaGlifi("···└─>End If"), num + "S[   ]C[└─>]S[End If]"},
-        {n + DaGlifi("···╔═>For"),    num + "S[   ]L[╔═>]S[For]"},
+        {n + DaGlifi("···╔═>For i"),  num + "S[   ]L[╔═>]S[For i]"},
         {n + DaGlifi("···╚═>Next"),   num + "S[   ]L[╚═>]S[Next]"},
         {n + DaGlifi("···│··x"),      num + "S[   ]C[│  ]S[x]"},
         {n + DaGlifi("···║··x"),      num + "S[   ]L[║  ]S[x]"},
         {n + DaGlifi("└─>End If"),    num + "C[└─>]S[End If]"},
         {n + DaGlifi("│··x"),         num + "C[│  ]S[x]"},
         {n + DaGlifi("╔═>Do"),        num + "L[╔═>]S[Do]"},
-        {n + DaGlifi("···║··│··┌─>If"), num + "S[   ]L[║  ]C[│  ┌─>]S[If]"},
+        {n + DaGlifi("···║··│··┌─>If a"), num + "S[   ]L[║  ]C[│  ┌─>]S[If a]"},
         {n + DaGlifi("···│··│··"),    num + "S[   ]C[│  │  ]"}, // an empty line in two blocks
         {n + DaGlifi("···│··└─>End With"), num + "S[   ]C[│  └─>]S[End With]"},
         {n + DaGlifi("···║··║··╚═>Loop"), num + "S[   ]L[║  ║  ╚═>]S[Loop]"},
@@ -131,8 +131,13 @@ const std::vector<Caso>& Casi() {
         {n + "   \xDA\xCD> x", num + "S[   ÚÍ> x]"}, // a single corner has a single stroke
         {n + "   \xC9\xC4> x", num + "S[   ÉÄ> x]"},
         {n + "   \xC8t\xE9 = \xB3", num + "S[   Èté = ³]"},
-        {n + DaGlifi("···┌─>") + "\xB3  x", num + "S[   ]C[┌─>]S[³  x]"}, // behind a connector all is text
-        {n + DaGlifi("···└─>") + "\xDA\xC4>", num + "S[   ]C[└─>]S[ÚÄ>]"},
+        {n + DaGlifi("···┌─>If ") + "\xB3  x", num + "S[   ]C[┌─>]S[If ³  x]"}, // behind a connector all is text
+        {n + DaGlifi("···└─>End If") + "\xDA\xC4>", num + "S[   ]C[└─>]S[End IfÚÄ>]"},
+        // A connector in front of a statement that it does not belong to is letters of the text.
+        {n + DaGlifi("···┌─>") + "\xB3  x", num + "S[   ÚÄ>³  x]"},
+        {n + DaGlifi("···└─>") + "\xDA\xC4>", num + "S[   ÀÄ>ÚÄ>]"},
+        {n + DaGlifi("···┌─>For i"), num + "S[   ÚÄ>For i]"},
+        {n + DaGlifi("···╔═>abc"), num + "S[   ÉÍ>abc]"},
         {n + DaGlifi("···║··") + "\xBA", num + "S[   ]L[║  ]S[º]"},
         {n + DaGlifi("<<═══Exit Sub '") + "\xCD\xCD", num + "B[<<═══]S[Exit Sub 'ÍÍ]"},
         // Control characters must not act on a terminal.

@@ -29,7 +29,10 @@ lavoro=$(cd "$(dirname "$progetto")" && pwd)/Appoggio
 echo
 echo "Results: $lavoro"
 echo "  *.txt              the rewritten modules; *.frm *.bas *.cls are the same under their own names"
+echo "  *.log              their structures"
 primo=$(find "$lavoro" -name '*.txt' 2>/dev/null | sort | head -n 1)
 [ -z "$primo" ] || echo "  look at one:       iconv -f WINDOWS-1252 '$primo' | less"
+primo=$(find "$lavoro" -name '*.log' -size +0 ! -name OK.LOG 2>/dev/null | sort | head -n 1)
+[ -z "$primo" ] || echo "  and at its blocks: $programma mostra '$primo'"
 echo "  the program:       $programma --aiuto"
 exit $esito

@@ -704,6 +704,32 @@ TEST(Sorgente, PiuLungoDiUnBlocco) {
     EXPECT_EQ(p.S.TotaleRighe, 18001);
 }
 
+// The folded text of a path could be a neighbour's: the directories stay those of the row.
+TEST(Piega, LaDirectoryDellaRigaRestaLaSua) {
+    Prova p;
+    p.B.Riga("..\\Lib\\x.bas", "/Lib/x.bas", Modulo);
+    p.Disco.FaiDirectory("/p/Lib");
+    p.Disco.FaiDirectory("/p/lib");
+    p.Esegui();
+    EXPECT_TRUE(p.Disco.Esiste("/p/Lib/x.txt"));
+    EXPECT_TRUE(p.Disco.Esiste("/p/Lib/x.bas"));
+    EXPECT_FALSE(p.Disco.Esiste("/p/lib/x.txt"));
+}
+
+TEST(Piega, IlVicinoNonSiTocca) {
+    Prova p("/data/Prog");
+    p.Disco.Metti("/data/prog/y.bas", "vicino");
+    p.Disco.Metti("/data/prog/Appoggio/z.txt", "vicino");
+    p.B.Riga("..\\..\\Prog\\y.bas", "/Prog/y.bas", Modulo);
+    p.B.Riga("z.bas", "/data/Prog/z.bas", Modulo);
+    p.Esegui();
+    EXPECT_EQ(p.Disco.Leggi("/data/prog/y.bas"), "vicino");
+    EXPECT_EQ(p.Disco.Leggi("/data/prog/Appoggio/z.txt"), "vicino");
+    EXPECT_FALSE(p.Disco.Esiste("/data/prog/y.txt"));
+    EXPECT_TRUE(p.Disco.Esiste("/data/Prog/y.txt"));
+    EXPECT_TRUE(p.Disco.Esiste("/data/Prog/Appoggio/z.bas"));
+}
+
 } // namespace
 
 } // namespace morvella

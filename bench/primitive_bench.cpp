@@ -55,7 +55,7 @@ void BenchPrint(benchmark::State& stato) {
     for (auto _ : stato) {
         canali.OpenOutput(2, "\\p\\x.txt");
         for (const Vista riga : Campione::Comune().Trimmate)
-            canali.Print(2, {numero, margine, "     ", riga});
+            canali.Print(2, numero, margine, "     ", riga);
         canali.Close(2);
     }
     Conta(stato);

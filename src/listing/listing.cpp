@@ -44,6 +44,7 @@ void ElencaFile(Stato& s, const Testo& voce) {
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     IniziaTestaStruttura(s);
     s.Casa.MargineMosso({PassoMargine::Inizio, s.RigaInLavoro, 0, 0, Len(s.Margine), s.Margine, {}});
+    Lungo scritto = -1; // the number that stands in Numero
     while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
         ++s.ContaRighe;
         ++s.RigaFile;
@@ -52,7 +53,12 @@ void ElencaFile(Stato& s, const Testo& voce) {
         const PassoTesta passo = AvanzaTestaStruttura(s);
         if (passo.Testa) ScriviTesta(s);
         if (passo.Codice || passo.Riparte) {
-            s.Numero = CampoNumero(s.ContaRighe);
+            // Of ten lines nine differ from the one before by their last digit.
+            if (s.ContaRighe == scritto + 1 && s.Numero.size() == 11 && s.Numero[5] != '9')
+                ++s.Numero[5];
+            else
+                s.Numero = CampoNumero(s.ContaRighe);
+            scritto = s.ContaRighe;
             if (passo.Riparte)
                 Riparti(s);
             else

@@ -240,7 +240,9 @@ std::size_t CercaPrivatePublic(const char* p) {
     const auto* prima = reinterpret_cast<const unsigned char*>(p) - 1;
     const auto qui = [prima](std::size_t i) {
         const auto seconda = static_cast<unsigned char>(prima[i + 2] | 32);
-        return (prima[i] <= ' ') & ((prima[i + 1] | 32) == 'p') & ((seconda == 'r') | (seconda == 'u'));
+        const auto terza = static_cast<unsigned char>(prima[i + 3] | 32);
+        return (prima[i] <= ' ') & ((prima[i + 1] | 32) == 'p') &
+               (((seconda == 'r') & (terza == 'i')) | ((seconda == 'u') & (terza == 'b')));
     };
     unsigned char forse = 0; // all at once, in a shape that compilers turn into wide steps
     for (std::size_t i = 0; i < Canali::Fetta; ++i) forse = static_cast<unsigned char>(forse | qui(i));

@@ -69,13 +69,6 @@ constexpr Vista IndiceCoda[] = {
 constexpr Vista Figure[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
 constexpr Vista DarioNellePagine = "Dario.gif";
 
-Lungo ContaSelezionati(const Stato& s) {
-    Lungo quanti = 0;
-    for (Lungo i = 0; i < s.File1.ListCount(); ++i)
-        if (s.File1.Selected(i)) ++quanti;
-    return quanti;
-}
-
 // The first pass of this run. RaccogliShow is another: entries have another shape here, and
 // some names stay out.
 void RaccogliMostrati(Stato& s) {
@@ -124,7 +117,7 @@ void CopiaFigure(Stato& s, const Testo& dirPagine) {
 void mnuHTML_Click(Stato& s) {
     s.mnuLettura = true;
     ProteggiSorgenti(s);
-    const Lungo selezionati = ContaSelezionati(s);
+    const Lungo selezionati = s.File1.ContaSelezionate();
     const Testo dirPagine = selezionati > 0 ? PreparaDirectory(s) : Testo();
 
     ValoriPendenti pendenti;
@@ -145,10 +138,7 @@ void mnuHTML_Click(Stato& s) {
         // The place in the whole list, from 0, over the number selected: "9/3" can be.
         ScriviLabel2(s, s.FileSorgente + "  " + CStr(s.IndiceFile) + "/" + CStr(selezionati));
         RaccogliMostrati(s);
-        LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
-        s.Progress.Min = 0;
-        PortaBarra(s, s.Progress, 0);
-        MostraBarra(s, s.Progress, true);
+        PreparaProgress(s);
         ScriviPagina(s, voce, pendenti);
         s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
     }
@@ -167,7 +157,7 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
     ScriviRighe(s, 1, IndiceTesta);
 
     // One more than there are, which makes the third column the short one.
-    Lungo conto = ContaSelezionati(s);
+    Lungo conto = s.File1.ContaSelezionate();
     if (conto > 0) ++conto;
     Lungo limiteColonna1 = 0;
     Lungo limiteColonna2 = 0;

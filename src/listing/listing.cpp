@@ -35,10 +35,7 @@ void ElencaFile(Stato& s, const Testo& voce) {
 
     RaccogliShow(s, true);
 
-    LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
-    s.Progress.Min = 0;
-    PortaBarra(s, s.Progress, 0);
-    MostraBarra(s, s.Progress, true);
+    PreparaProgress(s);
 
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
@@ -95,12 +92,6 @@ void Elenca(Stato& s) {
     MostraBarra(s, s.ProgressBar1, false);
 }
 
-Lungo Selezionate(const Stato& s) {
-    Lungo quante = 0;
-    for (Lungo i = 0; i < s.File1.ListCount(); ++i) quante += s.File1.Selected(i) ? 1 : 0;
-    return quante;
-}
-
 } // namespace
 
 Testo CampoNumero(Lungo n) {
@@ -153,11 +144,11 @@ void mnuLettura_Click(Stato& s) {
         if (!manca) return;
         // The listing run deselects every row that it comes to, so each visit here leaves fewer.
         // One that leaves as many would leave them for ever.
-        const Lungo prima = Selezionate(s);
+        const Lungo prima = s.File1.ContaSelezionate();
         const Errore manca53(ErrFileAssente, s.FileUscita);
         const Lungo cercata = s.IndiceFile;
         mnuvorn_Click(s);
-        if (Selezionate(s) >= prima) {
+        if (s.File1.ContaSelezionate() >= prima) {
             s.RigaInLavoro = cercata;
             s.RigaFile = 0;
             s.Casa.MotoreFermato(FaiArresto(s, "mnuLettura_Click", manca53));

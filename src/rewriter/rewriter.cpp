@@ -50,10 +50,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
 
     RaccogliShow(s);
 
-    LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
-    s.Progress.Min = 0;
-    PortaBarra(s, s.Progress, 0);
-    MostraBarra(s, s.Progress, true);
+    PreparaProgress(s);
 
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });

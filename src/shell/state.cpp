@@ -63,6 +63,13 @@ void Check1_Click(Stato& s) {
     if (s.Check1 == 1) s.Casa.PortaFuocoSuText1();
 }
 
+void PreparaProgress(Stato& s) {
+    LimitaBarra(s, s.Progress, s.TotaleRighe + 15);
+    s.Progress.Min = 0;
+    PortaBarra(s, s.Progress, 0);
+    MostraBarra(s, s.Progress, true);
+}
+
 void RaccogliOpzioni(Stato& s) {
     s.OpzTogliCommenti = s.TogliCommenti == 1;
     s.OpzIntestazione = s.Check1 == 1;

@@ -49,6 +49,9 @@ class ListaFile1 {
     /// The row's text; raises 5 for a row that is not there.
     const Testo& List(Lungo i) const { return Riga(i).Scritta; }
     bool Selected(Lungo i) const { return Riga(i).Selezionata; }
+    Lungo ContaSelezionate() const noexcept {
+        return std::count_if(righe_.begin(), righe_.end(), [](const Voce& voce) { return voce.Selezionata; });
+    }
     /// Another number after each change of the rows; selecting is none.
     Lungo Versione() const noexcept { return versione_; }
     /// Without the event; the way in is SelezionaFile1.
@@ -167,6 +170,9 @@ void ScriviLabel2(Stato& s, Vista testo);
 void MostraBarra(Stato& s, Barra& barra, bool visibile);
 void LimitaBarra(Stato& s, Barra& barra, Lungo massimo);
 void PortaBarra(Stato& s, Barra& barra, Lungo valore);
+
+/// Progress for the second pass over a file of TotaleRighe lines: Max, Min, Value, shown.
+void PreparaProgress(Stato& s);
 
 /// `barra.Value = barra.Value + 1`, once for each of `righe` lines: repainted when a two
 /// hundredth of the bar has passed.

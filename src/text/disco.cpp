@@ -33,9 +33,14 @@ std::string Disco::Assoluto(const std::string& percorso) {
     return intero.empty() ? "/" : intero;
 }
 
+std::vector<Unita> Disco::ElencaUnita() { return {{"C:", "/", "/"}}; }
+
 std::string Disco::DirectoryUnita(const std::string& unita) {
-    if (unita != "C:" && unita != "c:") throw Errore(ErrUnita);
-    return "/";
+    for (const Unita& u : ElencaUnita()) {
+        const bool questa = unita.size() == 2 && (unita[0] & ~0x20) == u.Lettera[0] && unita[1] == ':';
+        if (questa && Esamina(u.Directory).Tipo == TipoVoce::Directory) return u.Directory;
+    }
+    throw Errore(ErrUnita);
 }
 
 unsigned long Disco::GetShortPathNameA(const std::string&, char*, unsigned long) { return 0; }

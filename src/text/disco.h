@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "text/errore.h"
+#include "text/unita.h"
 
 namespace morvella {
 
@@ -95,8 +96,11 @@ class Disco {
     /// there is no such program.
     virtual void Avvia(const std::string& programma, const std::string& percorso, int finestra) = 0;
 
-    /// The directory that a drive's letter ("C:") stands for. Raises 71 when the drive does not
-    /// answer. Here "C:" is the root and there is no other.
+    /// The drives there are, in the order of their letters. No medium is waited for. Here "C:" is
+    /// the root and there is no other.
+    virtual std::vector<Unita> ElencaUnita();
+    /// The directory that a drive's letter ("C:", in either case) stands for. Raises 71 when
+    /// there is no such drive or it does not answer.
     virtual std::string DirectoryUnita(const std::string& unita);
 
     /// The platform's short form of a path: writes at most `misura` bytes with a closing

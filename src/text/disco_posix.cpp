@@ -241,6 +241,20 @@ class DiscoPosix : public Disco {
         return Locale(st.st_mtime);
     }
 
+    std::vector<Unita> ElencaUnita() override {
+        std::string testo;
+        try {
+            FilePosix montaggi(Apri("/proc/self/mountinfo", O_RDONLY));
+            char blocco[4096];
+            while (const std::size_t letti = montaggi.Leggi(blocco, sizeof blocco))
+                testo.append(blocco, letti);
+        } catch (const Errore&) {
+            testo.clear(); // a system without it has the root alone
+        }
+        return UnitaDaMontaggi(
+            testo, [this](const std::string& p) { return Esamina(p).Tipo == TipoVoce::Directory; });
+    }
+
     void Avvia(const std::string& programma, const std::string& percorso, int) override {
         // A listing is shown by the tool's own viewer where there is one beside the program; all
         // else, and a page, by what the desktop has for it.

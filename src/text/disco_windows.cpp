@@ -367,6 +367,25 @@ class DiscoWindows : public Disco {
         ::CloseHandle(processo.hProcess);
     }
 
+    // A label stands on the medium: it is read where the medium is always there, and a drive of
+    // another kind, which may have to start or to be called over a network, shows its letter alone.
+    std::vector<Unita> ElencaUnita() override {
+        std::vector<Unita> unita;
+        const DWORD presenti = ::GetLogicalDrives();
+        for (int i = 0; i < 26; ++i) {
+            if ((presenti & (1u << i)) == 0) continue;
+            const wchar_t cima[] = {static_cast<wchar_t>(L'A' + i), L':', L'\\', L'\0'};
+            const UINT tipo = ::GetDriveTypeW(cima);
+            wchar_t etichetta[MAX_PATH + 1] = L"";
+            if (tipo == DRIVE_FIXED || tipo == DRIVE_RAMDISK)
+                ::GetVolumeInformationW(cima, etichetta, MAX_PATH + 1, nullptr, nullptr, nullptr, nullptr, 0);
+            const std::string lettera = {static_cast<char>('A' + i), ':'};
+            unita.push_back({lettera, lettera + '/', BytesDaUtf16(etichetta)});
+        }
+        return unita;
+    }
+
+    // A drive stands for its own current directory.
     std::string DirectoryUnita(const std::string& unita) override {
         const std::string dove = InteroUtf8(Utf16DaUtf8(unita.substr(0, 2)));
         if (Esamina(dove).Tipo != TipoVoce::Directory) throw Errore(ErrUnita);

@@ -216,10 +216,10 @@ void DiscoFinto::Avvia(const std::string& programma, const std::string& percorso
     Avviati.push_back(programma + "|" + percorso);
 }
 
-std::string DiscoFinto::DirectoryUnita(const std::string& unita) {
-    const auto directory = Unita.find(unita);
-    if (directory == Unita.end()) throw Errore(ErrUnita);
-    return directory->second;
+std::vector<morvella::Unita> DiscoFinto::ElencaUnita() {
+    std::vector<morvella::Unita> tutte;
+    for (const auto& [lettera, directory] : Unita) tutte.push_back({lettera, directory, directory});
+    return tutte;
 }
 
 unsigned long DiscoFinto::GetShortPathNameA(const std::string& percorso, char* buffer, unsigned long misura) {

@@ -50,9 +50,9 @@ class DiscoFinto : public Disco {
     std::map<std::string, Istante> Modificati; // for UltimaModifica; else Orologio
     /// Called before each block that is read, with the path: to change the disk in the middle.
     std::function<void(const std::string&)> PrimaDiLeggere;
-    std::vector<std::string> Avviati;                 // "programma|percorso"
-    std::map<std::string, std::string> PercorsiCorti; // with any entry: a platform that has them
-    std::map<std::string, std::string> Unita{{"C:", "/"}};
+    std::vector<std::string> Avviati;                      // "programma|percorso"
+    std::map<std::string, std::string> PercorsiCorti;      // with any entry: a platform that has them
+    std::map<std::string, std::string> Unita{{"C:", "/"}}; // letters and the directories of their tops
     bool Distingue = true;
 
     Scheda Esamina(const std::string& percorso) override;
@@ -67,7 +67,7 @@ class DiscoFinto : public Disco {
     Istante Adesso() override;
     Istante UltimaModifica(const std::string& percorso) override;
     void Avvia(const std::string& programma, const std::string& percorso, int finestra) override;
-    std::string DirectoryUnita(const std::string& unita) override;
+    std::vector<morvella::Unita> ElencaUnita() override;
     unsigned long GetShortPathNameA(const std::string& percorso, char* buffer, unsigned long misura) override;
     bool HaPercorsiCorti() const override { return !PercorsiCorti.empty(); }
     bool DistingueMaiuscole() const override { return Distingue; }

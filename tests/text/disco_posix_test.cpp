@@ -424,8 +424,23 @@ TEST_F(DiscoPosix, SenzaPercorsiCorti) {
     EXPECT_FALSE(Vero->HaPercorsiCorti());
     EXPECT_EQ(Vero->GetShortPathNameA(Radice, buffer, sizeof buffer), 0u);
     EXPECT_TRUE(Vero->DistingueMaiuscole());
-    EXPECT_EQ(Vero->DirectoryUnita("C:"), "/");
+}
+
+TEST_F(DiscoPosix, Unita) {
+    const std::vector<Unita> unita = Vero->ElencaUnita();
+    ASSERT_FALSE(unita.empty());
+    EXPECT_EQ(unita[0], (Unita{"C:", "/", "/"}));
+    for (std::size_t i = 0; i < unita.size(); ++i) {
+        EXPECT_EQ(unita[i].Lettera, std::string(1, static_cast<char>('C' + i)) + ":");
+        EXPECT_EQ(Vero->Esamina(unita[i].Directory).Tipo, TipoVoce::Directory) << unita[i].Directory;
+        EXPECT_EQ(Vero->DirectoryUnita(unita[i].Lettera), unita[i].Directory);
+        if (i > 1) {
+            EXPECT_LT(unita[i - 1].Directory, unita[i].Directory);
+        }
+    }
+    EXPECT_EQ(Vero->DirectoryUnita("c:"), "/");
     EXPECT_EQ(NumeroDi([&] { return Vero->DirectoryUnita("A:"); }), 71);
+    EXPECT_EQ(NumeroDi([&] { return Vero->DirectoryUnita(""); }), 71);
 }
 
 } // namespace

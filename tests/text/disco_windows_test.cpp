@@ -230,6 +230,17 @@ TEST_F(DiscoWindowsProva, DirectoryCorrente) {
     EXPECT_EQ(disco_->Assoluto("\\\\srv\\sh\\d\\..\\p.vbp"), "//srv/sh/p.vbp");
     EXPECT_EQ(disco_->Assoluto("\\\\?\\C:\\d\\p.vbp"), "C:/d/p.vbp");
     EXPECT_EQ(disco_->Assoluto("C:/"), "C:/");
+    // The drives, with this one among them.
+    std::string lettere;
+    for (const Unita& u : disco_->ElencaUnita()) {
+        ASSERT_EQ(u.Lettera.size(), 2u);
+        EXPECT_EQ(u.Directory, u.Lettera + "/");
+        lettere += u.Lettera[0];
+    }
+    EXPECT_TRUE(std::is_sorted(lettere.begin(), lettere.end()));
+    EXPECT_EQ(std::adjacent_find(lettere.begin(), lettere.end()), lettere.end());
+    const std::string questa = {static_cast<char>(corrente[0] & ~0x20), ':'};
+    EXPECT_EQ(UnitaDi(disco_->ElencaUnita(), corrente), questa);
     // A drive that nobody uses.
     const DWORD unita = ::GetLogicalDrives();
     for (char lettera = 'Z'; lettera >= 'C'; --lettera) {

@@ -6,7 +6,8 @@ morvella_prova(text_test
   text/errore_test.cpp
   text/canali_test.cpp
   text/archivio_test.cpp
-  text/flusso_test.cpp)
+  text/flusso_test.cpp
+  text/unita_test.cpp)
 if(NOT WIN32)
   morvella_prova(disco_posix_test text/disco_posix_test.cpp)
 endif()

@@ -3,6 +3,28 @@
 
 namespace morvella {
 
+namespace {
+
+// Dir1_Change; `elenca` is its step that fills File1Leggi.
+template <class F>
+void DirectoryCambiata(Stato& s, F&& elenca) {
+    try {
+        s.FileUscita.clear();
+        s.FileSorgente.clear();
+        elenca();
+        s.File.ChDir(s.Dir1Path);
+        s.File1.Clear();
+        s.mnuLettura = false;
+        s.mnuRiordina = false;
+        s.mnuvorn = false;
+    } catch (const Errore& e) {
+        // sic: number and description run together
+        s.Casa.MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
+    }
+}
+
+} // namespace
+
 void ListaFile1::AddItem(Vista testo) {
     righe_.push_back({Testo(testo), LCase(testo), false});
     ordinate_ = false;
@@ -77,25 +99,23 @@ void RaccogliOpzioni(Stato& s) {
     s.OpzSenzaConferma = s.Check2 == 1;
 }
 
+void ElencaProgetti(Stato& s) {
+    s.File1Leggi = {};
+    s.File1Leggi.Nomi = s.File.ElencaFile(s.Dir1Path, ".vbp");
+}
+
 void CambiaDir1(Stato& s, const std::string& percorso) {
     s.Dir1Path = s.File.Aggancia(Gancio::Progetto, percorso);
     Dir1_Change(s);
 }
 
+void CambiaDir1(Stato& s, const std::string& percorso, Vista progetto) {
+    s.Dir1Path = s.File.Aggancia(Gancio::Progetto, percorso);
+    DirectoryCambiata(s, [&] { s.File1Leggi = {{Testo(progetto)}}; });
+}
+
 void Dir1_Change(Stato& s) {
-    try {
-        s.FileUscita.clear();
-        s.FileSorgente.clear();
-        s.File1Leggi = {}; // File1Leggi.Path and Refresh: nothing is chosen any more
-        s.File.ChDir(s.Dir1Path);
-        s.File1.Clear();
-        s.mnuLettura = false;
-        s.mnuRiordina = false;
-        s.mnuvorn = false;
-    } catch (const Errore& e) {
-        // sic: number and description run together
-        s.Casa.MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
-    }
+    DirectoryCambiata(s, [&] { ElencaProgetti(s); });
 }
 
 void CambiaDrive1(Stato& s, Vista unita) {

@@ -189,10 +189,19 @@ void Check1_Click(Stato& s);
 /// The four option fields of Module1 from their controls, as when an option loses the focus.
 void RaccogliOpzioni(Stato& s);
 
+/// `File1Leggi.Path = Dir1.Path` and `File1Leggi.Refresh`: the project files of the directory,
+/// none of them chosen. Raises 76 or 75 for a directory that is not there or cannot be read, and
+/// the list is empty then. Dir1_Change does it; at the program's start, where Dir1 stands
+/// somewhere without having changed, the window does.
+void ElencaProgetti(Stato& s);
+
 /// `Dir1.Path` becomes the directory with this platform path; raises Dir1_Change.
 void CambiaDir1(Stato& s, const std::string& percorso);
-/// Empties the file state and the list, puts the current directory on Dir1.Path and disables
-/// mnuLettura, mnuRiordina and mnuvorn. An error shows a box and skips the rest.
+/// The same for a home that knows which project it wants: File1Leggi holds this one, not chosen
+/// yet, and the directory is not read, which may be large, or closed to readers.
+void CambiaDir1(Stato& s, const std::string& percorso, Vista progetto);
+/// Empties the file state, fills File1Leggi, puts the current directory on Dir1.Path, empties
+/// File1 and disables mnuLettura, mnuRiordina and mnuvorn. An error shows a box and skips the rest.
 void Dir1_Change(Stato& s);
 
 /// `Drive1.Drive = unita`; raises Drive1_Change when that is a change.

@@ -299,6 +299,32 @@ Testo Archivio::Dir(Vista percorso, int attributi) {
     return {};
 }
 
+std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
+    const Trovato dove = Trova(directory);
+    if (dove.Cosa.Errore != 0) throw Errore(dove.Cosa.Errore, directory);
+    if (dove.Cosa.Tipo != TipoVoce::Directory) throw Errore(ErrPercorso, directory);
+    std::vector<std::string> nomi;
+    try {
+        nomi = disco_.Elenca(dove.Percorso);
+    } catch (const Errore& e) {
+        throw Errore(e.Numero == ErrFileAssente ? ErrPercorso : e.Numero, directory);
+    }
+    const std::string davanti = dove.Percorso.ends_with('/') ? dove.Percorso : dove.Percorso + '/';
+    std::vector<std::pair<Testo, Testo>> file; // folded, as it is
+    for (const std::string& nome : nomi) {
+        const Testo testo = TestoDiNome(nome);
+        Testo chiave = LCase(testo);
+        if (!Vista(chiave).ends_with(LCase(fine))) continue; // the others are not even asked about
+        const Scheda cosa = disco_.Esamina(davanti + nome);
+        if (cosa.Tipo == TipoVoce::File && !cosa.Nascosto) file.emplace_back(std::move(chiave), testo);
+    }
+    std::sort(file.begin(), file.end());
+    std::vector<Testo> testi;
+    testi.reserve(file.size());
+    for (auto& [chiave, testo] : file) testi.push_back(std::move(testo));
+    return testi;
+}
+
 void Archivio::MkDir(Vista percorso) {
     const Trovato dove = Trova(percorso);
     if (dove.Cosa.Errore != 0 || dove.Cosa.Esiste()) throw Errore(ErrAccesso, percorso);

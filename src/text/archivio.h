@@ -69,6 +69,10 @@ class Archivio {
     /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
     /// every name. Never raises.
     Testo Dir(Vista percorso, int attributi);
+    /// The names of the plain files of a directory that end in `fine`, without regard to case and
+    /// in the order of LCase(name); hidden ones are left out. Raises 76 when there is no such
+    /// directory, 75 when it cannot be read.
+    std::vector<Testo> ElencaFile(Vista directory, Vista fine);
     /// Raises 75 when the path exists or cannot be made, 76 without its parent.
     void MkDir(Vista percorso);
     /// Raises 76 when there is no such directory, 75 when it cannot be entered.

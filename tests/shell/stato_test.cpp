@@ -58,6 +58,72 @@ TEST(Stato, Dir1Change) {
     EXPECT_TRUE(b.Casa.Box_.empty());
 }
 
+TEST(Stato, Dir1ChangeElencaIProgetti) {
+    Banco b;
+    b.Scegli("");
+    for (const char* nome : {"/q/Zeta.vbp", "/q/alfa.VBP", "/q/Form1.frm", "/q/Beta.vbw", "/r/Solo.vbp"})
+        b.Disco.Metti(nome, "");
+    b.Disco.FaiDirectory("/q/Vecchi.vbp");
+    CambiaDir1(b.S, "/q");
+    EXPECT_EQ(b.S.File1Leggi.Nomi, (std::vector<Testo>{"alfa.VBP", "Zeta.vbp"}));
+    EXPECT_EQ(b.S.File1Leggi.ListIndex, -1);
+    b.S.File1Leggi.ListIndex = 1;
+    EXPECT_EQ(b.S.File1Leggi.Scelto(), "Zeta.vbp");
+    Dir1_Change(b.S); // nothing is chosen any more, in the same directory too
+    EXPECT_EQ(b.S.File1Leggi.ListIndex, -1);
+    CambiaDir1(b.S, "/r");
+    EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Solo.vbp"});
+    b.Disco.Metti("/r/Nuovo.vbp", "");
+    b.S.File1.AddItem("a");
+    b.MettiMenu("1111");
+    ElencaProgetti(b.S); // the list alone
+    EXPECT_EQ(b.S.File1Leggi.Nomi, (std::vector<Testo>{"Nuovo.vbp", "Solo.vbp"}));
+    EXPECT_EQ(b.S.File1.ListCount(), 1);
+    EXPECT_EQ(b.Menu(), "1111");
+    EXPECT_TRUE(b.Casa.Box_.empty());
+}
+
+TEST(Stato, Dir1ChangeDirectoryCheNonSiLegge) {
+    // The list is filled before the current directory moves: what it raises leaves the rest.
+    Banco b;
+    b.Scegli("");
+    b.S.File1.AddItem("a");
+    b.S.FileSorgente = b.S.FileUscita = "x";
+    b.MettiMenu("1111");
+    b.Disco.Metti("/q/Chiuso.vbp", "");
+    b.Disco.Fallisci("Elenca", "/q", 75);
+    CambiaDir1(b.S, "/q");
+    ASSERT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.Casa.Box_[0].Scritto, "75Il percorso esiste gi\xE0 o non \xE8 accessibile.");
+    EXPECT_EQ(b.Casa.Box_[0].Flag, 32);
+    EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
+    EXPECT_TRUE(b.S.File1Leggi.Nomi.empty()); // no name of the directory before
+    EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p");
+    EXPECT_EQ(b.S.File1.ListCount(), 1);
+    EXPECT_EQ(b.Menu(), "1111");
+}
+
+TEST(Stato, Dir1ChangeConProgettoNoto) {
+    // Who knows the project needs no list: a directory that nobody may read will do.
+    Banco b;
+    b.Disco.Metti("/q/Noto.vbp", "");
+    b.Disco.Metti("/q/Altro.vbp", "");
+    b.Disco.Fallisci("Elenca", "/q", 75);
+    b.S.File1.AddItem("a");
+    b.S.FileSorgente = b.S.FileUscita = "x";
+    b.MettiMenu("1111");
+    CambiaDir1(b.S, "/q", "Noto.vbp");
+    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Noto.vbp"});
+    EXPECT_EQ(b.S.File1Leggi.ListIndex, -1);
+    EXPECT_EQ(b.S.Dir1Path, "\\q");
+    EXPECT_EQ(b.Disco.DirectoryCorrente(), "/q");
+    EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
+    EXPECT_EQ(b.S.File1.ListCount(), 0);
+    EXPECT_EQ(b.Menu(), "0001");
+    EXPECT_EQ(b.Disco.Elenchi, 0);
+}
+
 TEST(Stato, Dir1ChangeErrore) {
     struct Caso {
         int Numero;
@@ -157,6 +223,50 @@ TEST(Stato, Drive1ChangeNemmenoC) {
     Drive1_Change(b.S); // C: itself
     EXPECT_EQ(b.Casa.Beeps, 3);
     EXPECT_EQ(b.Menu(), "0001");
+}
+
+TEST(Stato, Drive1ChangeSoloC) {
+    // C: fails where it is chosen already: there is nothing to fall back to.
+    Banco b;
+    b.Scegli("");
+    b.S.File1.AddItem("a");
+    b.S.FileSorgente = b.S.FileUscita = "x";
+    b.MettiMenu("1111");
+    b.Disco.Fallisci("Esamina", "/", 71, 1);
+    Drive1_Change(b.S);
+    EXPECT_EQ(b.Casa.Beeps, 1);
+    ASSERT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.Casa.Box_[0].Flag, 16);
+    EXPECT_EQ(b.S.Drive1Drive, "C:");
+    EXPECT_EQ(b.S.Dir1Path, "\\p");
+    EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p");
+    EXPECT_EQ(b.S.File1Leggi.Scelto(), "Prova.vbp"); // Dir1 did not change
+    EXPECT_EQ(b.S.File1.ListCount(), 1);
+    EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
+    EXPECT_EQ(b.Menu(), "0001");
+}
+
+TEST(Stato, Drive1ChangeVolumeSmontato) {
+    // A drive of the list whose disc is gone, then the same one again with a disc.
+    Banco b;
+    b.Scegli("");
+    b.Disco.Metti("/Radice.vbp", "");
+    b.Disco.Metti("/media/chiave/Prova.vbp", "");
+    b.Disco.Unita["D:"] = "/media/chiave";
+    b.Disco.Fallisci("Esamina", "/media/chiave", 57, 1);
+    b.MettiMenu("1111");
+    CambiaDrive1(b.S, "D:");
+    EXPECT_EQ(b.Casa.Beeps, 1);
+    EXPECT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.S.Drive1Drive, "C:");
+    EXPECT_EQ(b.S.Dir1Path, "\\");
+    EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Radice.vbp"});
+    EXPECT_EQ(b.Menu(), "0001");
+    CambiaDrive1(b.S, "D:"); // a change again, since it had fallen back
+    EXPECT_EQ(b.Casa.Beeps, 1);
+    EXPECT_EQ(b.S.Drive1Drive, "D:");
+    EXPECT_EQ(b.S.Dir1Path, "\\media\\chiave");
+    EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Prova.vbp"});
 }
 
 TEST(Stato, Drive1ChangeErroreDiDir1) {

@@ -368,6 +368,56 @@ TEST(Archivio, DirStellaPuntoStella) {
 
 // ------------------------------------------------------------------ MkDir, ChDir
 
+TEST(Archivio, ElencaFile) {
+    Banco b;
+    for (const char* nome : {"b.vbp", "A.VBP", "a.Vbp", "a.vbp", "Zeta.vbp", "\xC3\x89.vbp", "_.vbp", ".vbp",
+                             "x.vbp.bak", "xvbp", "x.vbw", "vbp", "x.vbpx"})
+        b.Disco.Metti(std::string("/p/") + nome, "");
+    b.Disco.FaiDirectory("/p/directory.vbp");
+    b.Disco.Metti("/p/sotto/altro.vbp", "");
+    b.Disco.Metti("/p/guasto.vbp", "");
+    b.Disco.Fallisci("Esamina", "/guasto.vbp", 75);
+    // By the folded bytes: "." is 46, "_" is 95, "a" 97, "z" 122, and what E with an accent folds
+    // to is 233. Of names that fold alike by their own bytes.
+    EXPECT_EQ(
+        b.File.ElencaFile("\\p", ".vbp"),
+        (std::vector<Testo>{".vbp", "_.vbp", "A.VBP", "a.Vbp", "a.vbp", "b.vbp", "Zeta.vbp", "\xC9.vbp"}));
+    EXPECT_EQ(b.File.ElencaFile("\\P\\", ".VBW"), std::vector<Testo>{"x.vbw"});
+    EXPECT_TRUE(b.File.ElencaFile("\\", ".vbp").empty());
+    b.Disco.Metti("/alto.vbp", "");
+    EXPECT_EQ(b.File.ElencaFile("\\", ".vbp"), std::vector<Testo>{"alto.vbp"});
+}
+
+TEST(Archivio, ElencaFileChiedeSoloDeiSuoi) {
+    Banco b;
+    for (int i = 0; i < 1000; ++i) b.Disco.Metti("/p/Modulo" + CStr(i) + ".bas", "");
+    b.Disco.Metti("/p/Uno.vbp", "");
+    b.Disco.Esami = b.Disco.Elenchi = 0;
+    EXPECT_EQ(b.File.ElencaFile("\\p", ".vbp"), std::vector<Testo>{"Uno.vbp"});
+    EXPECT_EQ(b.Disco.Elenchi, 1);
+    EXPECT_LE(b.Disco.Esami, 5);
+}
+
+TEST(Archivio, ElencaFileErrori) {
+    Banco b;
+    b.Disco.Metti("/p/file", "");
+    const auto numero = [&](Vista dove) {
+        return NumeroDi([&] { return b.File.ElencaFile(dove, ".vbp"), 0; });
+    };
+    EXPECT_EQ(numero("\\manca"), 76);
+    EXPECT_EQ(numero("\\manca\\sotto"), 76);
+    EXPECT_EQ(numero("\\p\\file"), 76);
+    b.Disco.FaiDirectory("/p/chiusa");
+    b.Disco.Fallisci("Elenca", "/p/chiusa", 75);
+    EXPECT_EQ(numero("\\p\\chiusa"), 75);
+    b.Disco.FaiDirectory("/p/tolta"); // between the two looks at it
+    b.Disco.Fallisci("Elenca", "/p/tolta", 53);
+    EXPECT_EQ(numero("\\p\\tolta"), 76);
+    b.Disco.FaiDirectory("/p/muta");
+    b.Disco.Fallisci("Esamina", "/p/muta", 71);
+    EXPECT_EQ(numero("\\p\\muta"), 71);
+}
+
 TEST(Archivio, MkDir) {
     Banco b;
     b.Disco.Metti("/p/File", "");

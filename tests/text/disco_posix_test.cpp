@@ -443,6 +443,22 @@ TEST_F(DiscoPosix, Unita) {
     EXPECT_EQ(NumeroDi([&] { return Vero->DirectoryUnita(""); }), 71);
 }
 
+TEST_F(DiscoPosix, ElencaFile) {
+    Metti("Prova.vbp", "");
+    Metti("altra.VBP", "");
+    Metti("Form1.frm", "");
+    fs::create_directory(Radice + "/d.vbp");
+    fs::create_symlink("Prova.vbp", Radice + "/legame.vbp"); // as good as what it leads to
+    fs::create_symlink("manca.vbp", Radice + "/rotto.vbp");
+    ASSERT_EQ(::mkfifo((Radice + "/tubo.vbp").c_str(), 0600), 0);
+    EXPECT_EQ(File.ElencaFile(P, ".vbp"), (std::vector<Testo>{"altra.VBP", "legame.vbp", "Prova.vbp"}));
+    EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\manca", ".vbp"), 0; }), 76);
+    if (::geteuid() == 0) return; // whom nothing is closed to
+    fs::permissions(Radice + "/d.vbp", fs::perms::owner_exec);
+    EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\d.vbp", ".vbp"), 0; }), 75);
+    fs::permissions(Radice + "/d.vbp", fs::perms::owner_all);
+}
+
 } // namespace
 
 } // namespace morvella

@@ -43,4 +43,9 @@ void Command1_Click(Stato& s) {
     mnuvorn_Click(s);
 }
 
+void Form_Unload(Stato& s) {
+    s.Casa.MsgBox("Procedura di Dario Fenzoni" + Chr(13) + "E-mail: " + Testo(IndirizzoContatto),
+                  OkInformazione, "Bye bye");
+}
+
 } // namespace morvella

@@ -21,4 +21,7 @@ void Command1_Click(Stato& s);
 /// Selects all rows, or none, by what the caption says, and turns the caption.
 void mnuSeleziona_Click(Stato& s);
 
+/// The farewell box, whatever unloads the form; the process ends behind it. Nothing is saved.
+void Form_Unload(Stato& s);
+
 } // namespace morvella

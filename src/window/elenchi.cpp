@@ -32,7 +32,10 @@ class Rientro : public QStyledItemDelegate {
     }
 };
 
-QString NomeMostrato(const std::string& nome) { return Mostra(Archivio::TestoDiPercorso(nome)); }
+QString NomeMostrato(const std::string& nome) {
+    if (nome == "/") return "/"; // the root, as a person there writes it
+    return Mostra(Archivio::TestoDiPercorso(nome));
+}
 
 std::string Sotto(const std::string& directory, const std::string& nome) {
     return directory.ends_with('/') ? directory + nome : directory + '/' + nome;
@@ -118,8 +121,7 @@ void ElencoDirectory::Riempi(Disco& disco) {
     for (const std::string& sopra : Catena(directory_)) {
         const std::size_t barra = sopra.find_last_of('/');
         const bool radice = barra + 1 == sopra.size();
-        aggiungi(aperta, radice ? NomeMostrato(sopra) : NomeMostrato(sopra.substr(barra + 1)), livello++,
-                 sopra);
+        aggiungi(aperta, NomeMostrato(radice ? sopra : sopra.substr(barra + 1)), livello++, sopra);
     }
     aperta_ = static_cast<int>(percorsi_.size()) - 1;
 

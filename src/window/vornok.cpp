@@ -133,7 +133,7 @@ VornOK::VornOK(Disco& disco, const std::string& programma, const std::string& di
     setObjectName("VornOK");
     setWindowTitle(Mostra(Testo(TitoloForma) + Testo(IndirizzoContatto)));
     setWindowIcon(QIcon(":/finestra/morvella.png"));
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint);
     setPalette(TavolozzaForma());
     setFont(CarattereForma());

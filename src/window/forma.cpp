@@ -57,9 +57,10 @@ QFont Carattere(const QStringList& famiglie, int pixel, bool grassetto) {
     return carattere;
 }
 
+// MS Sans Serif is drawn for one size only; its twin is the same face at any.
 const QStringList& SansSerif() {
-    static const QStringList famiglie{"MS Sans Serif",   "Microsoft Sans Serif", "Arial",
-                                      "Liberation Sans", "DejaVu Sans",          "Noto Sans"};
+    static const QStringList famiglie{"Microsoft Sans Serif", "MS Sans Serif", "Arial",
+                                      "Liberation Sans",      "DejaVu Sans",   "Noto Sans"};
     return famiglie;
 }
 

@@ -11,17 +11,15 @@ namespace {
 
 bool Separatore(char c) noexcept { return c == '\\' || c == '/'; }
 
-// Whether `percorso` lies at or below the directory `radice`; `piega` ignores case.
-bool Comincia(Vista percorso, Vista radice, bool piega) {
+// Whether `percorso` lies at or below the directory `radice`.
+bool Comincia(Vista percorso, Vista radice) {
     if (radice.empty() || percorso.size() < radice.size()) return false;
     if (percorso.size() > radice.size() && !Separatore(percorso[radice.size()])) return false;
     for (std::size_t i = 0; i < radice.size(); ++i) {
         const char a = percorso[i];
         const char b = radice[i];
         if (a == b || (Separatore(a) && Separatore(b))) continue;
-        if (!piega ||
-            MinuscolaByte(static_cast<unsigned char>(a)) != MinuscolaByte(static_cast<unsigned char>(b)))
-            return false;
+        return false;
     }
     return true;
 }
@@ -98,17 +96,10 @@ void Archivio::AgganciaLavoro(Vista testo) {
 
 // Takes the hooked directory or the root off the front of `percorso` and gives its path.
 std::string Archivio::Base(Vista& percorso) const {
-    // The work directory comes first: its folded text may be the true text of another hook.
-    const auto preso = [&](Gancio gancio, bool piega) -> const Radice* {
-        const Radice& radice = ganci_[static_cast<std::size_t>(gancio)];
-        return Comincia(percorso, radice.Nome, piega) ? &radice : nullptr;
-    };
-    const Radice* radice = preso(Gancio::Lavoro, true);
-    if (!radice) radice = preso(Gancio::Progetto, false);
-    if (!radice) radice = preso(Gancio::Programma, false);
-    if (radice) {
-        percorso.remove_prefix(radice->Nome.size());
-        return radice->Percorso;
+    for (const Radice& radice : ganci_) { // the work directory first: it lies in the project's
+        if (!Comincia(percorso, radice.Nome)) continue;
+        percorso.remove_prefix(radice.Nome.size());
+        return radice.Percorso;
     }
     if (percorso.size() >= 2 && percorso[1] == ':' && !disco_.DistingueMaiuscole()) {
         std::string unita(percorso.substr(0, 2));
@@ -197,18 +188,15 @@ Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPr
 Testo Archivio::Piega(Vista percorso) {
     Testo piegato = LCase(percorso);
     const std::size_t barra = percorso.find_last_of("\\/");
-    if (barra != Vista::npos)
-        pieghe_.insert_or_assign(piegato.substr(0, barra), Testo(percorso.substr(0, barra)));
+    if (barra != Vista::npos) pieghe_.insert_or_assign(piegato, Testo(percorso.substr(0, barra)));
     return piegato;
 }
 
 Trovato Archivio::Trova(Vista percorso) {
     Testo disteso;
-    if (const std::size_t barra = percorso.find_last_of("\\/"); barra != Vista::npos && !pieghe_.empty()) {
-        if (const auto piega = pieghe_.find(percorso.substr(0, barra)); piega != pieghe_.end()) {
-            disteso.append(piega->second).append(percorso.substr(barra));
-            percorso = disteso;
-        }
+    if (const auto piega = pieghe_.find(percorso); piega != pieghe_.end()) {
+        disteso.append(piega->second).append(percorso.substr(piega->second.size()));
+        percorso = disteso;
     }
     Trovato file;
     if (percorso.find('\0') != Vista::npos) throw Errore(ErrNumeroFile, percorso);

@@ -7,13 +7,14 @@
 // resolved in the text, before any name is sought, and a new file gets the name given.
 //
 // What would surprise: the engines fold whole paths to lower case, directory and all, and
-// "\data\prog" must not lead to a neighbour of "\data\Prog". So the directories that paths
-// are built from are hooked (Aggancia): a path that begins with such a text goes to that
-// very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
+// "\data\prog" must not lead to a neighbour of "\data\Prog". So they have it done here (Piega):
+// the folded path goes on leading to the directory that it was made from. And the directories
+// that paths are built from are hooked (Aggancia): a path that begins with such a text goes to
+// that very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
 #pragma once
 
 #include <array>
-#include <map>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -47,8 +48,7 @@ class Archivio {
     /// Hooks a directory given by its platform path and gives its text, which from now on
     /// leads there. A new project lets go of the work directory.
     Testo Aggancia(Gancio gancio, const std::string& percorso);
-    /// Hooks the work directory by its text, spelled as the system builds it. Its text leads
-    /// there in lower case too: the one hook for which that is needed.
+    /// Hooks the work directory by its text, spelled as the system builds it.
     void AgganciaLavoro(Vista testo);
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
@@ -59,8 +59,8 @@ class Archivio {
     /// the same list would come to the same files.
     bool ProtezioneFresca();
 
-    /// `LCase(percorso)`; the directory part of the result goes on leading to the directory that
-    /// `percorso` names, whatever else has a like name.
+    /// `LCase(percorso)`; the result, whole, goes on leading to the directory that `percorso`
+    /// names, whatever else has a like name.
     Testo Piega(Vista percorso);
 
     Trovato Trova(Vista percorso);
@@ -122,6 +122,11 @@ class Archivio {
         }
     };
 
+    struct SpargiTesto {
+        using is_transparent = void;
+        std::size_t operator()(Vista testo) const noexcept { return std::hash<Vista>{}(testo); }
+    };
+
     std::string Base(Vista& percorso) const;
     Scheda CercaNome(std::string& directory, Vista nome, bool& directoryPresente);
     const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
@@ -131,7 +136,9 @@ class Archivio {
 
     Disco& disco_;
     std::array<Radice, 3> ganci_;
-    std::map<Testo, Testo, std::less<>> pieghe_; // directory parts: folded, as they were
+    // Folded paths with the directories that they were folded from. Whole paths, since a row can
+    // spell a directory of its own in just the way that another's folded path does.
+    std::unordered_map<Testo, Testo, SpargiTesto, std::equal_to<>> pieghe_;
     std::unordered_set<Identita, SpargiIdentita> protetti_;
     std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
     std::unordered_map<std::string, Indice> indici_;

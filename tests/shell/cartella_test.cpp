@@ -133,13 +133,14 @@ TEST(Cartella, Canale7GiaAperto) {
     EXPECT_EQ(b.Disco.Leggi("/p/altro"), Marca);
 }
 
-TEST(Cartella, GanciaIlTestoPiegato) {
+TEST(Cartella, IlTestoPiegatoConduceLi) {
     Banco b;
     b.Disco.FaiDirectory("/data/prog/appoggio");
     b.Disco.FaiDirectory("/data/Prog");
     CambiaDir1(b.S, "/data/Prog");
     ScriviDir(b.S, b.S.Dir1Path + "\\Appoggio");
-    EXPECT_EQ(b.S.File.Trova(LCase(b.S.DirAppoggio + "\\X.Txt")).Percorso, "/data/Prog/Appoggio/x.txt");
+    EXPECT_EQ(b.S.File.Trova(b.S.File.Piega(b.S.DirAppoggio + "\\X.Txt")).Percorso,
+              "/data/Prog/Appoggio/x.txt");
 }
 
 TEST(Cartella, BaseDiRiga) {

@@ -127,7 +127,7 @@ TEST_F(DiscoPosix, ViciniChePaionoUguali) {
     const Testo a = File.Aggancia(Gancio::Progetto, Radice + "/Prog") + "\\Appoggio";
     File.MkDir(a);
     File.AgganciaLavoro(a);
-    Scrivi(LCase(a + "\\Form1.Txt"), "x");
+    Scrivi(File.Piega(a + "\\Form1.Txt"), "x");
     EXPECT_EQ(Nomi("Prog/Appoggio"), std::vector<std::string>{"form1.txt"});
     EXPECT_TRUE(Nomi("prog/appoggio").empty());
 }
@@ -138,7 +138,7 @@ TEST_F(DiscoPosix, DirectoryCheWindows1252NonScrive) {
     File.MkDir(p + "\\Appoggio");
     File.AgganciaLavoro(p + "\\Appoggio");
     File.ChDir(p);
-    Scrivi(LCase(p + "\\Appoggio\\Form1.Txt"), "x");
+    Scrivi(File.Piega(p + "\\Appoggio\\Form1.Txt"), "x");
     EXPECT_EQ(Leggi("プロジェクト/Appoggio/form1.txt"), "x\r\n");
     EXPECT_EQ(File.FileLen("appoggio\\form1.txt"), 3);
 }

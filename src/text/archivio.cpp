@@ -24,6 +24,12 @@ bool Comincia(Vista percorso, Vista radice) {
     return true;
 }
 
+bool UgualiInAscii(Vista a, Vista b) {
+    const auto minuscola = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return minuscola(x) == minuscola(y); });
+}
+
 // The names of a path in order, with "." passed over and ".." taken back in the text.
 // `base` loses a name for each ".." that climbs above it.
 std::vector<Vista> Nomi(Vista percorso, std::string& base) {
@@ -73,6 +79,27 @@ Testo Archivio::TestoDiPercorso(const std::string& percorso) {
     return testo;
 }
 
+Testo Archivio::Ricorda(const std::string& nome) {
+    if (std::optional<std::string> testo = Bytes1252DaUtf8(nome)) return *std::move(testo);
+    ricordati_.insert(nome);
+    return nome;
+}
+
+std::string Archivio::Utf8DiTesto(Vista testo) const {
+    std::size_t dove = Vista::npos;
+    Vista quale;
+    for (const std::string& nome : ricordati_) {
+        const std::size_t qui = testo.find(nome);
+        if (qui > dove || qui == Vista::npos) continue;
+        if (qui == dove && nome.size() < quale.size()) continue; // the longest of those that begin here
+        dove = qui;
+        quale = nome;
+    }
+    if (dove == Vista::npos) return Utf8Da1252(testo);
+    return Utf8Da1252(testo.substr(0, dove)) + std::string(quale) +
+           Utf8DiTesto(testo.substr(dove + quale.size()));
+}
+
 Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     std::string senzaBarra = percorso;
     while (!senzaBarra.empty() && senzaBarra.back() == '/') senzaBarra.pop_back();
@@ -83,6 +110,7 @@ Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     if (gancio == Gancio::Progetto) {
         ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
         pieghe_.clear();
+        ricordati_.clear();
     }
     return testo;
 }
@@ -116,7 +144,9 @@ std::string Archivio::Base(Vista& percorso) const {
 }
 
 // The disk's own spelling of `nome` in `directory`, without regard to case; null when there
-// is none. Of several the first in byte order, so that the choice does not change.
+// is none. Of several the first in byte order, so that the choice does not change; for a
+// remembered name one that differs in ASCII letters alone, since what else has its text is
+// another file.
 const std::string* Archivio::NelIndice(const std::string& directory, const Scheda& cosa, Vista nome) {
     Indice& indice = indici_[directory];
     if (indice.Modificato != cosa.Modificato) {
@@ -134,7 +164,13 @@ const std::string* Archivio::NelIndice(const std::string& directory, const Sched
         indice.Modificato = cosa.Modificato;
     }
     const auto riga = indice.Nomi.find(LCase(nome));
-    return riga == indice.Nomi.end() || riga->second.empty() ? nullptr : &riga->second.front();
+    if (riga == indice.Nomi.end()) return nullptr;
+    const std::vector<std::string>& scritti = riga->second;
+    const auto scritto = ricordati_.contains(nome)
+                             ? std::find_if(scritti.begin(), scritti.end(),
+                                            [&](const std::string& s) { return UgualiInAscii(s, nome); })
+                             : scritti.begin();
+    return scritto == scritti.end() ? nullptr : &*scritto;
 }
 
 // The index of the directory that `percorso` lies in, if there is one and nobody has changed
@@ -161,10 +197,13 @@ void Archivio::Annota(Indice* indice, const std::string& percorso, bool nato) {
 
 // Seeks one name and puts it behind `directory`, in the disk's spelling when it is there.
 Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPresente) {
-    std::string esatto = Unisci(directory, Utf8Da1252(nome));
+    // A remembered name is sought and made in its own bytes.
+    const bool ricordato = ricordati_.contains(nome);
+    std::string esatto = Unisci(directory, ricordato ? std::string(nome) : Utf8Da1252(nome));
     Scheda cosa = disco_.Esamina(esatto);
     directoryPresente = true;
-    if (!cosa.Esiste() && !SoloAscii(nome)) { // a name that Windows-1252 cannot hold stands for itself
+    // A name that Windows-1252 cannot hold stands for itself.
+    if (!cosa.Esiste() && !ricordato && !SoloAscii(nome)) {
         const std::string grezzo = Unisci(directory, std::string(nome));
         if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
             directory = grezzo;
@@ -300,11 +339,12 @@ std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
     const std::string davanti = dove.Percorso.ends_with('/') ? dove.Percorso : dove.Percorso + '/';
     std::vector<std::pair<Testo, Testo>> file; // folded, as it is
     for (const std::string& nome : nomi) {
-        const Testo testo = TestoDiNome(nome);
-        Testo chiave = LCase(testo);
-        if (!Vista(chiave).ends_with(LCase(fine))) continue; // the others are not even asked about
+        if (nome.size() < fine.size() || LCase(Right(nome, Len(fine))) != LCase(fine))
+            continue; // not even asked about
         const Scheda cosa = disco_.Esamina(davanti + nome);
-        if (cosa.Tipo == TipoVoce::File && !cosa.Nascosto) file.emplace_back(std::move(chiave), testo);
+        if (cosa.Tipo != TipoVoce::File || cosa.Nascosto) continue;
+        const Testo testo = Ricorda(nome);
+        file.emplace_back(LCase(testo), testo);
     }
     std::sort(file.begin(), file.end());
     std::vector<Testo> testi;

@@ -45,6 +45,13 @@ class Archivio {
     /// they are; no "\" at the end but for the root.
     static Testo TestoDiPercorso(const std::string& percorso);
 
+    /// The text of a file's name. A name that Windows-1252 cannot hold keeps its own bytes and is
+    /// remembered until the next project: where a path has a name of these bytes it means this
+    /// one and no other, and what is made by it gets this very name.
+    Testo Ricorda(const std::string& nome);
+    /// What a person reads for a text: its characters, and the remembered names as they are.
+    std::string Utf8DiTesto(Vista testo) const;
+
     /// Hooks a directory given by its platform path and gives its text, which from now on
     /// leads there. A new project lets go of the work directory.
     Testo Aggancia(Gancio gancio, const std::string& percorso);
@@ -69,9 +76,9 @@ class Archivio {
     /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
     /// every name. Never raises.
     Testo Dir(Vista percorso, int attributi);
-    /// The names of the plain files of a directory that end in `fine`, without regard to case and
-    /// in the order of LCase(name); hidden ones are left out. Raises 76 when there is no such
-    /// directory, 75 when it cannot be read.
+    /// The names of the plain files of a directory that end in `fine` (ASCII), without regard to
+    /// case and in the order of LCase(name); hidden ones are left out. They are remembered. Raises 76 when
+    /// there is no such directory, 75 when it cannot be read.
     std::vector<Testo> ElencaFile(Vista directory, Vista fine);
     /// Raises 75 when the path exists or cannot be made, 76 without its parent.
     void MkDir(Vista percorso);
@@ -110,6 +117,10 @@ class Archivio {
         Testo Nome;           // the system's text, "" while nothing is hooked
         std::string Percorso; // the platform's path
     };
+    struct SpargiTesto { // by a part of a longer text, without a copy of it
+        using is_transparent = void;
+        std::size_t operator()(Vista testo) const noexcept { return std::hash<Vista>{}(testo); }
+    };
     // The names of one directory by their folded texts, as of the directory's last change.
     struct Indice {
         std::optional<std::int64_t> Modificato; // nothing while it was never read
@@ -120,11 +131,6 @@ class Archivio {
         std::size_t operator()(const Identita& chi) const noexcept {
             return std::hash<std::uint64_t>{}(chi.Numero * 31 + chi.Volume);
         }
-    };
-
-    struct SpargiTesto {
-        using is_transparent = void;
-        std::size_t operator()(Vista testo) const noexcept { return std::hash<Vista>{}(testo); }
     };
 
     std::string Base(Vista& percorso) const;
@@ -139,6 +145,7 @@ class Archivio {
     // Folded paths with the directories that they were folded from. Whole paths, since a row can
     // spell a directory of its own in just the way that another's folded path does.
     std::unordered_map<Testo, Testo, SpargiTesto, std::equal_to<>> pieghe_;
+    std::unordered_set<std::string, SpargiTesto, std::equal_to<>> ricordati_;
     std::unordered_set<Identita, SpargiIdentita> protetti_;
     std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
     std::unordered_map<std::string, Indice> indici_;

@@ -115,6 +115,24 @@ TEST(Cartella, OgniIstruzionePuoFallire) {
     }
 }
 
+TEST(Cartella, ProgettoConUnNomeDiAltriAlfabeti) {
+    // Chosen from the list and copied under the very same name, also a second time.
+    Banco b;
+    b.Disco.Metti("/p/Проект.vbp", "uno");
+    CambiaDir1(b.S, "/p");
+    ASSERT_EQ(b.S.File1Leggi.Nomi.size(), 1u);
+    b.S.File1Leggi.ListIndex = 0;
+    for (const char* bytes : {"uno", "due"}) {
+        b.Disco.Metti("/p/Проект.vbp", bytes);
+        ScriviDir(b.S, A);
+        EXPECT_EQ(b.Disco.TuttiIFile(), (std::map<std::string, std::string>{{"/p/Appoggio/OK.LOG", Marca},
+                                                                            {"/p/Appoggio/Проект.vbp", bytes},
+                                                                            {"/p/Проект.vbp", bytes}}));
+    }
+    EXPECT_TRUE(b.Casa.Saltati.empty());
+    EXPECT_EQ(b.S.File.Utf8DiTesto(b.S.File1Leggi.Scelto()), "Проект.vbp");
+}
+
 TEST(Cartella, ProgettoSparito) {
     Banco b;
     b.Scegli("x");

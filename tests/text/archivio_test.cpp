@@ -148,6 +148,54 @@ TEST(Percorsi, AccentiNeiDueSensi) {
     EXPECT_EQ(b.File.Dir("\\p\\qualit\xC0\\NUOV\xD2.TXT", 0), "nuov\xF2.txt");
 }
 
+TEST(Percorsi, NomiRicordati) {
+    // Cyrillic has no place in Windows-1252: the name's own bytes are its text.
+    const std::string nome = "Проект.vbp";
+    const std::string doppio = Utf8Da1252(nome); // what those bytes are as Windows-1252
+    Banco b;
+    b.Disco.Metti("/p/" + nome, "mio");
+    b.Disco.Metti("/p/Appoggio/" + doppio, "altro");
+    b.File.Aggancia(Gancio::Progetto, "/p");
+    EXPECT_EQ(b.File.Ricorda("Perché.vbp"), "Perch\xE9.vbp"); // needs no remembering
+    ASSERT_EQ(b.File.Ricorda(nome), nome);
+    EXPECT_EQ(b.File.Trova("\\p\\" + nome).Percorso, "/p/" + nome);
+    const Trovato copia = b.File.Trova("\\p\\Appoggio\\" + nome);
+    EXPECT_EQ(copia.Percorso, "/p/Appoggio/" + nome); // not the one that only has its text
+    EXPECT_FALSE(copia.Cosa.Esiste());
+    EXPECT_TRUE(copia.DirectoryPresente);
+    b.File.FileCopy("\\p\\" + nome, "\\p\\Appoggio\\" + nome);
+    EXPECT_EQ(b.Disco.TuttiIFile(), (std::map<std::string, std::string>{{"/p/" + nome, "mio"},
+                                                                        {"/p/Appoggio/" + nome, "mio"},
+                                                                        {"/p/Appoggio/" + doppio, "altro"}}));
+    EXPECT_EQ(b.File.Dir("\\p\\appoggio\\" + nome, 0), nome);
+    EXPECT_EQ(b.File.Trova("\\p\\perch\xE9.vbp").Percorso, "/p/perché.vbp");
+    // In another case, as a user may type it; but a letter is no other letter: the second bytes
+    // of these two are a pair in Windows-1252.
+    ASSERT_EQ(b.File.Ricorda("Проект.VBP"), "Проект.VBP");
+    EXPECT_EQ(b.File.Trova("\\p\\Проект.VBP").Percorso, "/p/" + nome);
+    b.Disco.Metti("/p/Њ.vbp", "");
+    ASSERT_EQ(LCase("Њ.vbp"), LCase("К.vbp"));
+    b.File.Ricorda("К.vbp");
+    EXPECT_EQ(b.File.Trova("\\p\\К.vbp").Percorso, "/p/К.vbp");
+
+    b.File.Aggancia(Gancio::Progetto, "/p"); // a new project: what is there is still found
+    EXPECT_EQ(b.File.Trova("\\p\\" + nome).Percorso, "/p/" + nome);
+    EXPECT_EQ(b.File.Trova("\\p\\Appoggio\\" + nome).Percorso, "/p/Appoggio/" + doppio);
+}
+
+TEST(Percorsi, Utf8DiTesto) {
+    Banco b;
+    b.File.Aggancia(Gancio::Progetto, "/p");
+    EXPECT_EQ(b.File.Utf8DiTesto("Perch\xE9"), "Perché");
+    EXPECT_EQ(b.File.Utf8DiTesto("Ж.vbp"), "Ð–.vbp"); // bytes that nobody remembers are Windows-1252
+    b.File.Ricorda("Ж.vbp");
+    b.File.Ricorda("ЖЖ.vbp");
+    EXPECT_EQ(b.File.Utf8DiTesto("Perch\xE9 Ж.vbp, ЖЖ.vbp\xE9"), "Perché Ж.vbp, ЖЖ.vbpé");
+    EXPECT_EQ(b.File.Utf8DiTesto(""), "");
+    b.File.Ricorda("Ж.vbp.vbp");
+    EXPECT_EQ(b.File.Utf8DiTesto("Ж.vbp.vbp"), "Ж.vbp.vbp");
+}
+
 TEST(Percorsi, BarraInFondo) {
     // "x\" is a directory: a plain file of that name is no way to anything.
     Banco b;

@@ -453,6 +453,13 @@ TEST_F(DiscoPosix, ElencaFile) {
     ASSERT_EQ(::mkfifo((Radice + "/tubo.vbp").c_str(), 0600), 0);
     EXPECT_EQ(File.ElencaFile(P, ".vbp"), (std::vector<Testo>{"altra.VBP", "legame.vbp", "Prova.vbp"}));
     EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\manca", ".vbp"), 0; }), 76);
+    // Names of any bytes: copied as they are.
+    fs::create_directory(Radice + "/altri");
+    for (const std::string nome : {"Ж.vbp", "grezz\xE0.vbp"}) Metti("altri/" + nome, "x");
+    fs::create_directory(Radice + "/altri/Appoggio");
+    for (const Testo& nome : File.ElencaFile(P + "\\altri", ".vbp"))
+        File.FileCopy(P + "\\altri\\" + nome, P + "\\altri\\Appoggio\\" + nome);
+    EXPECT_EQ(Nomi("altri/Appoggio"), (std::vector<std::string>{"grezz\xE0.vbp", "Ж.vbp"}));
     if (::geteuid() == 0) return; // whom nothing is closed to
     fs::permissions(Radice + "/d.vbp", fs::perms::owner_exec);
     EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\d.vbp", ".vbp"), 0; }), 75);

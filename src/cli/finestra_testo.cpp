@@ -13,8 +13,8 @@ namespace morvella::cli {
 namespace {
 
 // A box's text on a terminal: its lines, each on one.
-std::string TestoDiBox(Vista testo) {
-    std::string utf8 = Utf8Da1252(testo);
+std::string TestoDiBox(const Stato& s, Vista testo) {
+    std::string utf8 = s.File.Utf8DiTesto(testo);
     std::replace(utf8.begin(), utf8.end(), '\r', '\n');
     return utf8;
 }
@@ -38,12 +38,12 @@ int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
     const std::optional<bool>& prevista = flag == SiNoDomanda ? RispostaIndice : Risposta;
     int risposta = RispostaOk;
     if (!domanda) {
-        if (!Silenzioso) Di(TestoDiBox(testo));
+        if (!Silenzioso) Di(TestoDiBox(*S, testo));
     } else if (prevista) {
         risposta = *prevista ? RispostaSi : RispostaNo;
     } else if (ambiente_.IngressoTerminale) {
         TogliProgresso();
-        ambiente_.Errori << ambiente_.Codifica(MostrabileUtf8(TestoDiBox(testo), true)) << " [s/N] "
+        ambiente_.Errori << ambiente_.Codifica(MostrabileUtf8(TestoDiBox(*S, testo), true)) << " [s/N] "
                          << std::flush;
         std::string detto;
         std::getline(ambiente_.Ingresso, detto);
@@ -51,7 +51,7 @@ int FinestraTesto::MsgBox(Vista testo, int flag, Vista titolo) {
     } else {
         risposta = RispostaNo;
         if (!Silenzioso && flag == SiNoInformazione)
-            Di(TestoDiBox(testo) +
+            Di(TestoDiBox(*S, testo) +
                "\nNessun terminale a cui chiederlo: la risposta è No (per rispondere Sì: --si).");
     }
     Avvenuto.Messaggi.push_back({Testo(testo), flag, Testo(titolo), risposta});

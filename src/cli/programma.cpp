@@ -238,7 +238,7 @@ void Corsa::ScegliProgetto() {
     const std::string progetto = ambiente_.Macchina.Assoluto(r_.Progetto);
     const std::size_t barra = progetto.find_last_of('/');
     directory_ = progetto.substr(0, barra);
-    CambiaDir1(s_, directory_, DaArgomento(progetto.substr(barra + 1)));
+    CambiaDir1(s_, directory_, progetto.substr(barra + 1));
     progetto_ = s_.Dir1Path;
     s_.File1Leggi.ListIndex = 0;
 }

@@ -79,6 +79,7 @@ void ProteggiSorgenti(Stato& s) {
             percorsi.push_back(s.Dir1Path + "\\" + Testo(Mid(riga, 1, Len(riga) - 4)) + ".Frx");
     }
     percorsi.push_back(s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
+    s.ProtettaVersione = -1; // half a protection is none
     s.File.Proteggi(percorsi);
     s.ProtettaVersione = s.File1.Versione();
     s.ProtettaDirectory = s.Dir1Path;

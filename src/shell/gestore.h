@@ -66,8 +66,13 @@ void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
     s.RigaFile = 0;
     s.SecondoGiro = false;
     try {
-        ProteggiSorgenti(s);
-        corpo();
+        try {
+            ProteggiSorgenti(s);
+            corpo();
+        } catch (const std::bad_alloc&) { // between two statements
+            bool invano = false;
+            Gestisci(s, Errore(ErrMemoria), invano);
+        }
     } catch (const FineMotore& fine) {
         s.Casa.MotoreFermato(FaiArresto(s, motore, fine.Causa));
     }

@@ -109,9 +109,9 @@ void CambiaDir1(Stato& s, const std::string& percorso) {
     Dir1_Change(s);
 }
 
-void CambiaDir1(Stato& s, const std::string& percorso, Vista progetto) {
+void CambiaDir1(Stato& s, const std::string& percorso, const std::string& progetto) {
     s.Dir1Path = s.File.Aggancia(Gancio::Progetto, percorso);
-    DirectoryCambiata(s, [&] { s.File1Leggi = {{Testo(progetto)}}; });
+    DirectoryCambiata(s, [&] { s.File1Leggi = {{s.File.Ricorda(progetto)}}; });
 }
 
 void Dir1_Change(Stato& s) {

@@ -11,19 +11,23 @@ namespace {
 
 bool Separatore(char c) noexcept { return c == '\\' || c == '/'; }
 
-// Whether `percorso` lies at or below the directory `radice`; `piega` ignores case.
-bool Comincia(Vista percorso, Vista radice, bool piega) {
+// Whether `percorso` lies at or below the directory `radice`.
+bool Comincia(Vista percorso, Vista radice) {
     if (radice.empty() || percorso.size() < radice.size()) return false;
     if (percorso.size() > radice.size() && !Separatore(percorso[radice.size()])) return false;
     for (std::size_t i = 0; i < radice.size(); ++i) {
         const char a = percorso[i];
         const char b = radice[i];
         if (a == b || (Separatore(a) && Separatore(b))) continue;
-        if (!piega ||
-            MinuscolaByte(static_cast<unsigned char>(a)) != MinuscolaByte(static_cast<unsigned char>(b)))
-            return false;
+        return false;
     }
     return true;
+}
+
+bool UgualiInAscii(Vista a, Vista b) {
+    const auto minuscola = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return minuscola(x) == minuscola(y); });
 }
 
 // The names of a path in order, with "." passed over and ".." taken back in the text.
@@ -75,6 +79,27 @@ Testo Archivio::TestoDiPercorso(const std::string& percorso) {
     return testo;
 }
 
+Testo Archivio::Ricorda(const std::string& nome) {
+    if (std::optional<std::string> testo = Bytes1252DaUtf8(nome)) return *std::move(testo);
+    ricordati_.insert(nome);
+    return nome;
+}
+
+std::string Archivio::Utf8DiTesto(Vista testo) const {
+    std::size_t dove = Vista::npos;
+    Vista quale;
+    for (const std::string& nome : ricordati_) {
+        const std::size_t qui = testo.find(nome);
+        if (qui > dove || qui == Vista::npos) continue;
+        if (qui == dove && nome.size() < quale.size()) continue; // the longest of those that begin here
+        dove = qui;
+        quale = nome;
+    }
+    if (dove == Vista::npos) return Utf8Da1252(testo);
+    return Utf8Da1252(testo.substr(0, dove)) + std::string(quale) +
+           Utf8DiTesto(testo.substr(dove + quale.size()));
+}
+
 Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     std::string senzaBarra = percorso;
     while (!senzaBarra.empty() && senzaBarra.back() == '/') senzaBarra.pop_back();
@@ -85,6 +110,7 @@ Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
     if (gancio == Gancio::Progetto) {
         ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
         pieghe_.clear();
+        ricordati_.clear();
     }
     return testo;
 }
@@ -98,17 +124,10 @@ void Archivio::AgganciaLavoro(Vista testo) {
 
 // Takes the hooked directory or the root off the front of `percorso` and gives its path.
 std::string Archivio::Base(Vista& percorso) const {
-    // The work directory comes first: its folded text may be the true text of another hook.
-    const auto preso = [&](Gancio gancio, bool piega) -> const Radice* {
-        const Radice& radice = ganci_[static_cast<std::size_t>(gancio)];
-        return Comincia(percorso, radice.Nome, piega) ? &radice : nullptr;
-    };
-    const Radice* radice = preso(Gancio::Lavoro, true);
-    if (!radice) radice = preso(Gancio::Progetto, false);
-    if (!radice) radice = preso(Gancio::Programma, false);
-    if (radice) {
-        percorso.remove_prefix(radice->Nome.size());
-        return radice->Percorso;
+    for (const Radice& radice : ganci_) { // the work directory first: it lies in the project's
+        if (!Comincia(percorso, radice.Nome)) continue;
+        percorso.remove_prefix(radice.Nome.size());
+        return radice.Percorso;
     }
     if (percorso.size() >= 2 && percorso[1] == ':' && !disco_.DistingueMaiuscole()) {
         std::string unita(percorso.substr(0, 2));
@@ -125,7 +144,9 @@ std::string Archivio::Base(Vista& percorso) const {
 }
 
 // The disk's own spelling of `nome` in `directory`, without regard to case; null when there
-// is none. Of several the first in byte order, so that the choice does not change.
+// is none. Of several the first in byte order, so that the choice does not change; for a
+// remembered name one that differs in ASCII letters alone, since what else has its text is
+// another file.
 const std::string* Archivio::NelIndice(const std::string& directory, const Scheda& cosa, Vista nome) {
     Indice& indice = indici_[directory];
     if (indice.Modificato != cosa.Modificato) {
@@ -143,7 +164,13 @@ const std::string* Archivio::NelIndice(const std::string& directory, const Sched
         indice.Modificato = cosa.Modificato;
     }
     const auto riga = indice.Nomi.find(LCase(nome));
-    return riga == indice.Nomi.end() || riga->second.empty() ? nullptr : &riga->second.front();
+    if (riga == indice.Nomi.end()) return nullptr;
+    const std::vector<std::string>& scritti = riga->second;
+    const auto scritto = ricordati_.contains(nome)
+                             ? std::find_if(scritti.begin(), scritti.end(),
+                                            [&](const std::string& s) { return UgualiInAscii(s, nome); })
+                             : scritti.begin();
+    return scritto == scritti.end() ? nullptr : &*scritto;
 }
 
 // The index of the directory that `percorso` lies in, if there is one and nobody has changed
@@ -170,10 +197,13 @@ void Archivio::Annota(Indice* indice, const std::string& percorso, bool nato) {
 
 // Seeks one name and puts it behind `directory`, in the disk's spelling when it is there.
 Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPresente) {
-    std::string esatto = Unisci(directory, Utf8Da1252(nome));
+    // A remembered name is sought and made in its own bytes.
+    const bool ricordato = ricordati_.contains(nome);
+    std::string esatto = Unisci(directory, ricordato ? std::string(nome) : Utf8Da1252(nome));
     Scheda cosa = disco_.Esamina(esatto);
     directoryPresente = true;
-    if (!cosa.Esiste() && !SoloAscii(nome)) { // a name that Windows-1252 cannot hold stands for itself
+    // A name that Windows-1252 cannot hold stands for itself.
+    if (!cosa.Esiste() && !ricordato && !SoloAscii(nome)) {
         const std::string grezzo = Unisci(directory, std::string(nome));
         if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
             directory = grezzo;
@@ -197,18 +227,15 @@ Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPr
 Testo Archivio::Piega(Vista percorso) {
     Testo piegato = LCase(percorso);
     const std::size_t barra = percorso.find_last_of("\\/");
-    if (barra != Vista::npos)
-        pieghe_.insert_or_assign(piegato.substr(0, barra), Testo(percorso.substr(0, barra)));
+    if (barra != Vista::npos) pieghe_.insert_or_assign(piegato, Testo(percorso.substr(0, barra)));
     return piegato;
 }
 
 Trovato Archivio::Trova(Vista percorso) {
     Testo disteso;
-    if (const std::size_t barra = percorso.find_last_of("\\/"); barra != Vista::npos && !pieghe_.empty()) {
-        if (const auto piega = pieghe_.find(percorso.substr(0, barra)); piega != pieghe_.end()) {
-            disteso.append(piega->second).append(percorso.substr(barra));
-            percorso = disteso;
-        }
+    if (const auto piega = pieghe_.find(percorso); piega != pieghe_.end()) {
+        disteso.append(piega->second).append(percorso.substr(piega->second.size()));
+        percorso = disteso;
     }
     Trovato file;
     if (percorso.find('\0') != Vista::npos) throw Errore(ErrNumeroFile, percorso);
@@ -312,11 +339,12 @@ std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
     const std::string davanti = dove.Percorso.ends_with('/') ? dove.Percorso : dove.Percorso + '/';
     std::vector<std::pair<Testo, Testo>> file; // folded, as it is
     for (const std::string& nome : nomi) {
-        const Testo testo = TestoDiNome(nome);
-        Testo chiave = LCase(testo);
-        if (!Vista(chiave).ends_with(LCase(fine))) continue; // the others are not even asked about
+        if (nome.size() < fine.size() || LCase(Right(nome, Len(fine))) != LCase(fine))
+            continue; // not even asked about
         const Scheda cosa = disco_.Esamina(davanti + nome);
-        if (cosa.Tipo == TipoVoce::File && !cosa.Nascosto) file.emplace_back(std::move(chiave), testo);
+        if (cosa.Tipo != TipoVoce::File || cosa.Nascosto) continue;
+        const Testo testo = Ricorda(nome);
+        file.emplace_back(LCase(testo), testo);
     }
     std::sort(file.begin(), file.end());
     std::vector<Testo> testi;

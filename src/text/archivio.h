@@ -7,13 +7,14 @@
 // resolved in the text, before any name is sought, and a new file gets the name given.
 //
 // What would surprise: the engines fold whole paths to lower case, directory and all, and
-// "\data\prog" must not lead to a neighbour of "\data\Prog". So the directories that paths
-// are built from are hooked (Aggancia): a path that begins with such a text goes to that
-// very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
+// "\data\prog" must not lead to a neighbour of "\data\Prog". So they have it done here (Piega):
+// the folded path goes on leading to the directory that it was made from. And the directories
+// that paths are built from are hooked (Aggancia): a path that begins with such a text goes to
+// that very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
 #pragma once
 
 #include <array>
-#include <map>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,11 +45,17 @@ class Archivio {
     /// they are; no "\" at the end but for the root.
     static Testo TestoDiPercorso(const std::string& percorso);
 
+    /// The text of a file's name. A name that Windows-1252 cannot hold keeps its own bytes and is
+    /// remembered until the next project: where a path has a name of these bytes it means this
+    /// one and no other, and what is made by it gets this very name.
+    Testo Ricorda(const std::string& nome);
+    /// What a person reads for a text: its characters, and the remembered names as they are.
+    std::string Utf8DiTesto(Vista testo) const;
+
     /// Hooks a directory given by its platform path and gives its text, which from now on
     /// leads there. A new project lets go of the work directory.
     Testo Aggancia(Gancio gancio, const std::string& percorso);
-    /// Hooks the work directory by its text, spelled as the system builds it. Its text leads
-    /// there in lower case too: the one hook for which that is needed.
+    /// Hooks the work directory by its text, spelled as the system builds it.
     void AgganciaLavoro(Vista testo);
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
@@ -59,8 +66,8 @@ class Archivio {
     /// the same list would come to the same files.
     bool ProtezioneFresca();
 
-    /// `LCase(percorso)`; the directory part of the result goes on leading to the directory that
-    /// `percorso` names, whatever else has a like name.
+    /// `LCase(percorso)`; the result, whole, goes on leading to the directory that `percorso`
+    /// names, whatever else has a like name.
     Testo Piega(Vista percorso);
 
     Trovato Trova(Vista percorso);
@@ -69,9 +76,9 @@ class Archivio {
     /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
     /// every name. Never raises.
     Testo Dir(Vista percorso, int attributi);
-    /// The names of the plain files of a directory that end in `fine`, without regard to case and
-    /// in the order of LCase(name); hidden ones are left out. Raises 76 when there is no such
-    /// directory, 75 when it cannot be read.
+    /// The names of the plain files of a directory that end in `fine` (ASCII), without regard to
+    /// case and in the order of LCase(name); hidden ones are left out. They are remembered. Raises 76 when
+    /// there is no such directory, 75 when it cannot be read.
     std::vector<Testo> ElencaFile(Vista directory, Vista fine);
     /// Raises 75 when the path exists or cannot be made, 76 without its parent.
     void MkDir(Vista percorso);
@@ -110,6 +117,10 @@ class Archivio {
         Testo Nome;           // the system's text, "" while nothing is hooked
         std::string Percorso; // the platform's path
     };
+    struct SpargiTesto { // by a part of a longer text, without a copy of it
+        using is_transparent = void;
+        std::size_t operator()(Vista testo) const noexcept { return std::hash<Vista>{}(testo); }
+    };
     // The names of one directory by their folded texts, as of the directory's last change.
     struct Indice {
         std::optional<std::int64_t> Modificato; // nothing while it was never read
@@ -131,7 +142,10 @@ class Archivio {
 
     Disco& disco_;
     std::array<Radice, 3> ganci_;
-    std::map<Testo, Testo, std::less<>> pieghe_; // directory parts: folded, as they were
+    // Folded paths with the directories that they were folded from. Whole paths, since a row can
+    // spell a directory of its own in just the way that another's folded path does.
+    std::unordered_map<Testo, Testo, SpargiTesto, std::equal_to<>> pieghe_;
+    std::unordered_set<std::string, SpargiTesto, std::equal_to<>> ricordati_;
     std::unordered_set<Identita, SpargiIdentita> protetti_;
     std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
     std::unordered_map<std::string, Indice> indici_;

@@ -3,7 +3,6 @@
 // The home on a POSIX system.
 #include <dirent.h>
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <sstream>
 
 #include "text/disco.h"
 
@@ -271,15 +271,62 @@ class DiscoPosix : public Disco {
         return questo.substr(0, questo.find_last_of('/') + 1) + nome;
     }
 
-    static bool Lancia(std::string programma, std::string argomento) {
-        char* argv[] = {programma.data(), argomento.data(), nullptr};
-        posix_spawnattr_t attributi;
-        ::posix_spawnattr_init(&attributi);
-        ::posix_spawnattr_setflags(&attributi, POSIX_SPAWN_SETPGROUP); // it outlives this program
-        pid_t figlio = 0;
-        const int esito = ::posix_spawnp(&figlio, argv[0], nullptr, &attributi, argv, environ);
-        ::posix_spawnattr_destroy(&attributi);
-        return esito == 0;
+    // Where a program's name leads: a path as it is, a bare name by PATH; "" when to nothing.
+    static std::string CercaProgramma(const std::string& programma) {
+        const auto eseguibile = [](const std::string& file) {
+            struct stat st {};
+            return ::stat(file.c_str(), &st) == 0 && S_ISREG(st.st_mode) && ::access(file.c_str(), X_OK) == 0;
+        };
+        if (programma.find('/') != std::string::npos) return eseguibile(programma) ? programma : "";
+        const char* dove = std::getenv("PATH");
+        std::istringstream directory(dove ? dove : "/usr/local/bin:/usr/bin:/bin");
+        for (std::string questa; std::getline(directory, questa, ':');) {
+            const std::string file = questa + '/' + programma;
+            // Not in the current directory, which is the project's.
+            if (questa.starts_with('/') && eseguibile(file)) return file;
+        }
+        return "";
+    }
+
+    // The program is started by a child that ends at once and so leaves it to the system, which
+    // also takes care of its end: a window that is open for hours must not collect the dead. It
+    // has a session of its own and outlives this program and its terminal. Between fork and exec
+    // nothing is called but the kernel: another thread may have held any lock.
+    static bool Lancia(const std::string& programma, std::string argomento) {
+        std::string file = CercaProgramma(programma);
+        if (file.empty()) return false;
+        char* argv[] = {file.data(), argomento.data(), nullptr};
+        int tubo[2]; // closed by a start that goes well, else the bearer of a byte
+#ifdef __linux__
+        if (::pipe2(tubo, O_CLOEXEC) != 0) Solleva();
+#else
+        if (::pipe(tubo) != 0) Solleva();
+        for (const int fd : tubo) ::fcntl(fd, F_SETFD, FD_CLOEXEC);
+#endif
+        const pid_t tramite = ::fork();
+        if (tramite == 0) {
+            ::setsid();
+            const pid_t figlio = ::fork();
+            if (figlio == 0) ::execve(argv[0], argv, environ);
+            if (figlio <= 0) {
+                const ssize_t detto = ::write(tubo[1], "", 1);
+                ::_exit(detto == 1 ? 1 : 2);
+            }
+            ::_exit(0);
+        }
+        const int errore = errno;
+        ::close(tubo[1]);
+        char byte = 0;
+        ssize_t letti = 0;
+        if (tramite > 0) {
+            while (::waitpid(tramite, nullptr, 0) < 0 && errno == EINTR) {
+            }
+            while ((letti = ::read(tubo[0], &byte, 1)) < 0 && errno == EINTR) {
+            }
+        }
+        ::close(tubo[0]);
+        if (tramite < 0) throw Errore(NumeroDaErrno(errore));
+        return letti == 0;
     }
 };
 

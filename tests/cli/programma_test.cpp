@@ -47,6 +47,19 @@ struct Banco {
     bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
 };
 
+TEST(Esegui, ProgettoConUnNomeDiAltriAlfabeti) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Проект è.vbp", "Module=A; A.bas\r\n");
+    EXPECT_EQ(b.Esegui({"esegui", "-s", "p/Проект è.vbp"}), 0);
+    EXPECT_EQ(b.Scritto("Проект è.vbp"), "Module=A; A.bas\r\n");
+    EXPECT_TRUE(b.Fatto("a.bas"));
+    b.Terminale = true;
+    b.Ingresso.str("n\n");
+    EXPECT_EQ(b.Esegui({"elenca", "p/Проект è.VBP"}), 0); // as on any disk
+    EXPECT_EQ(b.Esegui({"esegui", "p/Проект è.vbp"}), 3);
+    EXPECT_TRUE(b.C("presenti nel progetto\nПроект è.vbp [s/N]")) << b.Errori.str();
+}
+
 TEST(Uso, Errato) {
     const std::vector<std::vector<std::string>> casi = {
         {},

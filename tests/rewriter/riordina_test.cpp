@@ -716,6 +716,21 @@ TEST(Piega, LaDirectoryDellaRigaRestaLaSua) {
     EXPECT_FALSE(p.Disco.Esiste("/p/lib/x.txt"));
 }
 
+TEST(Piega, LaDirectoryDellaRigaSimileAllaCartella) {
+    // Read from where the row says; written flat into the work directory.
+    Prova p;
+    p.B.Riga("a.bas", "/p/a.bas", Modulo);
+    p.B.Riga("appoggio\\x.bas", "/p/appoggio/x.bas", Modulo);
+    p.Disco.FaiDirectory("/p/Appoggio");
+    p.Esegui();
+    EXPECT_EQ(p.B.S.File1.ListCount(), 2);
+    EXPECT_TRUE(p.Disco.Esiste("/p/Appoggio/a.bas"));
+    EXPECT_TRUE(p.Disco.Esiste("/p/Appoggio/x.txt"));
+    EXPECT_EQ(p.Disco.Leggi("/p/appoggio/x.bas"), CrLf(Modulo));
+    EXPECT_FALSE(p.Disco.Esiste("/p/appoggio/x.txt"));
+    EXPECT_FALSE(p.Disco.Esiste("/p/appoggio/a.txt"));
+}
+
 TEST(Piega, IlVicinoNonSiTocca) {
     Prova p("/data/Prog");
     p.Disco.Metti("/data/prog/y.bas", "vicino");

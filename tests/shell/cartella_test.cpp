@@ -115,6 +115,24 @@ TEST(Cartella, OgniIstruzionePuoFallire) {
     }
 }
 
+TEST(Cartella, ProgettoConUnNomeDiAltriAlfabeti) {
+    // Chosen from the list and copied under the very same name, also a second time.
+    Banco b;
+    b.Disco.Metti("/p/Проект.vbp", "uno");
+    CambiaDir1(b.S, "/p");
+    ASSERT_EQ(b.S.File1Leggi.Nomi.size(), 1u);
+    b.S.File1Leggi.ListIndex = 0;
+    for (const char* bytes : {"uno", "due"}) {
+        b.Disco.Metti("/p/Проект.vbp", bytes);
+        ScriviDir(b.S, A);
+        EXPECT_EQ(b.Disco.TuttiIFile(), (std::map<std::string, std::string>{{"/p/Appoggio/OK.LOG", Marca},
+                                                                            {"/p/Appoggio/Проект.vbp", bytes},
+                                                                            {"/p/Проект.vbp", bytes}}));
+    }
+    EXPECT_TRUE(b.Casa.Saltati.empty());
+    EXPECT_EQ(b.S.File.Utf8DiTesto(b.S.File1Leggi.Scelto()), "Проект.vbp");
+}
+
 TEST(Cartella, ProgettoSparito) {
     Banco b;
     b.Scegli("x");
@@ -133,13 +151,14 @@ TEST(Cartella, Canale7GiaAperto) {
     EXPECT_EQ(b.Disco.Leggi("/p/altro"), Marca);
 }
 
-TEST(Cartella, GanciaIlTestoPiegato) {
+TEST(Cartella, IlTestoPiegatoConduceLi) {
     Banco b;
     b.Disco.FaiDirectory("/data/prog/appoggio");
     b.Disco.FaiDirectory("/data/Prog");
     CambiaDir1(b.S, "/data/Prog");
     ScriviDir(b.S, b.S.Dir1Path + "\\Appoggio");
-    EXPECT_EQ(b.S.File.Trova(LCase(b.S.DirAppoggio + "\\X.Txt")).Percorso, "/data/Prog/Appoggio/x.txt");
+    EXPECT_EQ(b.S.File.Trova(b.S.File.Piega(b.S.DirAppoggio + "\\X.Txt")).Percorso,
+              "/data/Prog/Appoggio/x.txt");
 }
 
 TEST(Cartella, BaseDiRiga) {

@@ -260,6 +260,41 @@ TEST(Gestore, EseguiMotore) {
     EXPECT_EQ(b.Casa.Arresti.size(), 1u);
 }
 
+// A window whose status line has no room left for its text.
+struct FinestraSenzaMemoria : prove::FinestraFinta {
+    void RidisegnaLabel2() override { throw std::bad_alloc(); }
+};
+
+TEST(Gestore, MemoriaFinitaTraDueIstruzioni) {
+    ConCanali b;
+    EseguiMotore(b.S, "prova_Click", [&] {
+        b.S.RigaInLavoro = 2;
+        throw std::bad_alloc();
+    });
+    ASSERT_EQ(b.Casa.Arresti.size(), 1u);
+    EXPECT_EQ(b.Casa.Arresti[0].Motore, "prova_Click");
+    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 7);
+    EXPECT_EQ(b.Casa.Arresti[0].Riga, 2);
+    EXPECT_TRUE(b.Chiusi());
+}
+
+TEST(Motori, MemoriaFinitaTraDueIstruzioni) {
+    for (void (*motore)(Stato&) : {mnuRiordina_Click, mnuvorn_Click}) {
+        prove::DiscoFinto disco;
+        FinestraSenzaMemoria casa;
+        Stato s(disco, casa);
+        disco.Metti("/p/a.bas", "Sub a()\r\nEnd Sub\r\n");
+        CambiaDir1(s, "/p");
+        s.File1.AddItem("a.bas");
+        SelezionaFile1(s, 0, true);
+        motore(s); // returns, as after any error: the caller goes on
+        ASSERT_EQ(casa.Arresti.size(), 1u);
+        EXPECT_EQ(casa.Arresti[0].Causa.Numero, 7);
+        EXPECT_EQ(casa.Arresti[0].Riga, 0);
+        EXPECT_FALSE(s.Canale.Aperto(1) || s.Canale.Aperto(2));
+    }
+}
+
 TEST(Gestore, ProteggeSorgentiCompagniEProgetto) {
     Banco b;
     b.Scegli("Form=..\\lib\\F.frm\r\n");
@@ -292,6 +327,37 @@ TEST(Motori, UnaDirectoryCheNonSiElencaNonEsceDalMotore) {
         ASSERT_EQ(b.Casa.Arresti.size(), 1U);
         EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, ErrFileAssente);
     }
+}
+
+// A disk that has no memory left when it is asked about a path.
+struct DiscoSenzaMemoria : prove::DiscoFinto {
+    Scheda Esamina(const std::string& percorso) override {
+        if (!Guasto.empty() && percorso.ends_with(Guasto)) throw std::bad_alloc();
+        return DiscoFinto::Esamina(percorso);
+    }
+    std::string Guasto;
+};
+
+TEST(Motori, UnaProtezioneSenzaMemoriaSiRifa) {
+    DiscoSenzaMemoria disco;
+    prove::FinestraFinta casa;
+    Stato s(disco, casa);
+    disco.Metti("/p/a.bas", "x");
+    disco.Metti("/p/z.bas", "x");
+    CambiaDir1(s, "/p");
+    s.File1.AddItem("a.bas");
+    s.File1.AddItem("z.bas");
+    EseguiMotore(s, "x", [] {});
+    disco.Metti("/p/nuovo", ""); // the directory changed: the sources are looked at again
+    disco.Guasto = "/z.bas";
+    EseguiMotore(s, "x", [] { ADD_FAILURE() << "without its protection"; });
+    ASSERT_EQ(casa.Arresti.size(), 1u);
+    EXPECT_EQ(casa.Arresti[0].Causa.Numero, 7);
+    disco.Guasto.clear();
+    EseguiMotore(s, "x", [&] {
+        for (const char* file : {"\\p\\a.bas", "\\p\\z.bas"})
+            EXPECT_EQ(NumeroDi([&] { return s.File.Kill(file), 0; }), 70) << file;
+    });
 }
 
 TEST(Motori, UnaProtezioneAMetaNonVale) {

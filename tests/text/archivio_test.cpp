@@ -148,6 +148,54 @@ TEST(Percorsi, AccentiNeiDueSensi) {
     EXPECT_EQ(b.File.Dir("\\p\\qualit\xC0\\NUOV\xD2.TXT", 0), "nuov\xF2.txt");
 }
 
+TEST(Percorsi, NomiRicordati) {
+    // Cyrillic has no place in Windows-1252: the name's own bytes are its text.
+    const std::string nome = "Проект.vbp";
+    const std::string doppio = Utf8Da1252(nome); // what those bytes are as Windows-1252
+    Banco b;
+    b.Disco.Metti("/p/" + nome, "mio");
+    b.Disco.Metti("/p/Appoggio/" + doppio, "altro");
+    b.File.Aggancia(Gancio::Progetto, "/p");
+    EXPECT_EQ(b.File.Ricorda("Perché.vbp"), "Perch\xE9.vbp"); // needs no remembering
+    ASSERT_EQ(b.File.Ricorda(nome), nome);
+    EXPECT_EQ(b.File.Trova("\\p\\" + nome).Percorso, "/p/" + nome);
+    const Trovato copia = b.File.Trova("\\p\\Appoggio\\" + nome);
+    EXPECT_EQ(copia.Percorso, "/p/Appoggio/" + nome); // not the one that only has its text
+    EXPECT_FALSE(copia.Cosa.Esiste());
+    EXPECT_TRUE(copia.DirectoryPresente);
+    b.File.FileCopy("\\p\\" + nome, "\\p\\Appoggio\\" + nome);
+    EXPECT_EQ(b.Disco.TuttiIFile(), (std::map<std::string, std::string>{{"/p/" + nome, "mio"},
+                                                                        {"/p/Appoggio/" + nome, "mio"},
+                                                                        {"/p/Appoggio/" + doppio, "altro"}}));
+    EXPECT_EQ(b.File.Dir("\\p\\appoggio\\" + nome, 0), nome);
+    EXPECT_EQ(b.File.Trova("\\p\\perch\xE9.vbp").Percorso, "/p/perché.vbp");
+    // In another case, as a user may type it; but a letter is no other letter: the second bytes
+    // of these two are a pair in Windows-1252.
+    ASSERT_EQ(b.File.Ricorda("Проект.VBP"), "Проект.VBP");
+    EXPECT_EQ(b.File.Trova("\\p\\Проект.VBP").Percorso, "/p/" + nome);
+    b.Disco.Metti("/p/Њ.vbp", "");
+    ASSERT_EQ(LCase("Њ.vbp"), LCase("К.vbp"));
+    b.File.Ricorda("К.vbp");
+    EXPECT_EQ(b.File.Trova("\\p\\К.vbp").Percorso, "/p/К.vbp");
+
+    b.File.Aggancia(Gancio::Progetto, "/p"); // a new project: what is there is still found
+    EXPECT_EQ(b.File.Trova("\\p\\" + nome).Percorso, "/p/" + nome);
+    EXPECT_EQ(b.File.Trova("\\p\\Appoggio\\" + nome).Percorso, "/p/Appoggio/" + doppio);
+}
+
+TEST(Percorsi, Utf8DiTesto) {
+    Banco b;
+    b.File.Aggancia(Gancio::Progetto, "/p");
+    EXPECT_EQ(b.File.Utf8DiTesto("Perch\xE9"), "Perché");
+    EXPECT_EQ(b.File.Utf8DiTesto("Ж.vbp"), "Ð–.vbp"); // bytes that nobody remembers are Windows-1252
+    b.File.Ricorda("Ж.vbp");
+    b.File.Ricorda("ЖЖ.vbp");
+    EXPECT_EQ(b.File.Utf8DiTesto("Perch\xE9 Ж.vbp, ЖЖ.vbp\xE9"), "Perché Ж.vbp, ЖЖ.vbpé");
+    EXPECT_EQ(b.File.Utf8DiTesto(""), "");
+    b.File.Ricorda("Ж.vbp.vbp");
+    EXPECT_EQ(b.File.Utf8DiTesto("Ж.vbp.vbp"), "Ж.vbp.vbp");
+}
+
 TEST(Percorsi, BarraInFondo) {
     // "x\" is a directory: a plain file of that name is no way to anything.
     Banco b;
@@ -201,16 +249,16 @@ TEST(Ganci, ViciniChePaionoUguali) {
         const Testo a = p + "\\Appoggio";
         b.File.MkDir(a);
         b.File.AgganciaLavoro(a);
-        b.Scrivi(LCase(a + "\\Form1.Txt"));
+        b.Scrivi(b.File.Piega(a + "\\Form1.Txt"));
         b.Scrivi(a + "\\Form2.Txt");
-        b.File.FileCopy(LCase(a + "\\Form1.Txt"), LCase(a + "\\Form1.Frm"));
-        EXPECT_NE(b.File.Dir(LCase(a + "\\FORM1.txt"), 0), "");
-        EXPECT_EQ(b.File.FileLen(LCase(a + "\\Form1.Txt")), 3);
+        b.File.FileCopy(b.File.Piega(a + "\\Form1.Txt"), b.File.Piega(a + "\\Form1.Frm"));
+        EXPECT_NE(b.File.Dir(b.File.Piega(a + "\\FORM1.txt"), 0), "");
+        EXPECT_EQ(b.File.FileLen(b.File.Piega(a + "\\Form1.Txt")), 3);
         std::vector<std::string> scritti;
         for (const auto& [percorso, bytes] : b.Disco.TuttiIFile()) scritti.push_back(percorso);
         EXPECT_EQ(scritti, (std::vector<std::string>{mio + "/Appoggio/Form2.Txt", mio + "/Appoggio/form1.frm",
                                                      mio + "/Appoggio/form1.txt"}));
-        b.File.Kill(LCase(a + "\\form2.txt"));
+        b.File.Kill(b.File.Piega(a + "\\form2.txt"));
         EXPECT_FALSE(b.Disco.Esiste(mio + "/Appoggio/Form2.Txt"));
     }
 }
@@ -221,8 +269,8 @@ TEST(Ganci, FileDiUnVicinoNonSiVede) {
     b.Disco.FaiDirectory("/data/Prog/Appoggio");
     const Testo a = b.File.Aggancia(Gancio::Progetto, "/data/Prog") + "\\Appoggio";
     b.File.AgganciaLavoro(a);
-    EXPECT_EQ(b.File.Dir(LCase(a + "\\Form1.Txt"), 0), "");
-    EXPECT_EQ(NumeroDi([&] { return b.File.Kill(LCase(a + "\\Form1.Txt")), 0; }), 53);
+    EXPECT_EQ(b.File.Dir(b.File.Piega(a + "\\Form1.Txt"), 0), "");
+    EXPECT_EQ(NumeroDi([&] { return b.File.Kill(b.File.Piega(a + "\\Form1.Txt")), 0; }), 53);
     EXPECT_EQ(b.Disco.Leggi("/data/prog/appoggio/form1.txt"), "suo");
 }
 
@@ -235,7 +283,7 @@ TEST(Ganci, RigaCheEsceDallaCartella) {
     b.File.AgganciaLavoro(a);
     // A row "..\lib\x.bas" climbs out of the work directory and lands beside it, not beside
     // the neighbour's.
-    EXPECT_EQ(b.File.Trova(LCase(a + "\\..\\lib\\x.Txt")).Percorso, "/data/Prog/lib/x.txt");
+    EXPECT_EQ(b.File.Trova(b.File.Piega(a + "\\..\\lib\\x.Txt")).Percorso, "/data/Prog/lib/x.txt");
     EXPECT_EQ(b.File.Trova(a + "\\..\\..\\y").Percorso, "/data/y");
     EXPECT_EQ(b.File.Trova(a + "\\..\\..\\..\\..\\y").Percorso, "/y");
 }
@@ -253,7 +301,7 @@ TEST(Ganci, DirectoryCheWindows1252NonScrive) {
     EXPECT_EQ(b.Disco.DirectoryCorrente(), "/home/プロジェクト");
     EXPECT_EQ(b.File.FileLen("form1.FRM"), 3); // a bare row, from the current directory
     EXPECT_EQ(b.File.FileLen(p + "\\form1.FRM"), 3);
-    b.Scrivi(LCase(a + "\\Perch\xE9.Txt")); // LCase moves bytes of the directory's name, too
+    b.Scrivi(b.File.Piega(a + "\\Perch\xE9.Txt")); // LCase moves bytes of the directory's name, too
     EXPECT_EQ(b.Disco.Leggi("/home/プロジェクト/Appoggio/perché.txt"), "x\r\n");
     EXPECT_EQ(b.File.Trova(p + "\\..\\q").Percorso, "/home/q");
 }
@@ -274,8 +322,8 @@ TEST(Ganci, ProgettoNuovoLasciaLaCartellaDiLavoro) {
     b.Disco.FaiDirectory("/data/Uno/Appoggio");
     b.Disco.FaiDirectory("/data/uno/appoggio");
     b.File.AgganciaLavoro(b.File.Aggancia(Gancio::Progetto, "/data/Uno") + "\\Appoggio");
-    EXPECT_EQ(b.File.Trova("\\data\\uno\\appoggio\\x").Percorso, "/data/Uno/Appoggio/x");
-    b.File.Aggancia(Gancio::Progetto, "/data/uno");
+    EXPECT_EQ(b.File.Trova(b.File.Piega("\\data\\Uno\\Appoggio\\x")).Percorso, "/data/Uno/Appoggio/x");
+    b.File.Aggancia(Gancio::Progetto, "/data/uno"); // and of the paths that were folded
     EXPECT_EQ(b.File.Trova("\\data\\uno\\appoggio\\x").Percorso, "/data/uno/appoggio/x");
 }
 
@@ -289,7 +337,7 @@ TEST(Ganci, ProgrammaAccantoAlProgetto) {
     b.File.AgganciaLavoro(p + "\\Appoggio");
     EXPECT_EQ(b.File.Trova(x + "\\Default.ini").Percorso, "/data/prog/Default.ini");
     EXPECT_EQ(b.File.Trova(p + "\\Default.ini").Percorso, "/data/Prog/Default.ini");
-    EXPECT_EQ(b.File.Trova(LCase(p + "\\Appoggio\\X")).Percorso, "/data/Prog/Appoggio/x");
+    EXPECT_EQ(b.File.Trova(b.File.Piega(p + "\\Appoggio\\X")).Percorso, "/data/Prog/Appoggio/x");
 }
 
 TEST(Ganci, ProgettoNellaRadice) {
@@ -301,8 +349,27 @@ TEST(Ganci, ProgettoNellaRadice) {
     const Testo a = p + "\\Appoggio";
     b.File.MkDir(a);
     b.File.AgganciaLavoro(a);
-    b.Scrivi(LCase(a + "\\Form1.Txt"));
+    b.Scrivi(b.File.Piega(a + "\\Form1.Txt"));
     EXPECT_EQ(b.Disco.Leggi("/Appoggio/form1.txt"), "x\r\n");
+}
+
+TEST(Ganci, SoloCioCheSiPiegaEPiegato) {
+    // A row may name a directory that differs from the work directory in case alone.
+    for (const char* progetto : {"/data/Prog", "/data/prog"}) {
+        Banco b;
+        b.Disco.Metti(progetto + std::string("/appoggio/x.bas"), "fonte");
+        b.Disco.Metti(progetto + std::string("/appoggio/y.bas"), "fonte");
+        b.Disco.Metti(progetto + std::string("/Appoggio/x.bas"), "altro!");
+        const Testo p = b.File.Aggancia(Gancio::Progetto, progetto);
+        b.File.AgganciaLavoro(p + "\\Appoggio");
+        const Testo piegato = b.File.Piega(p + "\\Appoggio\\Y.bas");
+        EXPECT_EQ(piegato, LCase(p) + "\\appoggio\\y.bas");
+        EXPECT_EQ(b.File.FileLen(p + "\\appoggio\\x.bas"), 5);
+        EXPECT_EQ(b.File.FileLen(p + "\\Appoggio\\x.bas"), 6);
+        EXPECT_EQ(b.File.FileLen(p + "\\APPOGGIO\\x.bas"), 6); // the first in byte order
+        EXPECT_EQ(b.File.Trova(piegato).Percorso, progetto + std::string("/Appoggio/y.bas"));
+        EXPECT_EQ(b.File.Dir(piegato, 0), "");
+    }
 }
 
 // ------------------------------------------------------------------ Dir

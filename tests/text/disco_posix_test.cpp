@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -127,7 +129,7 @@ TEST_F(DiscoPosix, ViciniChePaionoUguali) {
     const Testo a = File.Aggancia(Gancio::Progetto, Radice + "/Prog") + "\\Appoggio";
     File.MkDir(a);
     File.AgganciaLavoro(a);
-    Scrivi(LCase(a + "\\Form1.Txt"), "x");
+    Scrivi(File.Piega(a + "\\Form1.Txt"), "x");
     EXPECT_EQ(Nomi("Prog/Appoggio"), std::vector<std::string>{"form1.txt"});
     EXPECT_TRUE(Nomi("prog/appoggio").empty());
 }
@@ -138,7 +140,7 @@ TEST_F(DiscoPosix, DirectoryCheWindows1252NonScrive) {
     File.MkDir(p + "\\Appoggio");
     File.AgganciaLavoro(p + "\\Appoggio");
     File.ChDir(p);
-    Scrivi(LCase(p + "\\Appoggio\\Form1.Txt"), "x");
+    Scrivi(File.Piega(p + "\\Appoggio\\Form1.Txt"), "x");
     EXPECT_EQ(Leggi("プロジェクト/Appoggio/form1.txt"), "x\r\n");
     EXPECT_EQ(File.FileLen("appoggio\\form1.txt"), 3);
 }
@@ -403,20 +405,88 @@ TEST_F(DiscoPosix, Orologio) {
     EXPECT_EQ(File.Time().size(), 8u);
 }
 
-TEST_F(DiscoPosix, Avvia) {
-    const char* dove = std::getenv("PATH");
-    const std::string prima = dove ? dove : "";
-    ::setenv("PATH", Radice.c_str(), 1);
-    EXPECT_EQ(NumeroDi([&] { return File.Shell("Notepad.exe " + P + "\\x.log", 3), 0; }), 53);
+// With a PATH of the test's own directory, put back at the end.
+class DiscoPosixAvvia : public DiscoPosix {
+  protected:
+    void SetUp() override {
+        DiscoPosix::SetUp();
+        const char* dove = std::getenv("PATH");
+        Percorsi = dove ? dove : "";
+        ::setenv("PATH", ("/manca::.:" + Radice).c_str(), 1);
+    }
+    void TearDown() override {
+        ::setenv("PATH", Percorsi.c_str(), 1);
+        DiscoPosix::TearDown();
+    }
+    void Programma(const std::string& nome, const std::string& script) const {
+        Metti(nome, script);
+        fs::permissions(Radice + "/" + nome, fs::perms::owner_all);
+    }
+    int Apri() {
+        return NumeroDi([&] { return File.Shell("Explorer " + P + "\\x.html", 3), 0; });
+    }
+    static bool SenzaFigli() { return ::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD; }
+    // What a program writes; it comes whole, by a change of name.
+    std::string Aspetta(const std::string& nome) const {
+        for (int i = 0; i < 1000 && !fs::exists(Radice + "/" + nome); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return Leggi(nome);
+    }
+
+    std::string Percorsi;
+};
+
+TEST_F(DiscoPosixAvvia, Argomento) {
     // With a program of the desktop in place: it gets the file's own path as one argument.
-    Metti("xdg-open", "#!/bin/sh\nprintf '%s' \"$#|$1\" > \"$0.tmp\" && /bin/mv \"$0.tmp\" \"$0.detto\"\n");
-    fs::permissions(Radice + "/xdg-open", fs::perms::owner_all);
+    Programma("xdg-open",
+              "#!/bin/sh\nprintf '%s' \"$#|$1\" > \"$0.tmp\" && /bin/mv \"$0.tmp\" \"$0.detto\"\n");
     Metti("Con blank perché.log", "");
     File.Shell("Notepad.exe " + P + "\\CON BLANK PERCH\xC9.LOG", 3);
-    ::setenv("PATH", prima.c_str(), 1);
-    for (int i = 0; i < 500 && !fs::exists(Radice + "/xdg-open.detto"); ++i)
+    EXPECT_EQ(Aspetta("xdg-open.detto"), "1|" + Radice + "/Con blank perché.log");
+}
+
+TEST_F(DiscoPosixAvvia, Errore53) {
+    EXPECT_EQ(NumeroDi([&] { return File.Shell("Notepad.exe " + P + "\\x.log", 3), 0; }), 53);
+    fs::create_directory(Radice + "/xdg-open");
+    EXPECT_EQ(Apri(), 53);
+    fs::remove(Radice + "/xdg-open");
+    Programma("xdg-open", "#!" + Radice + "/manca\n"); // found, and yet it cannot run
+    EXPECT_EQ(Apri(), 53);
+    ::setenv("PATH", "", 1); // what lies in the current directory, which is the project's, is not meant
+    Programma("xdg-open", "#!/bin/sh\n");
+    EXPECT_EQ(Apri(), 53);
+    ::setenv("PATH", (":.:" + fs::path(Radice).filename().string()).c_str(), 1);
+    EXPECT_EQ(Apri(), 53);
+    EXPECT_TRUE(SenzaFigli()); // what failed is not left behind
+}
+
+TEST_F(DiscoPosixAvvia, NonLasciaNessuno) {
+    // Returns while the program runs on, in a session of its own and as nobody's child here: there
+    // is none to be waited for, neither now nor when it ends.
+    Programma("xdg-open", "#!/bin/sh\n"
+                          "while [ ! -e \"$0.via\" ]; do /bin/sleep 0.02; done\n"
+                          "read -r pid nome stato padre gruppo sessione resto < /proc/$$/stat\n"
+                          "echo \"$padre $sessione\" > \"$0.tmp\" && /bin/mv \"$0.tmp\" \"$0.detto\"\n");
+    EXPECT_EQ(Apri(), 0);
+    EXPECT_FALSE(fs::exists(Radice + "/xdg-open.detto"));
+    EXPECT_TRUE(SenzaFigli());
+    Metti("xdg-open.via", "");
+#ifdef __linux__
+    std::istringstream detto(Aspetta("xdg-open.detto"));
+    pid_t padre = 0;
+    pid_t sessione = 0;
+    detto >> padre >> sessione;
+    EXPECT_FALSE(detto.fail());
+    EXPECT_NE(padre, ::getpid());
+    EXPECT_NE(sessione, ::getsid(0));
+#endif
+    Programma("xdg-open", "#!/bin/sh\n: > \"$0.fatto.$$\"\n");
+    const std::size_t prima = Nomi().size();
+    for (int i = 0; i < 30; ++i) EXPECT_EQ(Apri(), 0);
+    for (int i = 0; i < 1000 && Nomi().size() < prima + 30; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_EQ(Leggi("xdg-open.detto"), "1|" + Radice + "/Con blank perché.log");
+    EXPECT_EQ(Nomi().size(), prima + 30);
+    EXPECT_TRUE(SenzaFigli());
 }
 
 TEST_F(DiscoPosix, SenzaPercorsiCorti) {
@@ -453,6 +523,13 @@ TEST_F(DiscoPosix, ElencaFile) {
     ASSERT_EQ(::mkfifo((Radice + "/tubo.vbp").c_str(), 0600), 0);
     EXPECT_EQ(File.ElencaFile(P, ".vbp"), (std::vector<Testo>{"altra.VBP", "legame.vbp", "Prova.vbp"}));
     EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\manca", ".vbp"), 0; }), 76);
+    // Names of any bytes: copied as they are.
+    fs::create_directory(Radice + "/altri");
+    for (const std::string nome : {"Ж.vbp", "grezz\xE0.vbp"}) Metti("altri/" + nome, "x");
+    fs::create_directory(Radice + "/altri/Appoggio");
+    for (const Testo& nome : File.ElencaFile(P + "\\altri", ".vbp"))
+        File.FileCopy(P + "\\altri\\" + nome, P + "\\altri\\Appoggio\\" + nome);
+    EXPECT_EQ(Nomi("altri/Appoggio"), (std::vector<std::string>{"grezz\xE0.vbp", "Ж.vbp"}));
     if (::geteuid() == 0) return; // whom nothing is closed to
     fs::permissions(Radice + "/d.vbp", fs::perms::owner_exec);
     EXPECT_EQ(NumeroDi([&] { return File.ElencaFile(P + "\\d.vbp", ".vbp"), 0; }), 75);

@@ -32,9 +32,10 @@ class Rientro : public QStyledItemDelegate {
     }
 };
 
-QString NomeMostrato(const std::string& nome) {
-    if (nome == "/") return "/"; // the root, as a person there writes it
-    return Mostra(Archivio::TestoDiPercorso(nome));
+// "/", or "C:\\" where drives have letters.
+QString Radice(const std::string& percorso) {
+    QString nome = MostraNome(percorso);
+    return nome == "/" ? nome : nome.replace('/', '\\');
 }
 
 std::string Sotto(const std::string& directory, const std::string& nome) {
@@ -121,7 +122,7 @@ void ElencoDirectory::Riempi(Disco& disco) {
     for (const std::string& sopra : Catena(directory_)) {
         const std::size_t barra = sopra.find_last_of('/');
         const bool radice = barra + 1 == sopra.size();
-        aggiungi(aperta, NomeMostrato(radice ? sopra : sopra.substr(barra + 1)), livello++, sopra);
+        aggiungi(aperta, radice ? Radice(sopra) : MostraNome(sopra.substr(barra + 1)), livello++, sopra);
     }
     aperta_ = static_cast<int>(percorsi_.size()) - 1;
 
@@ -139,7 +140,7 @@ void ElencoDirectory::Riempi(Disco& disco) {
     }
     std::sort(dentro.begin(), dentro.end());
     for (const auto& [chiave, nome] : dentro)
-        aggiungi(chiusa, NomeMostrato(nome), livello, Sotto(directory_, nome));
+        aggiungi(chiusa, MostraNome(nome), livello, Sotto(directory_, nome));
 }
 
 void ElencoDirectory::keyPressEvent(QKeyEvent* evento) {
@@ -158,11 +159,11 @@ void ElencoDirectory::keyPressEvent(QKeyEvent* evento) {
 
 ElencoProgetti::ElencoProgetti(QWidget* genitore) : QListWidget(genitore) {}
 
-void ElencoProgetti::Mostra(const ListaFile1Leggi& lista) {
+void ElencoProgetti::Mostra(const ListaFile1Leggi& lista, const Archivio& file) {
     if (nomi_ != lista.Nomi) {
         nomi_ = lista.Nomi;
         clear();
-        for (const Testo& nome : nomi_) addItem(morvella::Mostra(nome));
+        for (const Testo& nome : nomi_) addItem(QString::fromStdString(file.Utf8DiTesto(nome)));
     }
     const int riga = static_cast<int>(lista.ListIndex);
     if (riga < 0) {

@@ -53,7 +53,8 @@ class ElencoProgetti : public QListWidget {
     Q_OBJECT
   public:
     explicit ElencoProgetti(QWidget* genitore);
-    void Mostra(const ListaFile1Leggi& lista);
+    /// `file` knows the names that the texts stand for.
+    void Mostra(const ListaFile1Leggi& lista, const Archivio& file);
 
   signals:
     void Cliccata(int riga);

@@ -88,6 +88,11 @@ QString ConMnemonico(QString didascalia, QChar lettera) {
 QFont CarattereForma() { return Carattere(SansSerif(), 11, false); }
 QFont CarattereStato() { return Carattere(SansSerif(), 16, true); }
 QFont CarattereHelp() { return Carattere({"Arial", "Liberation Sans", "Arimo", "DejaVu Sans"}, 13, true); }
+QFont CarattereTesto() {
+    QFont carattere = Carattere({"Courier New", "Liberation Mono", "DejaVu Sans Mono"}, 12, false);
+    carattere.setStyleHint(QFont::Monospace);
+    return carattere;
+}
 QFont CarattereTitolo() {
     return Carattere({"Comic Sans MS", "Comic Neue", "Comic Relief", "Liberation Sans", "DejaVu Sans"}, 48,
                      true);

@@ -31,6 +31,7 @@ QString ConMnemonico(QString didascalia, QChar lettera);
 QFont CarattereForma();  // MS Sans Serif 8.25
 QFont CarattereStato();  // MS Sans Serif 12 bold
 QFont CarattereHelp();   // Arial 9.75 bold
+QFont CarattereTesto();  // of the header's text, whose stars stand one below the other
 QFont CarattereTitolo(); // Comic Sans MS 36 bold
 
 } // namespace morvella

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringDecoder>
 
 #include "text/primitive.h"
 
@@ -12,6 +13,13 @@ namespace morvella {
 
 /// Windows-1252 bytes as a widget shows them.
 inline QString Mostra(Vista testo) { return QString::fromStdString(Utf8Da1252(testo)); }
+
+/// A name on the disk as a person reads it: UTF-8, and where it is none, Windows-1252.
+inline QString MostraNome(const std::string& nome) {
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString testo = utf8(QByteArrayView(nome));
+    return utf8.hasError() ? Mostra(nome) : testo;
+}
 
 /// What a user typed as the system's bytes. A character that Windows-1252 does not have becomes
 /// "?", as in any program that keeps its texts in that code page.

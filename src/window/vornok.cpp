@@ -308,6 +308,7 @@ void VornOK::FaiSchedaDefault(QWidget* scheda) {
 
     Text1_ = new CasellaTesto(scheda);
     Metti(Text1_, "Text1", alte);
+    Text1_->setFont(CarattereTesto());
     Text1_->setAccessibleName("Testo dell'intestazione");
     Text1_->installEventFilter(this);
 
@@ -458,7 +459,7 @@ void VornOK::Apri(const std::string& percorso) {
         Evento([&] {
             MuoviDir1(Genitore(intero));
             ElencaProgetti(s_); // the file may be younger than the list
-            const Testo nome = Archivio::TestoDiPercorso(intero.substr(barra + 1));
+            const Testo nome = s_.File.Ricorda(intero.substr(barra + 1));
             const auto& nomi = s_.File1Leggi.Nomi;
             const auto dove = std::find(nomi.begin(), nomi.end(), nome);
             if (dove == nomi.end()) return;
@@ -522,7 +523,7 @@ void VornOK::Aggiorna() {
     AggiornaBarre();
     Dir1_->Apri(disco_, s_.File.Trova(s_.Dir1Path).Percorso);
     AggiornaUnita();
-    File1Leggi_->Mostra(s_.File1Leggi);
+    File1Leggi_->Mostra(s_.File1Leggi, s_.File);
     File1_->Mostra();
     TogliCommenti_->setChecked(s_.TogliCommenti == 1);
     Check1_->setChecked(s_.Check1 == 1);
@@ -583,7 +584,7 @@ void VornOK::RileggiDisco() {
     const auto& nomi = s_.File1Leggi.Nomi;
     const auto dove = std::find(nomi.begin(), nomi.end(), scelto);
     if (!scelto.empty() && dove != nomi.end()) s_.File1Leggi.ListIndex = dove - nomi.begin();
-    File1Leggi_->Mostra(s_.File1Leggi);
+    File1Leggi_->Mostra(s_.File1Leggi, s_.File);
     AggiornaUnita();
     Dir1_->Rileggi(disco_);
 }
@@ -619,7 +620,7 @@ int VornOK::MsgBox(Vista testo, int flag, Vista titolo) {
     QMessageBox box(this);
     box.setWindowTitle(Mostra(titolo.empty() ? TitoloProgramma : titolo));
     box.setTextFormat(Qt::PlainText);
-    box.setText(Mostra(testo).replace('\r', '\n'));
+    box.setText(QString::fromStdString(s_.File.Utf8DiTesto(testo)).replace('\r', '\n'));
     const bool domanda = flag == SiNoDomanda || flag == SiNoInformazione;
     box.setIcon(flag == OkStop                             ? QMessageBox::Critical
                 : flag == OkDomanda || flag == SiNoDomanda ? QMessageBox::Question

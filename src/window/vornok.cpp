@@ -35,6 +35,10 @@
 #include "window/pannello_qt.h"
 #include "window/testo_qt.h"
 
+// A library's resources are there only when somebody asks for them; the macro stands outside of
+// every namespace.
+static void CaricaFigure() { Q_INIT_RESOURCE(finestra); }
+
 namespace morvella {
 
 namespace {
@@ -130,6 +134,7 @@ VornOK::VornOK(Disco& disco, const std::string& programma, const std::string& di
         s_.File1Leggi = {}; // a directory that cannot be entered has no projects to show
     }
 
+    CaricaFigure();
     setObjectName("VornOK");
     setWindowTitle(Mostra(Testo(TitoloForma) + Testo(IndirizzoContatto)));
     setWindowIcon(QIcon(":/finestra/morvella.png"));

@@ -1,16 +1,16 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Builds the tool and runs its main job: ./run.sh [PROJECT.vbp]
+# Builds the tool, its window and its reader, and runs its main job: ./run.sh [PROJECT.vbp]
 # Without a project it works on a copy of the sample, so that the checkout stays clean.
 set -eu
 radice=$(cd "$(dirname "$0")" && pwd)
 qui=$(pwd)
 . "$radice/strumenti/pacchetti.sh"
-serve g++ cmake ninja-build
+serve g++ cmake ninja-build qt6-base-dev
 
 cd "$radice"
 cmake --preset release -DMORVELLA_PROVE=OFF -DMORVELLA_BENCH=OFF >/dev/null
-cmake --build --preset release --target morvella-cli
+cmake --build --preset release
 programma="$radice/build-release/morvella-cli"
 
 if [ $# -gt 0 ]; then
@@ -35,4 +35,5 @@ primo=$(find "$lavoro" -name '*.txt' 2>/dev/null | sort | head -n 1)
 primo=$(find "$lavoro" -name '*.log' -size +0 ! -name OK.LOG 2>/dev/null | sort | head -n 1)
 [ -z "$primo" ] || echo "  and at its blocks: $programma mostra '$primo'"
 echo "  the program:       $programma --aiuto"
+[ ! -x "$radice/build-release/morvella" ] || echo "  the window:        $radice/build-release/morvella '$progetto'"
 exit $esito

@@ -2,11 +2,20 @@
 # SPDX-License-Identifier: MIT
 # Builds everything and runs every test, then again under AddressSanitizer and under
 # UndefinedBehaviorSanitizer. With --browser also walks through the pages of the sample in a
-# real browser; screenshots stay in build-release/schermate.
+# real browser, with --schermo through the windows on a screen in memory; screenshots stay in
+# build-release/schermate.
 set -eu
 cd "$(dirname "$0")"
 . strumenti/pacchetti.sh
-serve g++ cmake ninja-build libgtest-dev libbenchmark-dev
+browser= schermo=
+for opzione in "$@"; do
+  case $opzione in
+    --browser) browser=si ;;
+    --schermo) schermo=si ;;
+    *) echo "test.sh [--browser] [--schermo]" >&2; exit 2 ;;
+  esac
+done
+serve g++ cmake ninja-build libgtest-dev libbenchmark-dev qt6-base-dev fonts-liberation
 
 for modo in release asan ubsan; do
   echo "== $modo"
@@ -15,7 +24,13 @@ for modo in release asan ubsan; do
   ctest --preset $modo -j "$(nproc)" --output-on-failure
 done
 
-if [ "${1:-}" = --browser ]; then
+if [ -n "$schermo" ]; then
+  echo "== schermo"
+  serve xvfb openbox xdotool imagemagick fonts-comic-neue
+  tests/schermo/esegui build-release build-release/schermate
+fi
+
+if [ -n "$browser" ]; then
   echo "== browser"
   tests/browser/esegui build-release/morvella-cli build-release/schermate
 fi

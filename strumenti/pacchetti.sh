@@ -33,6 +33,11 @@ presente() {
     g++) command -v c++ >/dev/null 2>&1 ;;
     cmake) command -v cmake >/dev/null 2>&1 ;;
     ninja-build) command -v ninja >/dev/null 2>&1 ;;
-    *) dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q 'install ok installed' ;;
+    qt6-base-dev) installato "$1" || { ! command -v apt-get && command -v qmake6; } >/dev/null 2>&1 ;;
+    *) installato "$1" ;;
   esac
+}
+
+installato() {
+  dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q 'install ok installed'
 }

@@ -33,6 +33,10 @@ std::string Disco::Assoluto(const std::string& percorso) {
     return intero.empty() ? "/" : intero;
 }
 
+bool Disco::Scrivibile(const std::string& directory) {
+    return Esamina(directory).Tipo == TipoVoce::Directory;
+}
+
 std::string Disco::DirectoryUnita(const std::string& unita) {
     if (unita != "C:" && unita != "c:") throw Errore(ErrUnita);
     return "/";

@@ -19,6 +19,7 @@
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/comandi.h"
+#include "shell/dimora.h"
 #include "shell/opzioni.h"
 
 #ifndef MORVELLA_VERSIONE
@@ -229,9 +230,19 @@ void Corsa::Riga(const std::string& utf8) {
 }
 
 void Corsa::ScegliProgramma() {
-    const std::string programma =
-        r_.Programma.empty() ? ambiente_.DirectoryProgramma : ambiente_.Macchina.Assoluto(r_.Programma);
-    s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
+    if (!r_.Programma.empty()) {
+        s_.AppPath = s_.File.Aggancia(Gancio::Programma, ambiente_.Macchina.Assoluto(r_.Programma));
+        return;
+    }
+    const Dimora dimora =
+        TrovaDimora(ambiente_.Macchina, ambiente_.DirectoryProgramma, ambiente_.DirectoryUtente);
+    s_.AppPath = s_.File.Aggancia(Gancio::Programma, dimora.Directory);
+    if (r_.Silenzioso) return;
+    for (const Errore& e : dimora.Guasti)
+        finestra_.Di("Avviso: " + e.File +
+                     " non è stato copiato dalla directory del programma a quella "
+                     "dell'utente: " +
+                     Utf8Da1252(Descrizione(e.Numero)));
 }
 
 void Corsa::ScegliProgetto() {

@@ -38,6 +38,7 @@ struct Ambiente {
     std::function<std::unique_ptr<Impaginatore>()> Impagina = {};
     bool SenzaColori = false;            // NO_COLOR
     std::string DirectoryProgramma = {}; // platform path of the executable's directory
+    std::string DirectoryUtente = {};    // Disco::DirectoryUtente
 };
 
 /// The process's own surroundings.

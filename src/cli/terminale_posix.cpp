@@ -86,6 +86,7 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     ambiente.DirectoryProgramma =
         std::filesystem::read_symlink("/proc/self/exe", errore).parent_path().string();
     if (errore) ambiente.DirectoryProgramma = macchina.DirectoryCorrente();
+    ambiente.DirectoryUtente = macchina.DirectoryUtente();
     return ambiente;
 }
 

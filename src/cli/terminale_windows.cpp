@@ -117,6 +117,7 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     const char* senzaColori = std::getenv("NO_COLOR");
     ambiente.SenzaColori = !console.Schermo.Sequenze || (senzaColori && *senzaColori);
     ambiente.DirectoryProgramma = DirectoryDelProgramma();
+    ambiente.DirectoryUtente = macchina.DirectoryUtente();
     return ambiente;
 }
 

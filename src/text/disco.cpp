@@ -35,6 +35,10 @@ std::string Disco::Assoluto(const std::string& percorso) {
 
 std::vector<Unita> Disco::ElencaUnita() { return {{"C:", "/", "/"}}; }
 
+bool Disco::Scrivibile(const std::string& directory) {
+    return Esamina(directory).Tipo == TipoVoce::Directory;
+}
+
 std::string Disco::DirectoryUnita(const std::string& unita) {
     for (const Unita& u : ElencaUnita()) {
         const bool questa = unita.size() == 2 && (unita[0] & ~0x20) == u.Lettera[0] && unita[1] == ':';

@@ -79,6 +79,13 @@ class Disco {
     /// the error's File is its path.
     virtual void Copia(const std::string& da, const std::string& a) = 0;
     virtual void Cancella(const std::string& percorso) = 0;
+    /// Whether this user may make files in a directory, tried out without a trace: false where he
+    /// has no right to, on a disk that is only to be read, and where there is no such directory. A
+    /// full disk does not count.
+    virtual bool Scrivibile(const std::string& directory);
+    /// The directory that is this user's own for what the program keeps when it cannot keep it in
+    /// its own; it need not be there. "" where the user has no such place.
+    virtual std::string DirectoryUtente() { return {}; }
     /// A second name for a file: a link where the disk has links, else a copy.
     virtual void Collega(const std::string& da, const std::string& a) { Copia(da, a); }
 

@@ -233,6 +233,32 @@ class DiscoPosix : public Disco {
         if (::unlink(percorso.c_str()) != 0) Solleva();
     }
 
+    bool Scrivibile(const std::string& directory) override {
+#ifdef O_TMPFILE
+        // A file that never has a name: the directory does not even get a new date.
+        const int fd = ::open(directory.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+        if (fd >= 0) {
+            ::close(fd);
+            return true;
+        }
+        if (errno == EACCES || errno == EPERM || errno == EROFS || errno == ENOENT) return false;
+#endif
+        // No such files on this disk, or no room for one.
+        return Esamina(directory).Tipo == TipoVoce::Directory &&
+               ::faccessat(AT_FDCWD, directory.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    }
+
+    // Of the two variables one that holds no whole path counts as not set.
+    std::string DirectoryUtente() override {
+        const auto variabile = [](const char* nome) {
+            const char* valore = std::getenv(nome);
+            return std::string(valore && *valore == '/' ? valore : "");
+        };
+        std::string dati = variabile("XDG_DATA_HOME");
+        if (dati.empty() && !(dati = variabile("HOME")).empty()) dati += "/.local/share";
+        return dati.empty() ? dati : Disco::Assoluto(dati + "/morvella");
+    }
+
     Istante Adesso() override { return Locale(std::time(nullptr)); }
 
     Istante UltimaModifica(const std::string& percorso) override {

@@ -308,6 +308,26 @@ class DiscoWindows : public Disco {
         if (!::DeleteFileW(Largo(percorso).c_str())) Solleva();
     }
 
+    // Tried with a file that goes as it is closed, whatever becomes of this program: rights,
+    // read-only disks and what guards folders against programs each refuse in another place.
+    bool Scrivibile(const std::string& directory) override {
+        const std::string prova = directory + "/~morvella" + std::to_string(::GetCurrentProcessId()) + ".tmp";
+        const HANDLE file =
+            ::CreateFileW(Largo(prova).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                          FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        if (file != INVALID_HANDLE_VALUE) {
+            ::CloseHandle(file);
+            return true;
+        }
+        return NumeroDaWindows(::GetLastError()) == ErrDiscoPieno;
+    }
+
+    std::string DirectoryUtente() override {
+        const std::wstring dati =
+            Chiedi([](wchar_t* b, DWORD n) { return ::GetEnvironmentVariableW(L"APPDATA", b, n); });
+        return dati.empty() ? "" : InteroUtf8(dati) + "/Morvella";
+    }
+
     Istante Adesso() override {
         SYSTEMTIME t{};
         ::GetLocalTime(&t);

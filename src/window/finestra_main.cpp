@@ -11,6 +11,7 @@
 #include <unistd.h>
 #endif
 
+#include "shell/dimora.h"
 #include "window/testo_qt.h"
 #include "window/vornok.h"
 
@@ -79,8 +80,10 @@ int main(int argc, char** argv) {
     // In whole before the window goes to a directory of its own.
     const std::string argomento =
         argomenti.isEmpty() ? std::string() : disco->Assoluto(argomenti.front().toStdString());
-    morvella::VornOK finestra(*disco, QApplication::applicationDirPath().toStdString(),
-                              Partenza().toStdString());
+    // What could not be copied into a user's own directory is told where it is missed.
+    const morvella::Dimora dimora = morvella::TrovaDimora(
+        *disco, QApplication::applicationDirPath().toStdString(), disco->DirectoryUtente());
+    morvella::VornOK finestra(*disco, dimora.Directory, Partenza().toStdString());
     finestra.show();
     if (!finestra.Finita() && !argomento.empty()) finestra.Apri(argomento);
     return finestra.Finita() ? finestra.Codice() : QApplication::exec();

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # The test programs of this directory: morvella_prova(NAME FILE...)
-morvella_prova(cli_test cli/programma_test.cpp cli/struttura_test.cpp)
+morvella_prova(cli_test cli/programma_test.cpp cli/struttura_test.cpp cli/dimora_test.cpp)
 
 morvella_prova(readme_test cli/readme_test.cpp)
 target_compile_definitions(readme_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")

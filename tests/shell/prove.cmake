@@ -6,4 +6,4 @@ morvella_prova(shell_test
   shell/cartella_test.cpp
   shell/gestore_test.cpp
   shell/comandi_test.cpp)
-morvella_prova(opzioni_test shell/opzioni_test.cpp)
+morvella_prova(opzioni_test shell/opzioni_test.cpp shell/dimora_test.cpp)

@@ -165,6 +165,7 @@ std::unique_ptr<FileAperto> DiscoFinto::ApriLettura(const std::string& percorso)
 
 std::unique_ptr<FileAperto> DiscoFinto::ApriScrittura(const std::string& percorso) {
     Chiamata("ApriScrittura", percorso);
+    if (SoloDaLeggere(percorso)) throw Errore(ErrAccesso);
     const Voce* sopra = Trova(Sopra(percorso));
     if (!sopra || !sopra->Directory) throw Errore(ErrPercorso);
     if (voci_.contains(percorso))
@@ -176,6 +177,7 @@ std::unique_ptr<FileAperto> DiscoFinto::ApriScrittura(const std::string& percors
 
 void DiscoFinto::CreaDirectory(const std::string& percorso) {
     Chiamata("CreaDirectory", percorso);
+    if (SoloDaLeggere(percorso)) throw Errore(ErrAccesso);
     if (voci_.contains(percorso)) throw Errore(ErrAccesso);
     Nuova(percorso, true);
 }
@@ -187,6 +189,7 @@ void DiscoFinto::CambiaDirectory(const std::string& percorso) {
 
 void DiscoFinto::Copia(const std::string& da, const std::string& a) {
     Chiamata("Copia", a);
+    if (SoloDaLeggere(a)) throw Errore(ErrAccesso);
     const std::string bytes = Leggi(da);
     if (!voci_.contains(a)) Nuova(a, false);
     std::string& scritti = voci_[a]->Bytes;
@@ -197,8 +200,18 @@ void DiscoFinto::Copia(const std::string& da, const std::string& a) {
 
 void DiscoFinto::Cancella(const std::string& percorso) {
     Chiamata("Cancella", percorso);
+    if (SoloDaLeggere(percorso)) throw Errore(ErrAccesso);
     voci_.erase(percorso);
     Toccata(percorso);
+}
+
+bool DiscoFinto::SoloDaLeggere(const std::string& percorso) const {
+    return std::any_of(SolaLettura.begin(), SolaLettura.end(),
+                       [&](const std::string& d) { return (percorso + "/").starts_with(d + "/"); });
+}
+
+bool DiscoFinto::Scrivibile(const std::string& directory) {
+    return Disco::Scrivibile(directory) && !SoloDaLeggere(directory);
 }
 
 Istante DiscoFinto::Adesso() {

@@ -54,6 +54,7 @@ class DiscoFinto : public Disco {
     std::map<std::string, std::string> PercorsiCorti;      // with any entry: a platform that has them
     std::map<std::string, std::string> Unita{{"C:", "/"}}; // letters and the directories of their tops
     bool Distingue = true;
+    std::vector<std::string> SolaLettura; // nothing is made, changed or deleted in these and below
 
     Scheda Esamina(const std::string& percorso) override;
     std::vector<std::string> Elenca(const std::string& directory) override;
@@ -64,6 +65,7 @@ class DiscoFinto : public Disco {
     std::string DirectoryCorrente() override { return corrente_; }
     void Copia(const std::string& da, const std::string& a) override;
     void Cancella(const std::string& percorso) override;
+    bool Scrivibile(const std::string& directory) override;
     Istante Adesso() override;
     Istante UltimaModifica(const std::string& percorso) override;
     void Avvia(const std::string& programma, const std::string& percorso, int finestra) override;
@@ -90,6 +92,7 @@ class DiscoFinto : public Disco {
     void Chiamata(const std::string& operazione, const std::string& percorso);
     std::optional<int> PrendiGuasto(const std::string& operazione, const std::string& percorso);
     Voce& Nuova(const std::string& percorso, bool directory);
+    bool SoloDaLeggere(const std::string& percorso) const;
     void Toccata(const std::string& percorso); // the directory of `percorso` changed
     const Voce* Trova(const std::string& percorso) const;
 

@@ -27,6 +27,8 @@ class DiscoOrologio : public Disco {
     void Collega(const std::string& da, const std::string& a) override { vero_->Collega(da, a); }
     void Cancella(const std::string& p) override { vero_->Cancella(p); }
     bool Legame(const std::string& p) override { return vero_->Legame(p); }
+    bool Scrivibile(const std::string& d) override { return vero_->Scrivibile(d); }
+    std::string DirectoryUtente() override { return vero_->DirectoryUtente(); }
     Istante Adesso() override { return Ora; }
     Istante UltimaModifica(const std::string&) override { return Ora; }
     void Avvia(const std::string& a, const std::string& p, int f) override { vero_->Avvia(a, p, f); }

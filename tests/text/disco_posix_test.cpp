@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <thread>
 
@@ -487,6 +488,70 @@ TEST_F(DiscoPosixAvvia, NonLasciaNessuno) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     EXPECT_EQ(Nomi().size(), prima + 30);
     EXPECT_TRUE(SenzaFigli());
+}
+
+TEST_F(DiscoPosix, Scrivibile) {
+    Metti("file", "x");
+    fs::permissions(Radice + "/file", fs::perms::owner_all);
+    fs::create_directory(Radice + "/sua");
+    fs::create_directory_symlink(Radice + "/sua", Radice + "/legame");
+    fs::permissions(Radice + "/sua", fs::perms::owner_read | fs::perms::owner_exec);
+    const auto prima = fs::last_write_time(Radice);
+    EXPECT_TRUE(Vero->Scrivibile(Radice));
+    EXPECT_TRUE(Vero->Scrivibile(Radice + "/"));
+    EXPECT_FALSE(Vero->Scrivibile(Radice + "/assente"));
+    EXPECT_FALSE(Vero->Scrivibile(Radice + "/file"));
+    EXPECT_FALSE(Vero->Scrivibile(Radice + "/file/sotto"));
+    EXPECT_FALSE(Vero->Scrivibile(""));
+    EXPECT_EQ(Nomi(), (std::vector<std::string>{"file", "legame", "sua"})); // no trace
+    EXPECT_EQ(fs::last_write_time(Radice), prima);
+}
+
+// Permissions do not bind root, so root tries as a user who owns nothing.
+TEST_F(DiscoPosix, ScrivibileSecondoIPermessi) {
+    const bool root = ::geteuid() == 0;
+    fs::create_directory(Radice + "/sua");
+    fs::create_directory(Radice + "/di-tutti");
+    fs::permissions(Radice + "/sua", fs::perms(0555));
+    fs::permissions(Radice + "/di-tutti", fs::perms(0777));
+    fs::permissions(Radice, fs::perms(0755));
+    if (root && ::seteuid(65534) != 0) GTEST_SKIP() << "root cannot become another user here";
+    const bool sua = Vero->Scrivibile(Radice + "/sua");
+    const bool diTutti = Vero->Scrivibile(Radice + "/di-tutti");
+    if (root) {
+        ASSERT_EQ(::seteuid(0), 0);
+    }
+    EXPECT_FALSE(sua);
+    EXPECT_TRUE(diTutti);
+}
+
+TEST_F(DiscoPosix, DirectoryUtente) {
+    struct Variabile { // as it was, at the end
+        const char* Nome;
+        std::optional<std::string> Prima;
+        explicit Variabile(const char* nome) : Nome(nome) {
+            if (const char* valore = std::getenv(nome)) Prima = valore;
+        }
+        ~Variabile() { Prima ? ::setenv(Nome, Prima->c_str(), 1) : ::unsetenv(Nome); }
+        void Vale(const char* valore) const { valore ? ::setenv(Nome, valore, 1) : ::unsetenv(Nome); }
+    } const dati("XDG_DATA_HOME"), casa("HOME");
+    const struct {
+        const char *Dati, *Casa, *Attesa;
+    } casi[] = {
+        {nullptr, "/home/anna", "/home/anna/.local/share/morvella"},
+        {"", "/home/anna", "/home/anna/.local/share/morvella"},
+        {"/dati", "/home/anna", "/dati/morvella"},
+        {"/dati/", nullptr, "/dati/morvella"},
+        {"dati", "/home/anna", "/home/anna/.local/share/morvella"}, // not a whole path
+        {nullptr, "/", "/.local/share/morvella"},
+        {nullptr, nullptr, ""},
+        {"dati", "", ""},
+    };
+    for (const auto& caso : casi) {
+        dati.Vale(caso.Dati);
+        casa.Vale(caso.Casa);
+        EXPECT_EQ(Vero->DirectoryUtente(), caso.Attesa) << (caso.Dati ? caso.Dati : "-");
+    }
 }
 
 TEST_F(DiscoPosix, SenzaPercorsiCorti) {

@@ -318,6 +318,24 @@ TEST_F(DiscoWindowsProva, DateEOre) {
     EXPECT_NE(disco_->TestoOra(quando).find("05"), std::string::npos);
 }
 
+TEST_F(DiscoWindowsProva, Scrivibile) {
+    Scrivi("file", "x");
+    EXPECT_TRUE(disco_->Scrivibile(qui_));
+    EXPECT_FALSE(disco_->Scrivibile(qui_ + "/assente"));
+    EXPECT_FALSE(disco_->Scrivibile(qui_ + "/file"));
+    EXPECT_EQ(disco_->Elenca(qui_), std::vector<std::string>{"file"}); // no trace
+}
+
+TEST_F(DiscoWindowsProva, DirectoryUtente) {
+    wchar_t prima[32767];
+    const DWORD lunga = ::GetEnvironmentVariableW(L"APPDATA", prima, 32767);
+    ::SetEnvironmentVariableW(L"APPDATA", L"C:\\Users\\Nicol\u00F2\\AppData\\Roaming\\");
+    EXPECT_EQ(disco_->DirectoryUtente(), "C:/Users/Nicol\xC3\xB2/AppData/Roaming/Morvella");
+    ::SetEnvironmentVariableW(L"APPDATA", nullptr);
+    EXPECT_EQ(disco_->DirectoryUtente(), "");
+    ::SetEnvironmentVariableW(L"APPDATA", lunga > 0 ? prima : nullptr);
+}
+
 } // namespace
 
 } // namespace morvella

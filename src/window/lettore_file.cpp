@@ -299,6 +299,9 @@ void Struttura::Taglia(Blocco& blocco) const {
         blocco.Righe.push_back(
             {static_cast<std::uint32_t>(da), static_cast<std::uint32_t>(fine.Quanti), fine.Spezzata});
         da += fine.Passo;
+        // A block ends where a line does: one without an end was cut there.
+        if (da == bytes.size() && fine.Passo == fine.Quanti && !blocco.Ultimo)
+            blocco.Righe.back().Spezzata = true;
     }
 }
 
@@ -306,6 +309,7 @@ void Struttura::LeggiBlocco(std::size_t passo, Blocco& blocco) {
     const auto& passi = indice_.Passi;
     const std::uint64_t fine = passo + 1 < passi.size() ? passi[passo + 1].Da : indice_.Bytes;
     blocco.Riga = passi[passo].Riga;
+    blocco.Ultimo = passo + 1 == passi.size();
     blocco.Bytes.resize(static_cast<std::size_t>(fine - passi[passo].Da));
     std::size_t letti = 0;
     try {

@@ -138,7 +138,8 @@ class Struttura {
         bool Spezzata;
     };
     struct Blocco {
-        Lungo Riga = -1; // the first; -1: nothing in it
+        Lungo Riga = -1;     // the first; -1: nothing in it
+        bool Ultimo = false; // of the file
         std::uint64_t Usato = 0;
         Testo Bytes;
         std::vector<Inizio> Righe;

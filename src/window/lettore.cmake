@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The reader of listings, its library and its program "morvella-lettore".
 add_library(morvella_lettore_parte STATIC
+  lettore_argomenti.cpp
   lettore_disegno.cpp
   lettore_file.cpp
   lettore_finestra.cpp

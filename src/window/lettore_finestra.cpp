@@ -75,7 +75,7 @@ Dialoghi DialoghiVeri() {
         QMessageBox box(guasto ? QMessageBox::Warning : QMessageBox::Information, titolo, testo,
                         QMessageBox::NoButton, sopra);
         box.addButton("&OK", QMessageBox::AcceptRole);
-        box.setTextFormat(Qt::PlainText);
+        if (guasto) box.setTextFormat(Qt::PlainText); // it names a file, and that may hold anything
         box.exec();
     };
     d.Scegli = [](QWidget* sopra, const QString& directory) {
@@ -415,7 +415,7 @@ bool FinestraLettore::Apri(const QString& file, QString& perche) {
     vista_->Mostra(nullptr);
     struttura_ = std::move(nuova);
     file_ = QFileInfo(file).absoluteFilePath();
-    sparita_ = false;
+    sparita_ = tienePosto_ = false;
     Aggiorna();
     vista_->Vai({});
     vista_->MettiPrimaRiga(0);
@@ -426,9 +426,9 @@ bool FinestraLettore::Apri(const QString& file, QString& perche) {
 
 void FinestraLettore::Rileggi() {
     if (!struttura_) return;
-    if (!sparita_) {
-        appiglioCima_ = struttura_->Prendi({vista_->PrimaRiga(), 0});
-        appiglioCursore_ = struttura_->Prendi(vista_->Cursore());
+    if (!tienePosto_) {
+        cima_ = struttura_->Prendi({vista_->PrimaRiga(), 0});
+        posto_ = struttura_->Prendi(vista_->Cursore());
     }
     procedure_->Mostra(nullptr);
     const bool mancava = std::exchange(sparita_, false);
@@ -438,16 +438,14 @@ void FinestraLettore::Rileggi() {
         struttura_->Svuota();
         sparita_ = true;
     }
+    // A file that is being written is empty for a moment: the place is not forgotten for that.
+    tienePosto_ = struttura_->Righe() == 0;
     Aggiorna();
     Sorveglia();
-    if (sparita_) {
-        if (!mancava) Dici(QStringLiteral("«%1» non si può più leggere.").arg(Nome(file_)));
-        return;
-    }
-    vista_->Vai(struttura_->Ritrova(appiglioCursore_));
-    vista_->MettiPrimaRiga(struttura_->Ritrova(appiglioCima_).Riga);
-    // A file that is being written is empty for a moment: the place is not forgotten for that.
-    sparita_ = struttura_->Righe() == 0;
+    if (sparita_ && !mancava) Dici(QStringLiteral("«%1» non si può più leggere.").arg(Nome(file_)));
+    if (tienePosto_) return;
+    vista_->Vai(struttura_->Ritrova(posto_));
+    vista_->MettiPrimaRiga(struttura_->Ritrova(cima_).Riga);
 }
 
 void FinestraLettore::Sorveglia() {
@@ -463,9 +461,8 @@ void FinestraLettore::timerEvent(QTimerEvent* evento) {
     if (!giro) quiete_.stop();
     if (!struttura_ || (giro && quiete_.isActive())) return;
     const QFileInfo info(file_);
-    const bool cambiata =
-        info.exists() ? (sparita_ && struttura_->Righe() == 0 && info.size() > 0) || struttura_->Cambiata()
-                      : !sparita_ || struttura_->Righe() > 0;
+    // One that cannot be read stays as it is until it changes.
+    const bool cambiata = sparita_ ? info.exists() && info.isReadable() : struttura_->Cambiata();
     if (!cambiata) return;
     const std::pair<qint64, qint64> sulDisco{info.size(), info.lastModified().toMSecsSinceEpoch()};
     if (std::exchange(vistoSulDisco_, sulDisco) != sulDisco && info.exists())
@@ -786,22 +783,29 @@ void FinestraLettore::StampaSuCarta() {
 // ---- help
 
 void FinestraLettore::Tasti() {
+    static constexpr const char* tasti[][2] = {
+        {"Ctrl+O", "apri una struttura"},
+        {"F5", "rileggi il file"},
+        {"Ctrl+F", "trova un testo"},
+        {"F3, Shift+F3", "successivo, precedente"},
+        {"Ctrl+G", "vai a un numero di riga"},
+        {"F8, Shift+F8", "errore successivo, precedente"},
+        {"Ctrl+Pag giù, Ctrl+Pag su", "procedura seguente, prima"},
+        {"F6", "alla lista delle procedure e ritorno"},
+        {"F9", "mostra o nascondi la lista"},
+        {"Ctrl++, Ctrl+-, Ctrl+0", "più grande, più piccolo, normale"},
+        {"Shift+frecce, Ctrl+A", "seleziona"},
+        {"Ctrl+C", "copia"},
+        {"Ctrl+W", "chiudi questa finestra"},
+        {"Ctrl+Q", "chiudi tutto"},
+    };
+    QString tabella = "<table>";
+    for (const auto& [tasto, effetto] : tasti)
+        tabella +=
+            QStringLiteral("<tr><td style='padding-right: 24px'>%1</td><td>%2</td></tr>").arg(tasto, effetto);
     lettore_.Chiedi().Avvisa(this, false, "Tasti",
-                             "Ctrl+O\tapri una struttura\n"
-                             "F5\trileggi il file\n"
-                             "Ctrl+F\ttrova un testo\n"
-                             "F3, Shift+F3\tsuccessivo, precedente\n"
-                             "Ctrl+G\tvai a un numero di riga\n"
-                             "F8, Shift+F8\terrore successivo, precedente\n"
-                             "Ctrl+Pag giù, Ctrl+Pag su\tprocedura seguente, prima\n"
-                             "F6\talla lista delle procedure e ritorno\n"
-                             "F9\tmostra o nasconde la lista\n"
-                             "Ctrl++, Ctrl+-, Ctrl+0\tpiù grande, più piccolo, normale\n"
-                             "Shift+frecce, Ctrl+A\tseleziona\n"
-                             "Ctrl+C\tcopia\n"
-                             "Ctrl+W\tchiudi questa finestra\n"
-                             "Ctrl+Q\tchiudi tutto\n\n"
-                             "Un clic sul numero seleziona la riga.");
+                             tabella + "</table><p>Un clic sul numero seleziona la riga, "
+                                       "Ctrl e la rotella cambiano la grandezza.</p>");
 }
 
 void FinestraLettore::Informazioni() {

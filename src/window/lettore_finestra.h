@@ -119,8 +119,9 @@ class FinestraLettore : public QMainWindow {
     Lettore& lettore_;
     QString file_;
     std::unique_ptr<Struttura> struttura_;
-    bool sparita_ = false;
-    Appiglio appiglioCima_, appiglioCursore_; // where the user was when the file went away
+    bool sparita_ = false;    // the file cannot be read any more
+    bool tienePosto_ = false; // there is nothing to see, and the place is kept from before
+    Appiglio cima_, posto_;   // where the user was
 
     VistaStruttura* vista_;
     QWidget* barraTrova_ = nullptr;

@@ -53,7 +53,8 @@ constexpr Voce Voci[] = {
     {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
      "%1\nLa directory non esiste.\nControllare il nome."},
     {"Name", "Nome"}, {"Size", "Dimensione"}, {"Type", "Tipo"}, {"Kind", "Tipo"},
-    {"Date Modified", "Modificato"}, {"Computer", "Computer"}, {"My Computer", "Computer"},
+    {"Date Modified", "Modificato"}, {"Computer", "Computer"}, {"Folder", "Directory"},
+    {"File Folder", "Directory"}, {"%1 File", "File %1"}, {"My Computer", "Computer"},
     // printing
     {"Print", "Stampa"}, {"&Print", "&Stampa"}, {"Print...", "Stampa..."}, {"Printer", "Stampante"},
     {"&Name:", "&Nome:"}, {"P&roperties", "P&roprietà"}, {"Location:", "Posizione:"}, {"Preview", "Anteprima"},

@@ -3,37 +3,19 @@
 
 #include <QApplication>
 
+#include "window/lettore_argomenti.h"
 #include "window/lettore_finestra.h"
 #include "window/lettore_italiano.h"
 
-namespace {
-
-enum Uscita : int { Fatto = 0, NonAperto = 1, UsoSbagliato = 2 };
-
-constexpr const char* Aiuto = R"(morvella-lettore: mostra le strutture scritte da Morvella.
-
-Uso: morvella-lettore [--lf] [FILE.log...]
-
-Una finestra per ogni file. Senza file si apre una finestra vuota.
-
-  --lf              anche il solo LF chiude una riga
-  -h, --aiuto       mostra questo testo
-  -V, --versione    mostra la versione
-
-Uscita: 0 fatto, 1 un file non si apre, 2 uso errato.
-)";
-
-} // namespace
-
 int main(int argc, char** argv) {
     using namespace morvella::lettore;
-    // Before Qt: help needs no screen.
-    for (int i = 1; i < argc; ++i) {
-        const std::string argomento = argv[i];
-        if (argomento == "--") break;
-        if (argomento == "-h" || argomento == "--aiuto") return std::fputs(Aiuto, stdout), Fatto;
-        if (argomento == "-V" || argomento == "--versione")
-            return std::puts("morvella-lettore " MORVELLA_VERSIONE), Fatto;
+    // Help needs no screen, and Qt none of our options.
+    QStringList prima;
+    for (int i = 1; i < argc; ++i) prima << QString::fromLocal8Bit(argv[i]);
+    switch (LeggiArgomenti(prima).Che) {
+    case Richiesta::Aiuto: return std::fputs(qUtf8Printable(TestoAiuto()), stdout), Fatto;
+    case Richiesta::Versione: return std::puts("morvella-lettore " MORVELLA_VERSIONE), Fatto;
+    default: break; // Qt's own options are still among them
     }
 
     QApplication programma(argc, argv);
@@ -41,28 +23,17 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(MORVELLA_VERSIONE);
     QGuiApplication::setDesktopFileName("morvella-lettore");
     ParlaItaliano(programma);
-
-    QStringList file;
-    bool lf = false;
-    bool opzioni = true;
-    for (const QString& argomento : programma.arguments().mid(1)) {
-        if (opzioni && argomento == QLatin1String("--"))
-            opzioni = false;
-        else if (opzioni && argomento == QLatin1String("--lf"))
-            lf = true;
-        else if (opzioni && argomento.size() > 1 && argomento.startsWith('-')) {
-            std::fprintf(stderr, "morvella-lettore: opzione sconosciuta: %s\n", qUtf8Printable(argomento));
-            return UsoSbagliato;
-        } else
-            file << argomento;
+    const Richiesta richiesta = LeggiArgomenti(QCoreApplication::arguments().mid(1));
+    if (richiesta.Che == Richiesta::Errata) {
+        std::fprintf(stderr, "morvella-lettore: opzione sconosciuta: %s\n",
+                     qUtf8Printable(richiesta.Opzione));
+        return UsoSbagliato;
     }
 
-    Lettore lettore(DialoghiVeri(), lf);
-    const int mancati = lettore.Apri(file);
-    if (file.isEmpty())
-        lettore.Nuova();
-    else if (mancati == file.size())
-        return NonAperto; // the boxes have told why
+    Lettore lettore(DialoghiVeri(), richiesta.Lf);
+    const auto mancati = lettore.Apri(richiesta.File);
+    if (richiesta.File.isEmpty()) lettore.Nuova();
+    if (lettore.Finestre().isEmpty()) return NonAperto; // the boxes have told why
     const int stato = QApplication::exec();
-    return stato == 0 && mancati > 0 ? NonAperto : stato;
+    return stato == Fatto && mancati > 0 ? NonAperto : stato;
 }

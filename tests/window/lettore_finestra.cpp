@@ -24,6 +24,7 @@
 #include <QTreeView>
 #include <QWheelEvent>
 
+#include "window/lettore_argomenti.h"
 #include "window/lettore_finestra.h"
 #include "window/lettore_italiano.h"
 #include "window/lettore_stampa.h"
@@ -140,6 +141,7 @@ class ProvaFinestra : public QObject {
     void RigheDiStampa();
     void Aiuto();
     void Italiano();
+    void Argomenti();
 };
 
 void ProvaFinestra::initTestCase() { ParlaItaliano(*qApp); }
@@ -979,6 +981,23 @@ void ProvaFinestra::Italiano() {
     QCOMPARE(QCoreApplication::translate("QFileDialog", "All Files (*)"), QString("Tutti i file (*)"));
     QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"), QString("Annulla"));
     QCOMPARE(QCoreApplication::translate("Altro", "Cancel"), QString("Cancel"));
+}
+
+void ProvaFinestra::Argomenti() {
+    QCOMPARE(LeggiArgomenti({}).Che, Richiesta::Mostra);
+    QVERIFY(LeggiArgomenti({}).File.isEmpty());
+    const Richiesta r = LeggiArgomenti({"a.log", "--lf", "perché.log", "--", "-h", "--"});
+    QCOMPARE(r.Che, Richiesta::Mostra);
+    QCOMPARE(r.File, (QStringList{"a.log", "perché.log", "-h", "--"}));
+    QVERIFY(r.Lf);
+    QVERIFY(!LeggiArgomenti({"a.log"}).Lf);
+    for (const char* aiuto : {"-h", "--aiuto"}) QCOMPARE(LeggiArgomenti({"x", aiuto}).Che, Richiesta::Aiuto);
+    for (const char* versione : {"-V", "--versione"})
+        QCOMPARE(LeggiArgomenti({versione}).Che, Richiesta::Versione);
+    const Richiesta errata = LeggiArgomenti({"x", "--colori", "-z"});
+    QCOMPARE(errata.Che, Richiesta::Errata);
+    QCOMPARE(errata.Opzione, QString("--colori"));
+    QCOMPARE(LeggiArgomenti({"--colori", "-h"}).Che, Richiesta::Aiuto);
 }
 
 } // namespace morvella::lettore

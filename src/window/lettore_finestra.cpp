@@ -542,7 +542,7 @@ void FinestraLettore::Dici(const QString& testo) { statusBar()->showMessage(test
 void FinestraLettore::ApriTrova() {
     barraNumero_->hide();
     barraTrova_->show();
-    const auto [da, a] = std::minmax(vista_->Cursore(), vista_->Ancora());
+    const auto [da, a] = std::minmax({vista_->Cursore(), vista_->Ancora()});
     if (da != a && da.Riga == a.Riga && a.Byte - da.Byte <= daTrovare_->maxLength())
         daTrovare_->setText(vista_->TestoScelto().value_or(QString()));
     inizioRicerca_ = da;
@@ -561,7 +561,7 @@ void FinestraLettore::Cerca(bool avanti, bool mentreScrive) {
     }
     const Ago ago(testo.toStdU16String());
     vista_->Evidenzia(ago);
-    const auto [inizio, fine] = std::minmax(vista_->Cursore(), vista_->Ancora());
+    const auto [inizio, fine] = std::minmax({vista_->Cursore(), vista_->Ancora()});
     Posizione da = inizio;
     if (mentreScrive)
         da = inizioRicerca_;

@@ -660,6 +660,12 @@ void FinestraLettore::ChiudiBarra(QWidget* barra) {
     vista_->setFocus();
 }
 
+void FinestraLettore::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() != Qt::Key_Escape) return QMainWindow::keyPressEvent(evento);
+    for (QWidget* barra : {barraTrova_, barraNumero_})
+        if (barra->isVisible()) ChiudiBarra(barra);
+}
+
 bool FinestraLettore::eventFilter(QObject* oggetto, QEvent* evento) {
     if (evento->type() != QEvent::KeyPress) return QMainWindow::eventFilter(oggetto, evento);
     const auto* tasto = static_cast<QKeyEvent*>(evento);

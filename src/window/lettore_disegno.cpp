@@ -49,7 +49,7 @@ QColor Tenue(const QColor& testo, const QColor& fondo) {
 } // namespace
 
 double Contrasto(const QColor& a, const QColor& b) {
-    const auto [meno, piu] = std::minmax(Luminanza(a), Luminanza(b));
+    const auto [meno, piu] = std::minmax({Luminanza(a), Luminanza(b)});
     return (piu + 0.05) / (meno + 0.05);
 }
 

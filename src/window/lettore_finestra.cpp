@@ -542,7 +542,7 @@ void FinestraLettore::Dici(const QString& testo) { statusBar()->showMessage(test
 void FinestraLettore::ApriTrova() {
     barraNumero_->hide();
     barraTrova_->show();
-    const auto [da, a] = std::minmax(vista_->Cursore(), vista_->Ancora());
+    const auto [da, a] = std::minmax({vista_->Cursore(), vista_->Ancora()});
     if (da != a && da.Riga == a.Riga && a.Byte - da.Byte <= daTrovare_->maxLength())
         daTrovare_->setText(vista_->TestoScelto().value_or(QString()));
     inizioRicerca_ = da;
@@ -561,7 +561,7 @@ void FinestraLettore::Cerca(bool avanti, bool mentreScrive) {
     }
     const Ago ago(testo.toStdU16String());
     vista_->Evidenzia(ago);
-    const auto [inizio, fine] = std::minmax(vista_->Cursore(), vista_->Ancora());
+    const auto [inizio, fine] = std::minmax({vista_->Cursore(), vista_->Ancora()});
     Posizione da = inizio;
     if (mentreScrive)
         da = inizioRicerca_;
@@ -658,6 +658,12 @@ void FinestraLettore::ChiudiBarra(QWidget* barra) {
     barra->hide();
     if (barra == barraTrova_) vista_->Evidenzia({});
     vista_->setFocus();
+}
+
+void FinestraLettore::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() != Qt::Key_Escape) return QMainWindow::keyPressEvent(evento);
+    for (QWidget* barra : {barraTrova_, barraNumero_})
+        if (barra->isVisible()) ChiudiBarra(barra);
 }
 
 bool FinestraLettore::eventFilter(QObject* oggetto, QEvent* evento) {

@@ -86,6 +86,7 @@ class FinestraLettore : public QMainWindow {
     void dragEnterEvent(QDragEnterEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;
     void changeEvent(QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     void timerEvent(QTimerEvent* evento) override;
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 

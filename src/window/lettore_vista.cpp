@@ -178,7 +178,7 @@ void VistaStruttura::MostraCursore(bool alCentro) {
 }
 
 std::optional<QString> VistaStruttura::TestoScelto() {
-    const auto [da, a] = std::minmax(cursore_, ancora_);
+    const auto [da, a] = std::minmax({cursore_, ancora_});
     QString testo;
     for (Lungo i = da.Riga; i <= a.Riga && i < Righe(); ++i) {
         const Vista riga = struttura_->Riga(i);
@@ -253,7 +253,7 @@ void VistaStruttura::DisegnaUna(QPainter& penna, Lungo i, qreal y) {
     for (Lungo n = std::max<Lungo>(daByte - margine, 0);
          (n = ago_.In(riga, fette_, n, std::min(Len(riga), aByte + margine))) >= 0; n += margine)
         macchie.push_back({n, n + margine, colori_.Trovato, colori_.TrovatoFondo});
-    const auto [inizio, fine] = std::minmax(cursore_, ancora_);
+    const auto [inizio, fine] = std::minmax({cursore_, ancora_});
     if (inizio != fine && i >= inizio.Riga && i <= fine.Riga) {
         const Lungo sa = i == fine.Riga ? fine.Byte : Len(riga);
         macchie.push_back({i == inizio.Riga ? inizio.Byte : 0, sa, colori_.Scelto, colori_.SceltoFondo});
@@ -332,7 +332,7 @@ void VistaStruttura::keyPressEvent(QKeyEvent* evento) {
     };
     // A selection is left at the end that the key points to.
     const auto orizzontale = [&](bool avanti) {
-        const auto [da, a] = std::minmax(cursore_, ancora_);
+        const auto [da, a] = std::minmax({cursore_, ancora_});
         if (Scelto() && !estende && !ctrl) return Vai(avanti ? a : da);
         Posizione dove = cursore_;
         if (avanti && dove.Byte >= Lunghezza(dove.Riga)) {

@@ -412,6 +412,10 @@ void ProvaFinestra::Trova() {
     for (QPushButton* bottone : barra->findChildren<QPushButton*>())
         if (bottone->text() == "C&hiudi") bottone->click();
     QVERIFY(!barra->isVisible());
+    Premi(f, Qt::Key_F, Qt::ControlModifier);
+    v->setFocus();
+    Premi(f, Qt::Key_Escape); // from the listing as well
+    QVERIFY(!barra->isVisible());
 }
 
 void ProvaFinestra::TrovaDaSelezione() {

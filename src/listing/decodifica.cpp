@@ -2,6 +2,7 @@
 #include "listing/decodifica.h"
 
 #include <algorithm>
+#include <array>
 
 #include "scan/classifica.h"
 #include "shell/state.h"
@@ -12,42 +13,64 @@ namespace {
 
 struct Gruppo {
     Vista Bytes;
-    const char* Glifi;
     Tratto::Genere Che;
     bool Ultimo; // a connector: the text of the line follows
 };
 
 // clang-format off
 constexpr Gruppo Gruppi[] = {
-    {"   ",          "   ", Tratto::Scritto,    false},
-    {"\xB3  ",       "│  ", Tratto::Condizione, false},
-    {"\xBA  ",       "║  ", Tratto::Ciclo,      false},
-    {"\xDA\xC4>",    "┌─>", Tratto::Condizione, true},
-    {"\xC3\xC4>",    "├─>", Tratto::Condizione, true},
-    {"\xC0\xC4>",    "└─>", Tratto::Condizione, true},
-    {"\xC9\xCD>",    "╔═>", Tratto::Ciclo,      true},
-    {"\xC8\xCD>",    "╚═>", Tratto::Ciclo,      true},
+    {"   ",          Tratto::Scritto,    false},
+    {"\xB3  ",       Tratto::Condizione, false}, // │
+    {"\xBA  ",       Tratto::Ciclo,      false}, // ║
+    {"\xDA\xC4>",    Tratto::Condizione, true},  // ┌─>
+    {"\xC3\xC4>",    Tratto::Condizione, true},  // ├─>
+    {"\xC0\xC4>",    Tratto::Condizione, true},  // └─>
+    {"\xC9\xCD>",    Tratto::Ciclo,      true},  // ╔═>
+    {"\xC8\xCD>",    Tratto::Ciclo,      true},  // ╚═>
 };
 // clang-format on
 
-void Accoda(std::vector<Tratto>& tratti, Tratto::Genere che, std::string_view utf8) {
-    if (utf8.empty()) return;
-    if (!tratti.empty() && tratti.back().Che == che)
-        tratti.back().Utf8 += utf8;
+// What a byte of a connector or of a bar is drawn as.
+char16_t Glifo(char byte) noexcept {
+    switch (byte) {
+    case '\xB3': return u'│';
+    case '\xBA': return u'║';
+    case '\xC0': return u'└';
+    case '\xC3': return u'├';
+    case '\xC4': return u'─';
+    case '\xC8': return u'╚';
+    case '\xC9': return u'╔';
+    case '\xCD': return u'═';
+    case '\xDA': return u'┌';
+    default: return static_cast<unsigned char>(byte); // a blank, ">" or "<"
+    }
+}
+
+void AccodaUtf8(std::string& utf8, char16_t c) {
+    const unsigned punto = c;
+    if (punto < 0x80) {
+        utf8 += static_cast<char>(punto);
+    } else { // a box-drawing character
+        utf8 += static_cast<char>(0xE0 | (punto >> 12));
+        utf8 += static_cast<char>(0x80 | ((punto >> 6) & 0x3F));
+        utf8 += static_cast<char>(0x80 | (punto & 0x3F));
+    }
+}
+
+void Accoda(std::vector<Fetta>& fette, Tratto::Genere che, std::size_t quanti) {
+    if (quanti == 0) return;
+    if (!fette.empty() && fette.back().Che == che)
+        fette.back().Quanti += quanti;
     else
-        tratti.push_back({che, std::string(utf8)});
+        fette.push_back({che, fette.empty() ? 0 : fette.back().Da + fette.back().Quanti, quanti});
 }
 
 bool Cifre(Vista s) {
     return std::all_of(s.begin(), s.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// Lines 1, 2, 4 and 5 of a box: nothing but asterisks and blanks, with 101 columns of box.
-bool BordoDiRiquadro(Vista riga) {
-    const Vista bordo = Trim(riga);
-    return bordo.size() == 101 && bordo.front() == '*' && bordo.back() == '*' &&
-           (bordo.find_first_not_of('*') == Vista::npos ||
-            bordo.substr(1, 99).find_first_not_of(' ') == Vista::npos);
+bool Disegnata(Tratto::Genere che) {
+    return che == Tratto::Condizione || che == Tratto::Ciclo || che == Tratto::Barra;
 }
 
 // Whether a line of this class is drawn with this connector: one in front of any other text is
@@ -97,31 +120,34 @@ std::string MostrabileUtf8(std::string_view utf8, bool righe) {
 
 std::string Mostrabile(Vista bytes, bool righe) { return MostrabileUtf8(Utf8Da1252(bytes), righe); }
 
-void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
-    tratti.clear();
-    if (BordoDiRiquadro(riga)) {
-        Accoda(tratti, Tratto::Riquadro, riga);
-        return;
-    }
-    if (Trim(riga) == ErroreGenerico) {
-        Accoda(tratti, Tratto::Errore, Mostrabile(riga));
-        return;
-    }
+Bordo BordoDiRiquadro(Vista riga) noexcept {
+    const Vista bordo = Trim(riga);
+    if (bordo.size() != 101 || bordo.front() != '*' || bordo.back() != '*') return Bordo::Nessuno;
+    if (bordo.find_first_not_of('*') == Vista::npos) return Bordo::Asterischi;
+    return bordo.substr(1, 99).find_first_not_of(' ') == Vista::npos ? Bordo::Vuoto : Bordo::Nessuno;
+}
+
+bool RigaErrore(Vista riga) noexcept { return Trim(riga) == ErroreGenerico; }
+
+std::size_t CampoDiRiga(Vista riga) noexcept {
+    if (riga.size() >= 11 && Cifre(riga.substr(0, 6)) && riga.substr(6, 5) == "     ") return 11;
     // Beyond line 999,999 the field is its five blanks alone.
-    const bool numerata = riga.size() >= 11 && Cifre(riga.substr(0, 6)) && riga.substr(6, 5) == "     ";
-    if (!numerata && riga.substr(0, 5) != "     ") {
-        Accoda(tratti, Tratto::Scritto, Mostrabile(riga));
-        return;
-    }
-    const std::size_t campo = numerata ? 11 : 5;
-    Accoda(tratti, Tratto::Numero, riga.substr(0, campo));
+    if (riga.substr(0, 5) != "     ") return 0;
+    return BordoDiRiquadro(riga) == Bordo::Nessuno && !RigaErrore(riga) ? 5 : 0;
+}
+
+void TagliaRiga(Vista riga, std::vector<Fetta>& fette) {
+    fette.clear();
+    if (BordoDiRiquadro(riga) != Bordo::Nessuno) return Accoda(fette, Tratto::Riquadro, riga.size());
+    if (RigaErrore(riga)) return Accoda(fette, Tratto::Errore, riga.size());
+    const std::size_t campo = CampoDiRiga(riga);
+    if (campo == 0) return Accoda(fette, Tratto::Scritto, riga.size());
+    Accoda(fette, Tratto::Numero, campo);
     riga.remove_prefix(campo);
 
     if (const std::size_t barre = std::min(riga.find_first_not_of('\xCD', 2), riga.size());
         riga.substr(0, 2) == "<<" && barre >= 4 && IniziaPer(riga.substr(barre), "exit ")) {
-        std::string barra = "<<";
-        for (std::size_t i = 2; i < barre; ++i) barra += "═";
-        Accoda(tratti, Tratto::Barra, barra);
+        Accoda(fette, Tratto::Barra, barre);
         riga.remove_prefix(barre);
     }
     for (bool ancora = true; ancora;) {
@@ -130,11 +156,42 @@ void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
         ancora = gruppo != std::end(Gruppi) &&
                  (!gruppo->Ultimo || Appartiene(*gruppo, ClassificaRiga(riga.substr(3))));
         if (!ancora) break;
-        Accoda(tratti, gruppo->Che, gruppo->Glifi);
+        Accoda(fette, gruppo->Che, 3);
         riga.remove_prefix(3);
         ancora = !gruppo->Ultimo;
     }
-    Accoda(tratti, Tratto::Scritto, Mostrabile(riga));
+    Accoda(fette, Tratto::Scritto, riga.size());
+}
+
+char16_t Segno(Tratto::Genere che, char byte) noexcept {
+    static const auto scritti = [] {
+        std::array<char16_t, 256> tavola{};
+        for (unsigned i = 0; i < 256; ++i) {
+            const std::string utf8 = Mostrabile(Testo(1, static_cast<char>(i)));
+            const auto ottetto = [&](std::size_t j) { return static_cast<unsigned char>(utf8[j]); };
+            unsigned punto = ottetto(0);
+            if (utf8.size() == 2) punto = (ottetto(0) & 0x1Fu) << 6 | (ottetto(1) & 0x3Fu);
+            if (utf8.size() == 3)
+                punto = (ottetto(0) & 0x0Fu) << 12 | (ottetto(1) & 0x3Fu) << 6 | (ottetto(2) & 0x3Fu);
+            tavola[i] = static_cast<char16_t>(punto);
+        }
+        return tavola;
+    }();
+    return Disegnata(che) ? Glifo(byte) : scritti[static_cast<unsigned char>(byte)];
+}
+
+void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
+    tratti.clear();
+    std::vector<Fetta> fette;
+    TagliaRiga(riga, fette);
+    for (const Fetta& fetta : fette) {
+        const Vista bytes = riga.substr(fetta.Da, fetta.Quanti);
+        Tratto& tratto = tratti.emplace_back(Tratto{fetta.Che, {}});
+        if (Disegnata(fetta.Che))
+            for (const char c : bytes) AccodaUtf8(tratto.Utf8, Glifo(c));
+        else
+            tratto.Utf8 = Mostrabile(bytes);
+    }
 }
 
 } // namespace morvella

@@ -32,4 +32,29 @@ std::string MostrabileUtf8(std::string_view utf8, bool righe = false);
 /// Takes one line, without its line end, apart. `tratti` is overwritten.
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
 
+/// The same stretch as bytes of the line: `Quanti` of them, never 0, from the offset `Da`.
+struct Fetta {
+    Tratto::Genere Che;
+    std::size_t Da;
+    std::size_t Quanti;
+    bool operator==(const Fetta&) const = default;
+};
+
+/// Takes one line apart and builds no text. Together the slices are the whole line.
+void TagliaRiga(Vista riga, std::vector<Fetta>& fette);
+
+/// What one byte of a stretch is shown as: one character for each, TAB as itself.
+char16_t Segno(Tratto::Genere che, char byte) noexcept;
+
+/// Whether a line is the error line of the balance test.
+bool RigaErrore(Vista riga) noexcept;
+
+/// The border lines of the box around a head: four of its five lines.
+enum class Bordo { Nessuno, Asterischi, Vuoto };
+Bordo BordoDiRiquadro(Vista riga) noexcept;
+
+/// How many bytes the number field of a line takes: 11, 5 beyond line 999,999, else 0. A box's
+/// border and the error line begin with the same blanks and have no field.
+std::size_t CampoDiRiga(Vista riga) noexcept;
+
 } // namespace morvella

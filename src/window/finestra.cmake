@@ -14,5 +14,4 @@ morvella_parte(morvella_finestra USA morvella_comandi morvella_docs Qt6::Widgets
 add_executable(morvella WIN32 finestra_main.cpp)
 target_link_libraries(morvella PRIVATE morvella_finestra morvella_avvisi)
 target_compile_definitions(morvella PRIVATE MORVELLA_VERSIONE="${PROJECT_VERSION}")
-set_target_properties(morvella PROPERTIES RUNTIME_OUTPUT_DIRECTORY $<1:${PROJECT_BINARY_DIR}>)
-add_dependencies(morvella morvella_figure)
+morvella_installa_programma(morvella DESCRIZIONE "Morvella")

@@ -262,6 +262,90 @@ TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
     }
 }
 
+// A slice is a stretch before it is made a text: the same kinds, the line without gaps, and a
+// character for each byte.
+TEST(Decodifica, LeFetteSonoGliStessiTratti) {
+    std::vector<Fetta> fette = {{Tratto::Errore, 3, 4}};
+    std::vector<Tratto> tratti;
+    for (const Caso& caso : Casi()) {
+        TagliaRiga(caso.Riga, fette);
+        DecodificaRiga(caso.Riga, tratti);
+        ASSERT_EQ(fette.size(), tratti.size()) << testing::PrintToString(caso.Riga);
+        std::size_t fine = 0;
+        for (std::size_t i = 0; i < fette.size(); ++i) {
+            EXPECT_EQ(fette[i].Che, tratti[i].Che);
+            EXPECT_EQ(fette[i].Da, fine);
+            EXPECT_GT(fette[i].Quanti, 0u);
+            fine += fette[i].Quanti;
+            std::u16string segni;
+            for (const char c : Vista(caso.Riga).substr(fette[i].Da, fette[i].Quanti))
+                segni += Segno(fette[i].Che, c);
+            std::u16string scritto; // UTF-8 of at most three bytes to one unit a character
+            for (std::size_t j = 0; j < tratti[i].Utf8.size();) {
+                const auto byte = [&](std::size_t k) {
+                    return static_cast<unsigned char>(tratti[i].Utf8[j + k]);
+                };
+                const std::size_t lungo = byte(0) < 0x80 ? 1 : byte(0) < 0xE0 ? 2 : 3;
+                scritto += static_cast<char16_t>(lungo == 1   ? byte(0)
+                                                 : lungo == 2 ? (byte(0) & 0x1F) << 6 | (byte(1) & 0x3F)
+                                                              : (byte(0) & 0x0F) << 12 |
+                                                                    (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F));
+                j += lungo;
+            }
+            EXPECT_EQ(segni, scritto) << testing::PrintToString(caso.Riga);
+        }
+        EXPECT_EQ(fine, caso.Riga.size());
+    }
+}
+
+TEST(Decodifica, UnSegnoPerByte) {
+    EXPECT_EQ(Segno(Tratto::Ciclo, '\xC9'), u'╔');
+    EXPECT_EQ(Segno(Tratto::Barra, '\xCD'), u'═');
+    EXPECT_EQ(Segno(Tratto::Condizione, '>'), u'>');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\xC9'), u'É');
+    EXPECT_EQ(Segno(Tratto::Errore, '\xF9'), u'ù');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\x80'), u'€');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\t'), u'\t');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\r'), u'␍');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\0'), u'␀');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\x7F'), u'␡');
+    EXPECT_EQ(Segno(Tratto::Scritto, '\x81'), u'\uFFFD');
+}
+
+TEST(Decodifica, CampoBordoErrore) {
+    const Testo stelle(101, '*');
+    const Testo vuoto = "*" + Testo(99, ' ') + "*";
+    const Testo errore(ErroreGenerico);
+    struct Riga {
+        Testo Scritta;
+        std::size_t Campo;
+        Bordo Che;
+        bool Errore;
+    };
+    const Riga righe[] = {
+        {"000001     x", 11, Bordo::Nessuno, false},
+        {"000001     ", 11, Bordo::Nessuno, false},
+        {"000001    ", 0, Bordo::Nessuno, false},
+        {"00001      x", 0, Bordo::Nessuno, false},
+        {"     x", 5, Bordo::Nessuno, false},
+        {"    x", 0, Bordo::Nessuno, false},
+        {"", 0, Bordo::Nessuno, false},
+        {Testo(14, ' ') + stelle, 0, Bordo::Asterischi, false},
+        {Testo(14, ' ') + vuoto, 0, Bordo::Vuoto, false},
+        {Testo(14, ' ') + stelle + "*", 5, Bordo::Nessuno, false},
+        {"000001     " + stelle, 11, Bordo::Nessuno, false},
+        {Testo(11, ' ') + errore, 0, Bordo::Nessuno, true},
+        {Testo(5, ' ') + errore, 0, Bordo::Nessuno, true},
+        {Testo(11, ' ') + errore + "x", 5, Bordo::Nessuno, false},
+        {"000001     " + errore, 11, Bordo::Nessuno, false}, // a source may say so
+    };
+    for (const Riga& riga : righe) {
+        EXPECT_EQ(CampoDiRiga(riga.Scritta), riga.Campo) << riga.Scritta;
+        EXPECT_EQ(BordoDiRiquadro(riga.Scritta), riga.Che) << riga.Scritta;
+        EXPECT_EQ(morvella::RigaErrore(riga.Scritta), riga.Errore) << riga.Scritta;
+    }
+}
+
 TEST(Decodifica, NessunControlloArrivaAlTerminale) {
     // The five bytes that Windows-1252 leaves open are control characters of the second set.
     std::vector<Tratto> tratti;

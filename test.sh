@@ -15,7 +15,8 @@ for opzione in "$@"; do
     *) echo "test.sh [--browser] [--schermo]" >&2; exit 2 ;;
   esac
 done
-serve g++ cmake ninja-build libgtest-dev libbenchmark-dev qt6-base-dev fonts-liberation
+serve g++ cmake ninja-build libgtest-dev libbenchmark-dev qt6-base-dev fonts-liberation \
+  desktop-file-utils appstream libxml2-utils shared-mime-info
 
 for modo in release asan ubsan; do
   echo "== $modo"

@@ -69,7 +69,7 @@ QPalette TavolozzaForma() {
     t.setColor(QPalette::HighlightedText, Qt::white);
     t.setColor(QPalette::ToolTipBase, QColor(255, 255, 225));
     t.setColor(QPalette::ToolTipText, Qt::black);
-    const QColor spento(96, 96, 96);
+    const QColor spento(88, 88, 88);
     for (const auto ruolo : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         t.setColor(QPalette::Disabled, ruolo, spento);
     return t;

@@ -1,2 +1,5 @@
 # SPDX-License-Identifier: MIT
-morvella_prova_qt(finestra_test morvella_finestra finestra_test.cpp)
+# The main window and the help panel: finestra_NAME_test from NAME_test.cpp.
+foreach(nome forma corsa opzioni)
+  morvella_prova_qt(finestra_${nome}_test morvella_finestra ${nome}_test.cpp)
+endforeach()

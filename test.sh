@@ -1,8 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Builds everything and runs every test, then again under AddressSanitizer and under
-# UndefinedBehaviorSanitizer. With --browser also walks through the pages of the sample in a
-# real browser, with --schermo through the windows on a screen in memory; screenshots stay in
+# Builds everything and runs every test, then again under AddressSanitizer and
+# UndefinedBehaviorSanitizer in one build. With --browser also walks through the pages of the sample
+# in a real browser, with --schermo through the windows on a screen in memory; screenshots stay in
 # build-release/schermate.
 set -eu
 cd "$(dirname "$0")"
@@ -18,7 +18,7 @@ done
 serve g++ cmake ninja-build libgtest-dev libbenchmark-dev qt6-base-dev fonts-liberation \
   desktop-file-utils appstream libxml2-utils shared-mime-info
 
-for modo in release asan ubsan; do
+for modo in release sanitizers; do
   echo "== $modo"
   cmake --preset $modo -DMORVELLA_PROVE=ON >/dev/null
   cmake --build --preset $modo

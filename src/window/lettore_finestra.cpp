@@ -257,7 +257,7 @@ void FinestraLettore::FaiMenu() {
     vai->addSeparator();
     suStruttura(Azione(vai, "procedura", "Alla procedura s&eguente", {QKeySequence("Ctrl+PgDown")},
                        [this] { ProceduraVicina(true); }));
-    suStruttura(Azione(vai, "proceduraPrima", "Alla procedura p&rima", {QKeySequence("Ctrl+PgUp")},
+    suStruttura(Azione(vai, "proceduraPrima", "Alla procedura prece&dente", {QKeySequence("Ctrl+PgUp")},
                        [this] { ProceduraVicina(false); }));
 
     QMenu* visualizza = menuBar()->addMenu("V&isualizza");
@@ -796,7 +796,7 @@ void FinestraLettore::Tasti() {
         {"F3, Shift+F3", "successivo, precedente"},
         {"Ctrl+G", "vai a un numero di riga"},
         {"F8, Shift+F8", "errore successivo, precedente"},
-        {"Ctrl+Pag giù, Ctrl+Pag su", "procedura seguente, prima"},
+        {"Ctrl+Pag giù, Ctrl+Pag su", "procedura seguente, precedente"},
         {"F6", "alla lista delle procedure e ritorno"},
         {"F9", "mostra o nascondi la lista"},
         {"Ctrl++, Ctrl+-, Ctrl+0", "più grande, più piccolo, normale"},

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
 # The main window and the help panel: finestra_NAME_test from NAME_test.cpp.
-foreach(nome forma corsa opzioni)
+foreach(nome forma corsa opzioni elenchi)
   morvella_prova_qt(finestra_${nome}_test morvella_finestra ${nome}_test.cpp)
 endforeach()

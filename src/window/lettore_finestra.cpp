@@ -224,7 +224,10 @@ void FinestraLettore::FaiMenu() {
         if (!sparita_) Dici("Riletto.");
     }));
     file->addSeparator();
+    // A Qt can come without PDF, without printing or without either.
+#if QT_CONFIG(pdf)
     suStruttura(Azione(file, "pdf", "Salva come &PDF...", {}, [this] { SalvaPdf(); }));
+#endif
 #ifdef MORVELLA_STAMPA
     suStruttura(Azione(file, "stampa", "&Stampa...", {QKeySequence("Ctrl+P")}, [this] { StampaSuCarta(); }));
 #endif
@@ -717,7 +720,7 @@ void FinestraLettore::dropEvent(QDropEvent* evento) {
 
 namespace {
 
-bool Porta(QWidget* sopra, Stampa& stampa, Lungo da, Lungo a) {
+[[maybe_unused]] bool Porta(QWidget* sopra, Stampa& stampa, Lungo da, Lungo a) {
     QProgressDialog avanzamento("Preparazione delle pagine...", "&Annulla", 0, static_cast<int>(a - da + 1),
                                 sopra);
     avanzamento.setWindowTitle("Morvella Lettore");
@@ -731,7 +734,8 @@ bool Porta(QWidget* sopra, Stampa& stampa, Lungo da, Lungo a) {
 
 } // namespace
 
-bool FinestraLettore::ScriviPdf(const QString& dove, QString& perche) {
+bool FinestraLettore::ScriviPdf([[maybe_unused]] const QString& dove, QString& perche) {
+#if QT_CONFIG(pdf)
     QSaveFile file(dove); // a PDF cut short must not stand in the place of a whole one
     if (!file.open(QIODevice::WriteOnly)) {
         perche = "Il file non si può scrivere.";
@@ -752,6 +756,9 @@ bool FinestraLettore::ScriviPdf(const QString& dove, QString& perche) {
     }
     if (file.commit()) return true;
     perche = "Il file non si può scrivere fino in fondo.";
+#else
+    perche = "Questa versione non scrive PDF.";
+#endif
     return false;
 }
 

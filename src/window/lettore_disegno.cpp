@@ -142,7 +142,8 @@ void Griglia::Connettore(QPainter& penna, qreal x, qreal y, char16_t c, bool dop
         penna.restore();
     };
     // A single stroke begins at s1; of a double one the first begins at s1, the second at s2.
-    const int grosso = doppio ? 3 * t : t;
+    const int tra = std::max(t, static_cast<int>(std::lround(w * 0.25)));
+    const int grosso = doppio ? 2 * t + tra : t;
     const int x1 = (w - grosso) / 2;
     const int y1 = (h - grosso) / 2;
     const int x2 = x1 + grosso - t;

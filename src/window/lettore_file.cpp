@@ -15,8 +15,8 @@ namespace {
 // A block ends at whichever comes first, so that neither many short lines nor a few long ones
 // make it large.
 constexpr Lungo RighePerBlocco = 1024;
-constexpr std::uint64_t BytesPerBlocco = 256 * 1024;
-constexpr std::size_t Boccone = 1024 * 1024; // of the reading from end to end
+constexpr std::uint64_t BytesPerBlocco = std::uint64_t{256} * 1024;
+constexpr std::size_t Boccone = std::size_t{1024} * 1024; // of the reading from end to end
 constexpr std::size_t TestaTenuta = 256;
 constexpr std::size_t Limite = Struttura::LimiteRiga;
 

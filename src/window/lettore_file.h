@@ -35,7 +35,7 @@ Testo NomeBreve(const Procedura& procedura);
 struct Posizione {
     Lungo Riga = 0;
     Lungo Byte = 0;
-    auto operator<=>(const Posizione&) const = default;
+    auto operator<=>(const Posizione&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// A text to look for, as it is shown: case is folded, connectors are their drawn characters.
@@ -70,7 +70,7 @@ struct Appiglio {
 class Struttura {
   public:
     /// A line longer than this goes on in the next one, so that any file can be shown.
-    static constexpr Lungo LimiteRiga = 1024 * 1024;
+    static constexpr Lungo LimiteRiga = Lungo{1024} * 1024;
 
     /// With `lf` a lone LF ends a line too; so it does in a file without any CR LF.
     explicit Struttura(std::filesystem::path percorso, bool lf = false)

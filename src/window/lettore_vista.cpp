@@ -246,7 +246,7 @@ void VistaStruttura::DisegnaUna(QPainter& penna, Lungo i, qreal y) {
     Colori colori = colori_;
     if (i == cursore_.Riga && hasFocus()) colori.Numero = colori_.Testo;
     if (!fette_.empty() && fette_[0].Che == Tratto::Errore)
-        penna.fillRect(QRectF(0, y, viewport()->width(), griglia_.Alta()), colori_.ErroreFondo);
+        penna.fillRect(QRectF(-1, y, viewport()->width() + 2, griglia_.Alta()), colori_.ErroreFondo);
 
     std::vector<Macchia> macchie;
     const Lungo margine = ago_.Lunghezza();
@@ -282,6 +282,11 @@ void VistaStruttura::paintEvent(QPaintEvent*) {
                        detto_);
         return;
     }
+    // With a scale of one and a half the view may begin between two points of the screen; there a
+    // stroke would come out now thinner, now thicker, and two would not always meet.
+    const QTransform schermo = penna.deviceTransform();
+    penna.translate((std::round(schermo.dx()) - schermo.dx()) / scala_,
+                    (std::round(schermo.dy()) - schermo.dy()) / scala_);
     const Lungo fine = std::min(Righe(), PrimaRiga() + RigheInVista() + 2);
     for (Lungo i = PrimaRiga(); i < fine; ++i)
         DisegnaUna(penna, i, static_cast<qreal>(i - PrimaRiga()) * griglia_.Alta());

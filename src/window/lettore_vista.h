@@ -22,7 +22,7 @@ class VistaStruttura : public QAbstractScrollArea {
     /// Percent; one step of the zoom is a tenth of the usual size.
     static constexpr int ZoomMinimo = 50, ZoomMassimo = 400, ZoomPasso = 10;
     /// More than this is not copied: nobody pastes it, and it would be held twice.
-    static constexpr Lungo LimiteCopia = 128 * 1024 * 1024;
+    static constexpr Lungo LimiteCopia = Lungo{128} * 1024 * 1024;
 
     explicit VistaStruttura(QWidget* sopra = nullptr);
 

@@ -789,18 +789,24 @@ void ProvaFinestra::NienteInterruzioniNellaVista() {
     v->MettiPrimaRiga(0);
     for (const int zoom : {50, 80, 100, 110, 130, 170, 200, 300, 400}) {
         v->MettiZoom(zoom);
-        const QImage q = v->viewport()->grab().toImage();
+        f->menuBar()->setFixedHeight(20 + zoom % 7); // the view on another point of the screen
+        QTest::qWait(20);
+        // In the window, where the view may stand between two points of the screen.
+        const QImage q = f->grab().toImage();
         const qreal scala = q.devicePixelRatio();
+        const QPointF posto = v->viewport()->mapTo(f, QPoint(0, 0));
+        const int fondo = static_cast<int>((posto.y() + v->viewport()->height()) * scala) - 1;
         const auto unito = [&](int colonna) {
-            const int da = static_cast<int>(std::ceil((4 + colonna * v->Celle().Larga()) * scala));
-            const int a = static_cast<int>((4 + (colonna + 1) * v->Celle().Larga()) * scala);
-            const int cima = static_cast<int>(std::ceil(2 * v->Celle().Alta() * scala));
+            const qreal x = posto.x() + 4 + colonna * v->Celle().Larga();
+            const int da = static_cast<int>(std::round(x * scala));
+            const int a = static_cast<int>(std::round((x + v->Celle().Larga()) * scala));
+            const int cima = static_cast<int>(std::ceil((posto.y() + 2 * v->Celle().Alta()) * scala)) + 1;
             int quanti = 0;
             bool prima = false;
-            for (int x = da; x < a; ++x) {
+            for (int px = da; px < a; ++px) {
                 bool pieno = true;
-                for (int y = cima; y < q.height() && pieno; ++y)
-                    pieno = Contrasto(q.pixelColor(x, y), v->Tinte().Fondo) > 3;
+                for (int y = cima; y < fondo && pieno; ++y)
+                    pieno = Contrasto(q.pixelColor(px, y), v->Tinte().Fondo) > 3;
                 quanti += pieno && !prima;
                 prima = pieno;
             }

@@ -3,7 +3,9 @@
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -37,6 +39,13 @@ void Figura::mouseReleaseEvent(QMouseEvent* evento) {
     if (evento->button() == Qt::LeftButton && rect().contains(evento->pos())) emit Cliccata();
 }
 
+namespace {
+
+// A text as it comes back from the system's bytes.
+QString Tenuto(const QString& scritto) { return Mostra(DaUtente(scritto)); }
+
+} // namespace
+
 CasellaTesto::CasellaTesto(QWidget* genitore) : QPlainTextEdit(genitore) {
     setTabChangesFocus(true); // a TAB would keep who has no mouse inside
     setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -63,22 +72,34 @@ void CasellaTesto::Mostra(const Testo& testo) {
 
 void CasellaTesto::Cambiata() {
     if (mostra_) return;
-    // What cannot be stored is seen at once, where it was typed.
-    for (QTextBlock blocco = document()->begin(); blocco.isValid(); blocco = blocco.next()) {
-        const QString scritto = blocco.text();
-        const QString tenuto = morvella::Mostra(DaUtente(scritto));
-        if (scritto == tenuto) continue;
-        mostra_ = true;
-        QTextCursor cursore(blocco);
-        const int prima = textCursor().position();
-        cursore.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        cursore.insertText(tenuto);
-        QTextCursor dove = textCursor();
-        dove.setPosition(std::min(prima, document()->characterCount() - 1));
-        setTextCursor(dove);
-        mostra_ = false;
-    }
     emit Scritta(Bytes());
+}
+
+// On its way in, and not behind it: a correction would be a step of its own, which undoing takes
+// back and which then comes again.
+void CasellaTesto::keyPressEvent(QKeyEvent* evento) {
+    QKeyEvent tenuto(evento->type(), evento->key(), evento->modifiers(), Tenuto(evento->text()),
+                     evento->isAutoRepeat());
+    QPlainTextEdit::keyPressEvent(&tenuto);
+    evento->setAccepted(tenuto.isAccepted());
+}
+
+void CasellaTesto::inputMethodEvent(QInputMethodEvent* evento) {
+    QInputMethodEvent tenuto(evento->preeditString(), evento->attributes());
+    tenuto.setCommitString(Tenuto(evento->commitString()), evento->replacementStart(),
+                           evento->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&tenuto);
+    evento->setAccepted(tenuto.isAccepted());
+}
+
+bool CasellaTesto::canInsertFromMimeData(const QMimeData* dati) const {
+    return !dati->hasUrls() && QPlainTextEdit::canInsertFromMimeData(dati);
+}
+
+void CasellaTesto::insertFromMimeData(const QMimeData* dati) {
+    QMimeData tenuto;
+    tenuto.setText(Tenuto(dati->text().replace(QChar::ParagraphSeparator, '\n')));
+    QPlainTextEdit::insertFromMimeData(&tenuto);
 }
 
 void CasellaTesto::contextMenuEvent(QContextMenuEvent* evento) {

@@ -41,7 +41,9 @@ class Figura : public QWidget {
     bool stirata_;
 };
 
-/// The header's text: plain, its lines ended by CR LF in the system's bytes.
+/// The header's text: plain, its lines ended by CR LF in the system's bytes. What Windows-1252
+/// does not have is a "?" from the moment that it is typed or pasted. A file that is dropped on
+/// it goes to the form.
 class CasellaTesto : public QPlainTextEdit {
     Q_OBJECT
   public:
@@ -55,6 +57,10 @@ class CasellaTesto : public QPlainTextEdit {
 
   protected:
     void contextMenuEvent(QContextMenuEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void inputMethodEvent(QInputMethodEvent* evento) override;
+    bool canInsertFromMimeData(const QMimeData* dati) const override;
+    void insertFromMimeData(const QMimeData* dati) override;
 
   private:
     Testo Bytes() const;

@@ -444,12 +444,14 @@ void VornOK::Termina(int codice) {
     QCoreApplication::exit(codice);
 }
 
-void VornOK::MuoviDir1(const std::string& percorso) {
-    if (Archivio::TestoDiPercorso(percorso) == s_.Dir1Path) return; // no change, no event
+// Whether Dir1 changed, and with it raised its event.
+bool VornOK::MuoviDir1(const std::string& percorso) {
+    if (Archivio::TestoDiPercorso(percorso) == s_.Dir1Path) return false;
     CambiaDir1(s_, percorso);
     // Whoever goes up from a volume or down into one has changed the drive that is shown; that
     // is no change of Drive1, and raises nothing.
     s_.Drive1Drive = DaUtente(QString::fromStdString(UnitaDi(disco_.ElencaUnita(), percorso)));
+    return true;
 }
 
 void VornOK::Apri(const std::string& percorso) {
@@ -462,8 +464,15 @@ void VornOK::Apri(const std::string& percorso) {
     const std::size_t barra = intero.find_last_of('/');
     if (cosa.Tipo == TipoVoce::File && LCase(intero).ends_with(".vbp")) {
         Evento([&] {
-            MuoviDir1(Genitore(intero));
-            ElencaProgetti(s_); // the file may be younger than the list
+            const bool mossa = MuoviDir1(Genitore(intero));
+            try {
+                ElencaProgetti(s_); // the file may be younger than the list
+            } catch (const Errore& e) {
+                // A directory that may be entered and not be read, which is no end of the program.
+                // When Dir1 moved there its event has told it.
+                if (!mossa) MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
+                return;
+            }
             const Testo nome = s_.File.Ricorda(intero.substr(barra + 1));
             const auto& nomi = s_.File1Leggi.Nomi;
             const auto dove = std::find(nomi.begin(), nomi.end(), nome);

@@ -95,7 +95,7 @@ class VornOK : public QMainWindow, public Finestra {
     void AggiornaUnita();
     void Ridisegna();
     void RileggiDisco();
-    void MuoviDir1(const std::string& percorso);
+    bool MuoviDir1(const std::string& percorso);
 
     Disco& disco_;
     Stato s_;

@@ -19,13 +19,11 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <map>
 #include <sstream>
 
 #include "cli/programma.h"
+#include "sostegno/alberi.h"
 #include "sostegno/disco_orologio.h"
-#include "text/archivio.h"
 
 namespace fs = std::filesystem;
 
@@ -33,97 +31,14 @@ namespace morvella::prove {
 
 namespace {
 
-using Albero = std::map<std::string, std::string>; // path below a directory, bytes
-
-std::string LeggiTutto(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-std::vector<std::string> Righe(const fs::path& file) {
-    std::vector<std::string> righe;
-    std::ifstream in(file);
-    for (std::string riga; std::getline(in, riga);)
-        if (!riga.empty()) righe.push_back(riga);
-    return righe;
-}
-
-Albero LeggiAlbero(const fs::path& radice) {
-    Albero albero;
-    if (!fs::exists(radice)) return albero;
-    for (const auto& voce : fs::recursive_directory_iterator(radice))
-        if (voce.is_regular_file())
-            albero[voce.path().lexically_relative(radice).generic_string()] = LeggiTutto(voce.path());
-    return albero;
-}
-
-constexpr const char* Figure[] = {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"};
-
-bool EFigura(const std::string& file) {
-    const std::string nome = LCase(fs::path(file).filename().string());
-    return std::any_of(std::begin(Figure), std::end(Figure),
-                       [&](const char* figura) { return nome == LCase(figura); });
-}
-
-// What a run wrote, as a case keeps it.
-void SenzaLuogo(Albero& albero, const fs::path& qui) {
-    const std::string luogo = Archivio::TestoDiPercorso(qui.generic_string()) + "\\";
-    for (auto& [file, bytes] : albero)
-        if (file.ends_with(".Html"))
-            for (std::size_t i = bytes.find(luogo); i != std::string::npos; i = bytes.find(luogo, i + 1))
-                bytes.replace(i, luogo.size(), "\\caso\\");
-    std::erase_if(albero, [](const auto& voce) { return EFigura(voce.first) && voce.second == "figura"; });
-}
-
-std::string ConSegni(const std::string& bytes) {
-    std::string testo;
-    for (const char c : bytes) {
-        char segno[8];
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 32 && byte < 127 && c != '\\') {
-            testo += c;
-        } else {
-            std::snprintf(segno, sizeof segno, "\\x%02X", byte);
-            testo += segno;
-        }
-    }
-    return testo;
-}
-
-// The line of `bytes` around `posto`.
-std::string RigaA(const std::string& bytes, std::size_t posto) {
-    const std::size_t da = posto == 0 ? std::string::npos : bytes.rfind('\n', posto - 1);
-    const std::size_t inizio = da == std::string::npos ? 0 : da + 1;
-    return ConSegni(bytes.substr(inizio, std::min(bytes.find('\n', posto), bytes.size()) - inizio));
-}
-
 void Confronta(const Albero& atteso, const Albero& avuto, const std::string& che) {
-    for (const auto& [file, bytes] : atteso) {
-        const auto trovato = avuto.find(file);
-        if (trovato == avuto.end()) {
-            ADD_FAILURE() << che << ": manca " << file;
-            continue;
-        }
-        if (trovato->second == bytes) continue;
-        const auto diverso =
-            std::mismatch(bytes.begin(), bytes.end(), trovato->second.begin(), trovato->second.end());
-        const auto posto = static_cast<std::size_t>(diverso.first - bytes.begin());
-        ADD_FAILURE() << che << ": " << file << " riga "
-                      << 1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(posto),
-                                        '\n')
-                      << " byte " << posto << "\n  atteso \"" << RigaA(bytes, posto) << "\"\n  avuto  \""
-                      << RigaA(trovato->second, posto) << '"';
-    }
-    for (const auto& [file, bytes] : avuto)
-        if (!atteso.contains(file)) ADD_FAILURE() << che << ": in piu' " << file;
+    for (const std::string& diversa : Differenze(atteso, avuto)) ADD_FAILURE() << che << ": " << diversa;
 }
 
 class Caso : public testing::Test {
   public:
-    explicit Caso(fs::path directory) : caso_(std::move(directory)), progetto_(caso_ / "progetto") {
-        if (fs::exists(caso_ / "progetto-da"))
-            progetto_ = fs::path(MORVELLA_RADICE) / Righe(caso_ / "progetto-da").at(0);
-    }
+    explicit Caso(fs::path directory)
+        : caso_(std::move(directory)), progetto_(ProgettoDiCaso(caso_, MORVELLA_RADICE)) {}
 
     void TestBody() override {
         Passa("prima");
@@ -135,21 +50,12 @@ class Caso : public testing::Test {
     void Passa(const std::string& quale) {
         const fs::path qui =
             fs::path(MORVELLA_CASI_USCITA) / caso_.parent_path().filename() / caso_.filename() / quale;
-        fs::remove_all(qui);
-        fs::create_directories(qui);
-        fs::copy(progetto_, qui / "progetto", fs::copy_options::recursive);
-        for (const char* figura : Figure) std::ofstream(qui / figura) << "figura";
-        Guarda(qui, quale);
-        Guarda(qui, quale + ", di nuovo");
+        const fs::path progetto = PreparaCaso(caso_, qui, MORVELLA_RADICE);
+        Guarda(qui, progetto, quale);
+        Guarda(qui, progetto, quale + ", di nuovo");
     }
 
-    void Guarda(const fs::path& qui, const std::string& quale) {
-        fs::path progetto;
-        for (const auto& voce : fs::recursive_directory_iterator(qui / "progetto"))
-            if (voce.path().extension() == ".vbp" && voce.path().parent_path().filename() != "Appoggio")
-                progetto = voce.path();
-        ASSERT_FALSE(progetto.empty()) << caso_;
-
+    void Guarda(const fs::path& qui, const fs::path& progetto, const std::string& quale) {
         std::vector<std::string> argomenti = Righe(caso_ / "opzioni");
         const bool comando = !argomenti.empty() && argomenti.front().front() != '-';
         if (!comando) argomenti.insert(argomenti.begin(), "riordina");

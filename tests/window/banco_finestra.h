@@ -103,6 +103,13 @@ class Risponditore : public QObject {
     QTimer timer_;
 };
 
+/// A new program. An end that came to the one before outside of its loop would end every box's
+/// loop from then on.
+inline void Ricomincia() {
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+}
+
 /// The form, with a bell that can be counted.
 class Forma : public VornOK {
   public:
@@ -127,9 +134,7 @@ struct Banco {
         Disco.FaiDirectory("/prog");
     }
     Forma& Apri(const std::string& directory = "/p") {
-        // An end that came to a program outside of its loop would end every box's loop from then on.
-        QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
-        QCoreApplication::exec();
+        Ricomincia();
         W = std::make_unique<Forma>(Disco, "/prog", directory);
         W->show();
         Attiva();

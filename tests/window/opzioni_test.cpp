@@ -55,6 +55,8 @@ class OpzioniTest : public QObject {
     void accenti();
     void spazioCheNonSiSpezza();
     void caratteriIgnoti();
+    void annullaOltreUnCarattereIgnoto();
+    void composizione();
     void incolla();
     void soliBlank();
     void rigaOk();
@@ -397,10 +399,38 @@ void OpzioniTest::caratteriIgnoti() {
     QCOMPARE(b.Text1()->toPlainText(), QString("a?b")); // seen where it is typed
     QCOMPARE(b.Text1()->textCursor().position(), 3);
     b.Text1()->selectAll();
-    b.Text1()->insertPlainText(QString::fromUcs4(U"x\U0001F600y\u0100")); // one "?" each
+    QApplication::clipboard()->setText(QString::fromUcs4(U"x\U0001F600y\u0100")); // one "?" each
+    QTest::keySequence(b.Text1(), QKeySequence::Paste);
     QCOMPARE(b.Text1()->toPlainText(), QString("x?y?"));
     b.Linguette()->setFocus();
     QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\nx?y?\r\nKO\r\n"));
+}
+
+void OpzioniTest::annullaOltreUnCarattereIgnoto() {
+    Banco b;
+    b.Disco.Metti("/prog/Default.ini", "KO\r\nKO\r\n'mio\r\nKO\r\n");
+    b.Apri();
+    b.Scheda(1);
+    b.Text1()->setFocus();
+    Digita(b.Text1(), "→");
+    QCOMPARE(b.Text1()->toPlainText(), QString("?'mio\n"));
+    QTest::keySequence(b.Text1(), QKeySequence::Undo);
+    QCOMPARE(b.Text1()->toPlainText(), QString("'mio\n"));
+    QCOMPARE(b.W->S().Text1, Testo("'mio\r\n"));
+}
+
+// Characters that a composition gives arrive by another way than keys.
+void OpzioniTest::composizione() {
+    Banco b;
+    b.Apri();
+    b.Scheda(1);
+    b.Text1()->setFocus();
+    b.Text1()->selectAll();
+    QInputMethodEvent evento("", {});
+    evento.setCommitString("è→");
+    QApplication::sendEvent(b.Text1(), &evento);
+    QCOMPARE(b.Text1()->toPlainText(), QString("è?"));
+    QCOMPARE(b.W->S().Text1, Testo("\xE8?"));
 }
 
 void OpzioniTest::incolla() {

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// tests/sostegno/alberi.h
+//
+// Trees of files: read, and compared byte for byte. And what the directories of tests/casi hold,
+// for whoever runs them.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace morvella::prove {
+
+using Albero = std::map<std::string, std::string>; // path below a directory, bytes
+
+/// The lines of a small file, without empty ones; none when there is no such file.
+std::vector<std::string> Righe(const std::filesystem::path& file);
+Albero LeggiAlbero(const std::filesystem::path& radice);
+
+/// The pictures of the pages, as the pages spell them.
+inline constexpr const char* Figure[] = {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"};
+
+/// What a run below `qui` wrote, as a case keeps it: pages name "\\caso" and not the place, and
+/// pictures are left out.
+void SenzaLuogo(Albero& albero, const std::filesystem::path& qui);
+
+/// Where two trees differ, one text for each file: its line and offset, and both lines.
+std::vector<std::string> Differenze(const Albero& atteso, const Albero& avuto);
+
+/// A fresh copy of a case's project in `qui`/progetto, with the pictures in `qui`, which is where
+/// the program lies. Gives the project file. `radice` is the repository.
+std::filesystem::path PreparaCaso(const std::filesystem::path& caso, const std::filesystem::path& qui,
+                                  const std::filesystem::path& radice);
+/// Where the case's project comes from.
+std::filesystem::path ProgettoDiCaso(const std::filesystem::path& caso, const std::filesystem::path& radice);
+
+} // namespace morvella::prove

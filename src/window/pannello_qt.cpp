@@ -34,6 +34,18 @@ void Sfondo(QWidget* controllo, const QColor& colore) {
     controllo->setAutoFillBackground(true);
 }
 
+// The text's font, smaller where a face that is wider than the one that is meant has to stand for
+// it: its lines are centred, and would lose both ends.
+QFont CarattereCheCabe() {
+    QFont carattere = CarattereHelp();
+    const auto cabe = [&](Vista riga) {
+        return QFontMetricsF(carattere).horizontalAdvance(Mostra(riga)) <= Posto("Picture2").width();
+    };
+    while (carattere.pixelSize() > 8 && !std::all_of(TestoHelp.begin(), TestoHelp.end(), cabe))
+        carattere.setPixelSize(carattere.pixelSize() - 1);
+    return carattere;
+}
+
 QLabel* FaiTitolo(QWidget* genitore, const QString& nome, const QColor& colore) {
     auto* etichetta = new Muto<QLabel>(Mostra(Titolo), genitore);
     Metti(etichetta, nome);
@@ -52,7 +64,7 @@ QLabel* FaiTitolo(QWidget* genitore, const QString& nome, const QColor& colore) 
 
 TestoRotolato::TestoRotolato(QWidget* genitore, const Pannello& p)
     : Figura(genitore, ":/finestra/Picture2.jpg", false), p_(p) {
-    setFont(CarattereHelp());
+    setFont(CarattereCheCabe());
     Sfondo(this, BluHelp);
 }
 

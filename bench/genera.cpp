@@ -19,8 +19,10 @@ namespace {
 
 constexpr const char* Uso =
     "genera DIR [--moduli N] [--righe N] [--seme N] [--show N] [--lunghezza N]\n"
+    "genera DIR --aperti N [--profondi N]\n"
     "Writes a synthetic project, DIR/Sintetico.vbp, with N lines over all its modules\n"
-    "and N .Show calls; with --lunghezza plain statements have at least N characters.\n";
+    "and N .Show calls; with --lunghezza plain statements have at least N characters. The second form:\n"
+    "one procedure that opens N blocks, of them at most --profondi at a time.\n";
 
 long long Intero(const char* testo) {
     long long n = 0;
@@ -71,6 +73,10 @@ int main(int argc, char** argv) {
                 ricetta.Show = valore();
             } else if (a == "--lunghezza") {
                 ricetta.Lunghezza = valore();
+            } else if (a == "--aperti") {
+                ricetta.Aperti = valore();
+            } else if (a == "--profondi") {
+                ricetta.Profondi = valore();
             } else if (!a.starts_with("-") && directory.empty()) {
                 directory = a;
             } else {
@@ -82,8 +88,8 @@ int main(int argc, char** argv) {
 
         fs::create_directories(directory);
         std::string righe;
-        for (long long i = 0; i < ricetta.Moduli; ++i) {
-            const ModuloSintetico modulo = FaiModulo(ricetta, i);
+        for (long long i = 0; i < (ricetta.Aperti > 0 ? 1 : ricetta.Moduli); ++i) {
+            const ModuloSintetico modulo = ricetta.Aperti > 0 ? FaiScala(ricetta) : FaiModulo(ricetta, i);
             Scrivi(directory / NomeSulDisco(modulo.Nome), modulo.Testo);
             if (!modulo.Companione.empty())
                 Scrivi(directory / NomeSulDisco(modulo.NomeCompanione), modulo.Companione);

@@ -59,8 +59,7 @@ class Scrittore {
 
     void Riga(int livello, std::initializer_list<Vista> pezzi) {
         testo_.append(static_cast<std::size_t>(livello) * 4, ' ');
-        for (const Vista pezzo : pezzi)
-            testo_ += pezzo;
+        for (const Vista pezzo : pezzi) testo_ += pezzo;
         testo_ += "\r\n";
         ++fatte_;
     }
@@ -124,8 +123,7 @@ void Scrittore::TestaForm(const std::string& nome, bool companione) {
     Riga(0, "   LinkTopic       =   \"Form1\"");
     Riga(0, "   StartUpPosition =   3  'Windows Default");
     const long long controlli = std::min((righe_ - RigheMinime) / 40, 30LL);
-    for (long long i = 0; i < controlli; ++i)
-        Controllo(nome, i);
+    for (long long i = 0; i < controlli; ++i) Controllo(nome, i);
     Riga(0, "End");
     Attributi(nome, true);
     Riga(0, "Option Explicit");
@@ -194,8 +192,7 @@ void Scrittore::Istruzione(int livello) {
     } else if (lunghezza_ > 0) {
         std::string lunga(Uno(Variabili));
         lunga += " = \"";
-        while (static_cast<long long>(lunga.size()) + 1 < lunghezza_)
-            lunga.append(Uno(Temi)).append(" ");
+        while (static_cast<long long>(lunga.size()) + 1 < lunghezza_) lunga.append(Uno(Temi)).append(" ");
         Riga(livello, {lunga, "\""});
     } else {
         Semplice(livello);
@@ -295,8 +292,7 @@ void Scrittore::Codice(Genere genere) {
         const bool tutte = Restano() - chieste < 10;
         Procedura(genere, tutte ? std::min(Restano(), 60LL) : chieste);
     }
-    while (Restano() > 0)
-        Riga(0, "' fine del modulo");
+    while (Restano() > 0) Riga(0, "' fine del modulo");
     if (MancanoShow()) throw std::invalid_argument("so many .Show calls do not fit into the lines");
 }
 
@@ -306,8 +302,7 @@ long long Parte(long long totale, long long moduli, long long i) {
 
 std::string Byte(Scrittore& s, long long quanti) {
     std::string bytes;
-    for (long long i = 0; i < quanti; ++i)
-        bytes += static_cast<char>(s.Caso(256));
+    for (long long i = 0; i < quanti; ++i) bytes += static_cast<char>(s.Caso(256));
     return bytes;
 }
 
@@ -360,6 +355,25 @@ ModuloSintetico FaiModulo(const Ricetta& ricetta, long long i) {
     s.Codice(genere);
     m.Testo = s.Preso();
     return m;
+}
+
+ModuloSintetico FaiScala(const Ricetta& ricetta) {
+    Scrittore s(ricetta, 0, 0, 0);
+    const long long profondi = ricetta.Profondi > 0 ? ricetta.Profondi : ricetta.Aperti;
+    s.Riga(0, "Private Sub Scala()");
+    long long livello = 0;
+    for (long long i = 0; i < ricetta.Aperti; ++i) {
+        if (livello == profondi)
+            for (; livello > 0; --livello) s.Riga(0, "End If");
+        s.Riga(0, "If a Then");
+        ++livello;
+    }
+    s.Riga(0, "End Sub");
+    return {.Nome = "frmScala.frm", // the code of a form begins with its first line
+            .RigaVbp = "Form=frmScala.frm\r\n",
+            .Testo = s.Preso(),
+            .Companione = {},
+            .NomeCompanione = {}};
 }
 
 std::string FaiVbp(const std::string& righeModuli) {

@@ -17,6 +17,8 @@ struct Ricetta {
     std::uint64_t Seme = 1;
     long long Show = -1;     // `.Show` calls of all modules together; below 0: one in 200 lines
     long long Lunghezza = 0; // characters that a plain statement has at least
+    long long Aperti = 0;    // above 0: a project of one module that opens so many blocks (FaiScala)
+    long long Profondi = 0;  // of them at most so many at a time; 0: all of them
 };
 
 /// The fewest lines that a module of any kind is made of.
@@ -34,6 +36,10 @@ struct ModuloSintetico {
 /// Module number `i` (from 0): exactly its share of the lines and of the calls. Throws
 /// std::invalid_argument when so many calls do not fit.
 ModuloSintetico FaiModulo(const Ricetta& ricetta, long long i);
+
+/// A form with one procedure, which opens `Aperti` blocks without a line between them. When
+/// `Profondi` stand open they are all closed again; the last ones stay open.
+ModuloSintetico FaiScala(const Ricetta& ricetta);
 
 /// The project file that holds the modules' lines, given in order and joined.
 std::string FaiVbp(const std::string& righeModuli);

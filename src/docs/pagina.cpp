@@ -236,19 +236,12 @@ void Scansione::Procedura() {
 
 // Where in a slice a line may begin with "private" or "public", behind blanks. For speed alone: it
 // only has to miss none.
-std::size_t CercaPrivatePublic(const char* p) {
-    const auto* prima = reinterpret_cast<const unsigned char*>(p) - 1;
-    const auto qui = [prima](std::size_t i) {
-        const auto seconda = static_cast<unsigned char>(prima[i + 2] | 32);
-        const auto terza = static_cast<unsigned char>(prima[i + 3] | 32);
-        return (prima[i] <= ' ') & ((prima[i + 1] | 32) == 'p') &
-               (((seconda == 'r') & (terza == 'i')) | ((seconda == 'u') & (terza == 'b')));
-    };
-    unsigned char forse = 0; // all at once, in a shape that compilers turn into wide steps
-    for (std::size_t i = 0; i < Canali::Fetta; ++i) forse = static_cast<unsigned char>(forse | qui(i));
-    std::size_t posto = forse != 0 ? 0 : Canali::Fetta;
-    while (posto < Canali::Fetta && !qui(posto)) ++posto;
-    return posto;
+Segni CercaPrivatePublic(const char* p) {
+    Segni trovati = 0;
+    for (Segni forse = DoveParola(p, 'p', 'v', 'l'); forse != 0; forse &= forse - 1) // "priv", "publ"
+        if (static_cast<unsigned char>(p[static_cast<std::ptrdiff_t>(PrimoSegno(forse)) - 1]) <= ' ')
+            trovati |= forse & (~forse + 1);
+    return trovati;
 }
 
 // The forms shown, in their order. The closing lines come in any case.

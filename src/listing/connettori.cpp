@@ -25,7 +25,9 @@ void Scrivi(Stato& s, const Pezzi&... pezzi) {
     Istruzione(s, [&] { s.Canale.Print(2, pezzi...); });
 }
 
-void ScriviRiga(Stato& s) { Scrivi(s, s.Numero, s.Margine, s.Riga); }
+[[gnu::always_inline]] inline void ScriviRiga(Stato& s) {
+    Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine); });
+}
 
 void Di(Stato& s, PassoMargine::Genere che, Lungo larghezza) {
     s.Casa.MargineMosso({che, s.RigaInLavoro, s.RigaFile, s.ContaRighe, larghezza, s.Margine, s.Riga});
@@ -34,10 +36,8 @@ void Di(Stato& s, PassoMargine::Genere che, Lungo larghezza) {
 // Margine = Mid(Margine, 1, Len(Margine) - 3). Error 5 on a margin that has no 3 bytes: behind
 // an End Sub a line that closes something ends the run here, and that is meant.
 void Taglia(Stato& s) {
-    Istruzione(s, [&] {
-        const Lungo resto = Len(Mid(s.Margine, 1, Len(s.Margine) - 3));
-        s.Margine.resize(static_cast<std::size_t>(resto));
-    });
+    if (Len(s.Margine) < 3) Istruzione(s, [&] { Mid(s.Margine, 1, Len(s.Margine) - 3); });
+    s.Margine.resize(s.Margine.size() - 3, ' ');
 }
 
 void Pavimento(Stato& s) {
@@ -45,16 +45,22 @@ void Pavimento(Stato& s) {
 }
 
 void Aggiungi(Stato& s, char a, char b, char c) {
-    s.Margine += a;
-    s.Margine += b;
-    s.Margine += c;
+    const char tre[] = {a, b, c};
+    s.Margine.append(tre, 3);
+}
+
+// Taglia and Aggiungi, on a margin that has its 3 bytes.
+void Ridisegna(Stato& s, char a, char b, char c) {
+    char* colonna = s.Margine.data() + s.Margine.size() - 3;
+    colonna[0] = a;
+    colonna[1] = b;
+    colonna[2] = c;
 }
 
 void ApriMargine(Stato& s, char a, char b, char c) {
     Aggiungi(s, a, b, '>');
     ScriviRiga(s);
-    Taglia(s);
-    Aggiungi(s, c, ' ', ' ');
+    Ridisegna(s, c, ' ', ' ');
     Di(s, PassoMargine::Apre, Len(s.Margine));
 }
 
@@ -64,8 +70,7 @@ void MedioMargine(Stato& s) {
     Taglia(s);
     Aggiungi(s, Innesto, Tratto, '>');
     ScriviRiga(s);
-    Taglia(s);
-    Aggiungi(s, Colonna, ' ', ' ');
+    Ridisegna(s, Colonna, ' ', ' ');
     Di(s, PassoMargine::Mezzo, Len(s.Margine));
 }
 
@@ -156,8 +161,8 @@ bool VerificaBlocco(Stato& s, Vista codice, bool togli) {
 }
 
 void ElencaRiga(Stato& s) {
-    const Classe classe = ClassificaRiga(s.Riga);
-    if (const Vista codice = CodiceBlocco(classe); !codice.empty()) s.StoriaBlocchi += codice;
+    const Classe classe = ClassificaRiga(s.Riga, s.Canale.PrimiOtto(s.Riga));
+    AnnotaBlocco(s.StoriaBlocchi, classe);
     switch (classe) {
     case RigaType: ScriviRiquadro(s); break; // at whatever margin it meets, which stays
     case RigaSub:

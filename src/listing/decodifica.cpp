@@ -57,7 +57,7 @@ void AccodaUtf8(std::string& utf8, char16_t c) {
     }
 }
 
-void Accoda(std::vector<Fetta>& fette, Tratto::Genere che, std::size_t quanti) {
+void Accoda(std::vector<Porzione>& fette, Tratto::Genere che, std::size_t quanti) {
     if (quanti == 0) return;
     if (!fette.empty() && fette.back().Che == che)
         fette.back().Quanti += quanti;
@@ -136,7 +136,7 @@ std::size_t CampoDiRiga(Vista riga) noexcept {
     return BordoDiRiquadro(riga) == Bordo::Nessuno && !RigaErrore(riga) ? 5 : 0;
 }
 
-void TagliaRiga(Vista riga, std::vector<Fetta>& fette) {
+void TagliaRiga(Vista riga, std::vector<Porzione>& fette) {
     fette.clear();
     if (BordoDiRiquadro(riga) != Bordo::Nessuno) return Accoda(fette, Tratto::Riquadro, riga.size());
     if (RigaErrore(riga)) return Accoda(fette, Tratto::Errore, riga.size());
@@ -182,9 +182,9 @@ char16_t Segno(Tratto::Genere che, char byte) noexcept {
 
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti) {
     tratti.clear();
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     TagliaRiga(riga, fette);
-    for (const Fetta& fetta : fette) {
+    for (const Porzione& fetta : fette) {
         const Vista bytes = riga.substr(fetta.Da, fetta.Quanti);
         Tratto& tratto = tratti.emplace_back(Tratto{fetta.Che, {}});
         if (Disegnata(fetta.Che))

@@ -33,15 +33,15 @@ std::string MostrabileUtf8(std::string_view utf8, bool righe = false);
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
 
 /// The same stretch as bytes of the line: `Quanti` of them, never 0, from the offset `Da`.
-struct Fetta {
+struct Porzione {
     Tratto::Genere Che;
     std::size_t Da;
     std::size_t Quanti;
-    bool operator==(const Fetta&) const = default;
+    bool operator==(const Porzione&) const = default;
 };
 
 /// Takes one line apart and builds no text. Together the slices are the whole line.
-void TagliaRiga(Vista riga, std::vector<Fetta>& fette);
+void TagliaRiga(Vista riga, std::vector<Porzione>& fette);
 
 /// What one byte of a stretch is shown as: one character for each, TAB as itself.
 char16_t Segno(Tratto::Genere che, char byte) noexcept;

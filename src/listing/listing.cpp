@@ -11,6 +11,8 @@ namespace morvella {
 
 namespace {
 
+constexpr Lungo NumeroMassimo = 999999; // of a line that shows its number
+
 // A form's control section ends here: the file starts anew, the margin and the history do not.
 void Riparti(Stato& s) {
     Istruzione(s, [&] { s.Canale.Close(2); });
@@ -18,6 +20,21 @@ void Riparti(Stato& s) {
     s.Numero = Space(5);
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
+}
+
+// The six digits go on by one: mostly the last alone changes.
+void AvanzaCifre(char* cifre) {
+    char* cifra = cifre + 5;
+    for (; *cifra == '9'; --cifra) *cifra = '0';
+    ++*cifra;
+}
+
+// The number field of line `n`, where that of the line before stands.
+void AvanzaNumero(TestoLargo& numero, Lungo n) {
+    if (n <= NumeroMassimo)
+        AvanzaCifre(numero.data());
+    else
+        numero = CampoNumero(n);
 }
 
 void ElencaFile(Stato& s, const Testo& voce) {
@@ -46,20 +63,21 @@ void ElencaFile(Stato& s, const Testo& voce) {
         ++s.ContaRighe;
         ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
-        s.Riga = Trim(Istruzione(s, [&] { return s.Canale.LineInput(1); }));
+        s.Riga = Istruzione(s, [&] { return s.Canale.LineInputTrim(1); }).Trimmata();
         const PassoTesta passo = AvanzaTestaStruttura(s);
         if (passo.Testa) ScriviTesta(s);
         if (passo.Codice || passo.Riparte) {
-            // Of ten lines nine differ from the one before by their last digit.
-            if (s.ContaRighe == scritto + 1 && s.Numero.size() == 11 && s.Numero[5] != '9')
-                ++s.Numero[5];
+            if (s.ContaRighe == scritto + 1)
+                AvanzaNumero(s.Numero, s.ContaRighe);
             else
                 s.Numero = CampoNumero(s.ContaRighe);
-            scritto = s.ContaRighe;
-            if (passo.Riparte)
+            if (passo.Riparte) {
                 Riparti(s);
-            else
+                scritto = -1;
+            } else {
                 ElencaRiga(s);
+                scritto = s.ContaRighe;
+            }
         }
         s.Riga = {}; // the channel may move what it has read
     }
@@ -95,7 +113,7 @@ void Elenca(Stato& s) {
 } // namespace
 
 Testo CampoNumero(Lungo n) {
-    if (n > 999999) return Testo(5, ' '); // the number disappears, and the margin moves to the left
+    if (n > NumeroMassimo) return Testo(5, ' '); // the number disappears, and the margin moves to the left
     char campo[] = "000000     ";
     auto resto = static_cast<unsigned>(n);
     for (char* cifra = campo + 5; resto > 0; resto /= 10) *cifra-- = static_cast<char>('0' + resto % 10);

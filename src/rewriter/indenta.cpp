@@ -14,7 +14,9 @@ void Scrivi(Stato& s, const Pezzi&... pezzi) {
     Istruzione(s, [&] { s.Canale.Print(2, pezzi...); });
 }
 
-void ScriviAlMargine(Stato& s) { Scrivi(s, s.Numero, s.Margine, s.Riga); }
+void ScriviAlMargine(Stato& s) {
+    Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine); });
+}
 
 void RigaVuota(Stato& s) { Scrivi(s); }
 
@@ -94,14 +96,14 @@ void ScriviAltra(Stato& s) {
     if (s.Riga.empty()) return;            // the source's own blank lines vanish
     if (Mid(s.Riga, 1, 2) == "'*") return; // the banners of an earlier run, and any like them
     if (s.TogliCommenti == 1 && Mid(s.Riga, 1, 1) == "'") return;
-    Scrivi(s, s.Numero, s.Margine, "     ", s.Riga);
+    Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine, "     "); });
 }
 
 } // namespace
 
 void RiscriviRiga(Stato& s) {
-    const Classe classe = ClassificaRiga(s.Riga);
-    if (const Vista codice = CodiceBlocco(classe); !codice.empty()) s.StoriaBlocchi += codice;
+    const Classe classe = ClassificaRiga(s.Riga, s.Canale.PrimiOtto(s.Riga));
+    AnnotaBlocco(s.StoriaBlocchi, classe);
     switch (classe) {
     case RigaType:
         Riquadro(s, 113, ""); // at whatever margin it meets

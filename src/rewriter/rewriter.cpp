@@ -59,9 +59,9 @@ void RiscriviFile(Stato& s, const Testo& voce) {
         ++s.ContaRighe;
         ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
-        const Vista linea = Istruzione(s, [&] { return s.Canale.LineInput(1); });
-        s.Riga = linea;
-        if (AvanzaTestaRiordina(s, linea)) RiscriviRiga(s);
+        const RigaLetta riga = Istruzione(s, [&] { return s.Canale.LineInputTrim(1); });
+        s.Riga = riga.Intera();
+        if (AvanzaTestaRiordina(s, riga.Intera(), riga.Trimmata())) RiscriviRiga(s);
         s.Riga = {}; // the channel may move what it has read
     }
     ScriviChiusura(s);

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "scan/classifica.h"
 
+#include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 
 namespace morvella {
 
@@ -61,77 +59,73 @@ constexpr Prova Prove[] = {
 
 constexpr std::size_t NumeroProve = std::size(Prove);
 
-// For speed alone: the first eight bytes of a row as one number, and which of them count.
-constexpr std::uint64_t Otto(Vista s) noexcept {
-    std::uint64_t n = 0;
-    for (std::size_t i = 0; i < 8 && i < s.size(); ++i)
-        n |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[i])) << (8 * i);
+constexpr std::size_t InComune(Vista a, Vista b) noexcept {
+    std::size_t n = 0;
+    while (n < a.size() && n < b.size() && a[n] == b[n]) ++n;
     return n;
 }
 
-// A to Z of eight bytes to lower case, the others as they are.
-constexpr std::uint64_t OttoMinuscole(std::uint64_t n) noexcept {
-    constexpr std::uint64_t Uni = 0x0101010101010101U;
-    const std::uint64_t sette = n & (Uni * 0x7F);
-    const std::uint64_t daA = sette + Uni * (0x80 - 'A');
-    const std::uint64_t oltreZ = sette + Uni * (0x7F - 'Z');
-    return n | (((daA & ~oltreZ & ~n) & (Uni * 0x80)) >> 2);
+// A row as numbers: what of a line's first eight bytes it looks at, and what has to stand there.
+struct Riga {
+    std::uint64_t Maschera = 0;
+    std::uint64_t Inizio = 0;
+    unsigned char Quale = 0;
+};
+// The rows box by box, in each box in the order of the table.
+struct Righe {
+    std::array<Riga, NumeroProve> Tutte{};
+    Schedario Caselle;
+};
+
+// Whether the factor keeps the boxes apart; fills them if so.
+constexpr bool Riempi(Righe& r, std::uint32_t fattore) {
+    r.Caselle.Fattore = fattore;
+    r.Caselle.Caselle.fill(Casella());
+    unsigned char posto = 0;
+    for (std::size_t i = 0; i < NumeroProve; ++i) {
+        const std::uint64_t chiave = Primi(PrimiOttoDi(Prove[i].Inizio), 3);
+        Casella& casella = r.Caselle.Caselle[r.Caselle.Posto(chiave)];
+        if (Primi(casella.Inizio, 3) == chiave) continue; // in its box already
+        if (casella.Maschera != 0) return false;
+        casella.Da = posto;
+        std::size_t comune = Prove[i].Inizio.size();
+        for (std::size_t j = i; j < NumeroProve; ++j) {
+            const Vista inizio = Prove[j].Inizio;
+            if (Primi(PrimiOttoDi(inizio), 3) != chiave) continue;
+            comune = InComune(inizio, Prove[i].Inizio.substr(0, comune));
+            r.Tutte[posto++] = {Primi(~std::uint64_t{0}, inizio.size()), PrimiOttoDi(inizio),
+                                static_cast<unsigned char>(j)};
+        }
+        casella.Fino = posto;
+        casella.DaProvare = posto - casella.Da > 1 || comune > 8 || Prove[i].Come == RigaIntera;
+        if (!casella.DaProvare) casella.Esito = Prove[i].Esito;
+        casella.Maschera = Primi(~std::uint64_t{0}, std::max<std::size_t>(comune, 3));
+        casella.Inizio = Primi(PrimiOttoDi(Prove[i].Inizio), comune);
+    }
+    return true;
 }
 
-struct Testata {
-    std::uint64_t Inizio = 0;
-    std::uint64_t Conta = 0;
-};
-constexpr std::array<Testata, NumeroProve> Testate = [] {
-    std::array<Testata, NumeroProve> t{};
-    for (std::size_t i = 0; i < NumeroProve; ++i) {
-        const std::size_t n = Prove[i].Inizio.size();
-        t[i] = {Otto(Prove[i].Inizio), n >= 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << (8 * n)) - 1};
-    }
-    return t;
+constexpr Righe Ordinate = [] {
+    Righe r;
+    std::uint32_t fattore = 0x9E3779B1U;
+    while (!Riempi(r, fattore)) fattore += 2;
+    return r;
 }();
-
-// For speed alone: for each first byte the rows that it can match, in the order of the table.
-struct Smistamento {
-    std::array<unsigned char, NumeroProve> Ordine{};
-    struct Tratto {
-        unsigned char Da = 0, Fino = 0;
-    };
-    std::array<Tratto, 256> PerPrimo{};
-};
-
-constexpr Smistamento Smista = [] {
-    Smistamento s;
-    unsigned char posto = 0;
-    for (unsigned primo = 0; primo < 128; ++primo) {
-        s.PerPrimo[primo].Da = posto;
-        for (unsigned char i = 0; i < NumeroProve; ++i)
-            if (static_cast<unsigned char>(Prove[i].Inizio[0]) == primo) s.Ordine[posto++] = i;
-        s.PerPrimo[primo].Fino = posto;
-        if (primo >= 'a' && primo <= 'z') s.PerPrimo[primo - 32] = s.PerPrimo[primo];
-    }
-    // Capital letters begin no row of their own, since every row is in lower case.
-    return s;
-}();
+// A shorter row would have to lie in many boxes.
+static_assert(std::all_of(std::begin(Prove), std::end(Prove),
+                          [](const Prova& p) { return p.Inizio.size() >= 3 || p.Come == RigaIntera; }));
 
 } // namespace
 
-Classe ClassificaRiga(Vista riga) noexcept {
-    if (riga.empty()) return RigaAltra;
-    const auto [da, fino] = Smista.PerPrimo[static_cast<unsigned char>(riga.front())];
-    if (da == fino) return RigaAltra;
-    std::uint64_t testa = 0;
-    if (std::endian::native == std::endian::little && riga.size() >= 8)
-        std::memcpy(&testa, riga.data(), 8);
-    else
-        testa = Otto(riga);
-    testa = OttoMinuscole(testa);
-    for (unsigned i = da; i < fino; ++i) {
-        const Testata& inizio = Testate[Smista.Ordine[i]];
-        if (((testa ^ inizio.Inizio) & inizio.Conta) != 0) continue;
-        const Prova& prova = Prove[Smista.Ordine[i]];
+constinit const Schedario Rubrica = Ordinate.Caselle;
+
+Classe ProvaRighe(Vista riga, std::uint64_t testa, const Casella& casella) noexcept {
+    for (std::size_t i = casella.Da; i < casella.Fino; ++i) {
+        const Riga& questa = Ordinate.Tutte[i];
+        if ((testa & questa.Maschera) != questa.Inizio) continue;
+        const Prova& prova = Prove[questa.Quale];
         if (prova.Come == RigaIntera && riga.size() != prova.Inizio.size()) continue;
-        if (IniziaPer(riga, prova.Inizio)) return prova.Esito;
+        if (prova.Inizio.size() <= 8 || IniziaPer(riga, prova.Inizio)) return prova.Esito;
     }
     return RigaAltra;
 }
@@ -152,6 +146,11 @@ Vista CodiceBlocco(Classe classe) noexcept {
     case RigaEndProperty: return "12";
     default: return "";
     }
+}
+
+void AnnotaCodice(Testo& storia, Classe classe) {
+    const Vista codice = CodiceBlocco(classe);
+    storia.append(codice.data(), codice.size());
 }
 
 } // namespace morvella

@@ -42,8 +42,7 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce) {
 
 void IniziaTestaRiordina(Stato& s) { s.StatoTesta = SorgenteForm(s) ? 7 : 0; }
 
-bool AvanzaTestaRiordina(Stato& s, Vista linea) {
-    const Vista trim = Trim(linea);
+bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim) {
     const auto scrivi = [&](Vista testo) { Istruzione(s, [&] { s.Canale.Print(2, testo); }); };
 
     // Also in the midst of the code: a member attribute throws the file back into its head, up
@@ -79,31 +78,23 @@ void IniziaTestaStruttura(Stato& s) {
     if (SorgenteForm(s)) s.StatoTesta = 7;
 }
 
-PassoTesta AvanzaTestaStruttura(Stato& s) {
-    PassoTesta passo;
+bool AvanzaInTesta(Stato& s) {
     // Not folded: "Option Explicit" as the development environment writes it does not match.
-    if (s.StatoTesta < 7 && Mid(s.Riga, 1, 6) == "option") s.StatoTesta = 7;
-    if (s.StatoTesta <= 5) {
-        if (Mid(s.Riga, 1, 9) == "Attribute") {
-            ++s.StatoTesta;
-            s.ContaRighe = 0;
-        } else if (s.StatoTesta == 5 && Mid(s.Riga, 1, 15) == "Option Explicit") {
-            s.StatoTesta = 6;
-            s.ContaRighe = 1;
-        } else if (s.StatoTesta == 1 && s.Option1_0) {
-            s.StatoTesta = 6;
-        }
-        if (s.StatoTesta == 6) {
-            s.StatoTesta = 7;
-            s.ContaRighe = 1;
-            passo.Testa = true;
-        }
+    if (Mid(s.Riga, 1, 6) == "option") s.StatoTesta = 7;
+    if (s.StatoTesta > 5) return false;
+    if (Mid(s.Riga, 1, 9) == "Attribute") {
+        ++s.StatoTesta;
+        s.ContaRighe = 0;
+    } else if (s.StatoTesta == 5 && Mid(s.Riga, 1, 15) == "Option Explicit") {
+        s.StatoTesta = 6;
+        s.ContaRighe = 1;
+    } else if (s.StatoTesta == 1 && s.Option1_0) {
+        s.StatoTesta = 6;
     }
-    if (s.StatoTesta != 7) return passo;
-    // The whole line and exactly so: "= True", or a comment behind it, is a line of code.
-    passo.Riparte = s.Riga == "Attribute VB_Exposed = False";
-    passo.Codice = !passo.Riparte;
-    return passo;
+    if (s.StatoTesta != 6) return false;
+    s.StatoTesta = 7;
+    s.ContaRighe = 1;
+    return true;
 }
 
 } // namespace morvella

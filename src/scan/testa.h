@@ -27,10 +27,18 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce);
 
 /// StatoTesta at the start of the rewriter's second pass: 7 for a form, else 0.
 void IniziaTestaRiordina(Stato& s);
-/// One step of the head state for a line as read, the rewriter's variant. Writes head lines
-/// and the header text to channel 2. True when the line goes on to the keyword chain; Riga is
-/// the trimmed line then.
-bool AvanzaTestaRiordina(Stato& s, Vista linea);
+/// One step of the head state for a line as read and the same trimmed, the rewriter's variant.
+/// Writes head lines and the header text to channel 2. True when the line goes on to the keyword
+/// chain; Riga is the trimmed line then.
+bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim);
+inline bool AvanzaTestaRiordina(Stato& s, Vista linea, Vista trim) {
+    // In the code only a line that begins like "Attribute" is another matter.
+    if (s.StatoTesta != 7 || (!trim.empty() && (trim.front() | 32) == 'a'))
+        return AvanzaRigaDiTesta(s, linea, trim);
+    s.Riga = trim;
+    return true;
+}
+inline bool AvanzaTestaRiordina(Stato& s, Vista linea) { return AvanzaTestaRiordina(s, linea, Trim(linea)); }
 
 /// StatoTesta at the start of the listing's second pass: 7 for a form; any other file leaves
 /// it as the last file left it.
@@ -46,6 +54,19 @@ struct PassoTesta {
     bool operator==(const PassoTesta&) const = default;
 };
 /// One step of the head state, the listing's variant, for Riga as it stands. Sets ContaRighe.
-PassoTesta AvanzaTestaStruttura(Stato& s);
+/// AvanzaInTesta is the part of it in the head; it says whether the head of the listing is due.
+bool AvanzaInTesta(Stato& s);
+inline PassoTesta AvanzaTestaStruttura(Stato& s) {
+    constexpr Vista Fine = "Attribute VB_Exposed = False";
+    if (s.StatoTesta == 7 && s.Riga.size() != Fine.size()) [[likely]]
+        return {.Codice = true};
+    PassoTesta passo;
+    if (s.StatoTesta < 7) passo.Testa = AvanzaInTesta(s);
+    if (s.StatoTesta != 7) return passo;
+    // The whole line and exactly so: "= True", or a comment behind it, is a line of code.
+    passo.Riparte = s.Riga == Fine;
+    passo.Codice = !passo.Riparte;
+    return passo;
+}
 
 } // namespace morvella

@@ -33,7 +33,7 @@ void AppiattisciUscita(Stato& s);
 
 /// Runs one statement. One that is given up gives the value of an empty variable.
 template <class F>
-auto Istruzione(Stato& s, F&& statement) {
+[[gnu::always_inline]] inline auto Istruzione(Stato& s, F&& statement) {
     using Valore = std::invoke_result_t<F&>;
     bool invano = false;
     for (;;) {

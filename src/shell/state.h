@@ -106,8 +106,8 @@ struct Stato {
     // VornOK
     Testo FileSorgente;   // full path of the source in work
     Testo FileUscita;     // full path of the output in work; the handler may make it flat
-    Testo Margine;        // left margin or connector column
-    Testo Numero;         // line-number field
+    TestoLargo Margine;   // left margin or connector column
+    TestoLargo Numero;    // line-number field
     Testo StoriaBlocchi;  // two-digit block codes, newest last
     Vista RigaLetta;      // a line of a first pass; holds until channel 1 reads on
     Testo DirAppoggio;    // the work directory; never cleared

@@ -101,6 +101,7 @@ std::string Archivio::Utf8DiTesto(Vista testo) const {
 }
 
 Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
+    visto_.reset();
     std::string senzaBarra = percorso;
     while (!senzaBarra.empty() && senzaBarra.back() == '/') senzaBarra.pop_back();
     Testo testo = TestoDiPercorso(PerDisco(senzaBarra));
@@ -120,6 +121,7 @@ void Archivio::AgganciaLavoro(Vista testo) {
     lavoro = {};
     std::string percorso = Trova(testo).Percorso;
     lavoro = {Testo(testo), std::move(percorso)};
+    visto_.reset();
 }
 
 // Takes the hooked directory or the root off the front of `percorso` and gives its path.
@@ -173,13 +175,13 @@ const std::string* Archivio::NelIndice(const std::string& directory, const Sched
     return scritto == scritti.end() ? nullptr : &*scritto;
 }
 
-// The index of the directory that `percorso` lies in, if there is one and nobody has changed
+// The index of the directory that the file lies in, if there is one and nobody has changed
 // the directory since. A change of our own can then be put into it (Annota), so that the next
 // name that is not there does not cost a reading of the whole directory.
-Archivio::Indice* Archivio::IndiceFresco(const std::string& percorso) {
-    const auto riga = indici_.find(percorso.substr(0, percorso.find_last_of('/')));
+Archivio::Indice* Archivio::IndiceFresco(const Trovato& file) {
+    const auto riga = indici_.find(file.Percorso.substr(0, file.Percorso.find_last_of('/')));
     if (riga == indici_.end()) return nullptr;
-    const Scheda directory = disco_.Esamina(PerDisco(riga->first));
+    const Scheda directory = file.Directory ? *file.Directory : disco_.Esamina(PerDisco(riga->first));
     return directory.Modificato == riga->second.Modificato ? &riga->second : nullptr;
 }
 
@@ -195,13 +197,15 @@ void Archivio::Annota(Indice* indice, const std::string& percorso, bool nato) {
     indice->Modificato = disco_.Esamina(PerDisco(percorso.substr(0, barra))).Modificato;
 }
 
-// Seeks one name and puts it behind `directory`, in the disk's spelling when it is there.
-Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPresente) {
+// Seeks one name and puts it behind the path of its directory, in the disk's spelling when it is there.
+Scheda Archivio::CercaNome(Trovato& file, Vista nome) {
     // A remembered name is sought and made in its own bytes.
     const bool ricordato = ricordati_.contains(nome);
+    std::string& directory = file.Percorso;
     std::string esatto = Unisci(directory, ricordato ? std::string(nome) : Utf8Da1252(nome));
     Scheda cosa = disco_.Esamina(esatto);
-    directoryPresente = true;
+    file.DirectoryPresente = true;
+    file.Directory.reset();
     // A name that Windows-1252 cannot hold stands for itself.
     if (!cosa.Esiste() && !ricordato && !SoloAscii(nome)) {
         const std::string grezzo = Unisci(directory, std::string(nome));
@@ -212,8 +216,9 @@ Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPr
     }
     if (!cosa.Esiste() && cosa.Errore == 0) {
         const Scheda dove = disco_.Esamina(PerDisco(directory));
-        directoryPresente = dove.Tipo == TipoVoce::Directory;
-        if (directoryPresente && disco_.DistingueMaiuscole()) {
+        file.DirectoryPresente = dove.Tipo == TipoVoce::Directory;
+        file.Directory = dove;
+        if (file.DirectoryPresente && disco_.DistingueMaiuscole()) {
             if (const std::string* scritto = NelIndice(directory, dove, nome)) {
                 esatto = Unisci(directory, *scritto);
                 cosa = disco_.Esamina(esatto);
@@ -225,6 +230,7 @@ Scheda Archivio::CercaNome(std::string& directory, Vista nome, bool& directoryPr
 }
 
 Testo Archivio::Piega(Vista percorso) {
+    visto_.reset();
     Testo piegato = LCase(percorso);
     const std::size_t barra = percorso.find_last_of("\\/");
     if (barra != Vista::npos) pieghe_.insert_or_assign(piegato, Testo(percorso.substr(0, barra)));
@@ -232,6 +238,7 @@ Testo Archivio::Piega(Vista percorso) {
 }
 
 Trovato Archivio::Trova(Vista percorso) {
+    visto_.reset();
     Testo disteso;
     if (const auto piega = pieghe_.find(percorso); piega != pieghe_.end()) {
         disteso.append(piega->second).append(percorso.substr(piega->second.size()));
@@ -249,11 +256,12 @@ Trovato Archivio::Trova(Vista percorso) {
         return file;
     }
     for (std::size_t i = 0; i < nomi.size(); ++i) {
-        file.Cosa = CercaNome(file.Percorso, nomi[i], file.DirectoryPresente);
+        file.Cosa = CercaNome(file, nomi[i]);
         if (i + 1 == nomi.size()) break;
         if (file.Cosa.Tipo == TipoVoce::Directory) continue;
         // Nothing, or a plain file, where a directory is needed.
         file.DirectoryPresente = false;
+        file.Directory.reset();
         file.Cosa = Scheda{.Chi = {}, .Errore = file.Cosa.Errore};
         for (++i; i < nomi.size(); ++i) file.Percorso.append("/").append(Utf8Da1252(nomi[i]));
         break;
@@ -276,7 +284,9 @@ void Archivio::RifiutaScrittura(const Trovato& file, Vista percorso) const {
 
 // A file that has to be there: 53 when it is not, whether or not its directory is.
 Trovato Archivio::TrovaFile(Vista percorso) {
-    Trovato file = Trova(percorso);
+    const bool visto = visto_ && visto_->first == percorso;
+    Trovato file = visto ? std::move(visto_->second) : Trova(percorso);
+    visto_.reset();
     if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
     if (!file.Cosa.Esiste()) throw Errore(ErrFileAssente, percorso);
     return file;
@@ -312,6 +322,7 @@ Testo Archivio::Dir(Vista percorso, int attributi) {
     try {
         if (ultimo(percorso) != "*.*") {
             const Trovato file = Trova(percorso);
+            if (file.Cosa.Esiste()) Ricorda(percorso, file);
             return ammesso(file.Cosa) ? TestoDiNome(Testo(ultimo(file.Percorso))) : Testo();
         }
         const Trovato directory = Trova(percorso.substr(0, percorso.size() - 3));
@@ -357,7 +368,7 @@ void Archivio::MkDir(Vista percorso) {
     const Trovato dove = Trova(percorso);
     if (dove.Cosa.Errore != 0 || dove.Cosa.Esiste()) throw Errore(ErrAccesso, percorso);
     if (!dove.DirectoryPresente) throw Errore(ErrPercorso, percorso);
-    Indice* indice = IndiceFresco(dove.Percorso);
+    Indice* indice = IndiceFresco(dove);
     try {
         disco_.CreaDirectory(dove.Percorso);
     } catch (const Errore& e) {
@@ -370,6 +381,7 @@ void Archivio::ChDir(Vista percorso) {
     const Trovato dove = Trova(percorso);
     if (dove.Cosa.Errore != 0) throw Errore(dove.Cosa.Errore, percorso);
     if (dove.Cosa.Tipo != TipoVoce::Directory) throw Errore(ErrPercorso, percorso);
+    visto_.reset();
     try {
         disco_.CambiaDirectory(dove.Percorso);
     } catch (const Errore& e) {
@@ -383,7 +395,8 @@ void Archivio::FileCopy(Vista da, Vista a) {
     const Trovato destinazione = Trova(a);
     if (destinazione.Cosa.Esiste() && destinazione.Cosa.Chi == sorgente.Cosa.Chi) return;
     RifiutaScrittura(destinazione, a);
-    Indice* indice = destinazione.Cosa.Esiste() ? nullptr : IndiceFresco(destinazione.Percorso);
+    Indice* indice = destinazione.Cosa.Esiste() ? nullptr : IndiceFresco(destinazione);
+    ++cambiamenti_;
     try {
         disco_.Copia(sorgente.Percorso, destinazione.Percorso);
     } catch (const Errore& e) {
@@ -395,7 +408,8 @@ void Archivio::FileCopy(Vista da, Vista a) {
 void Archivio::Kill(Vista percorso) {
     const Trovato file = TrovaFile(percorso);
     RifiutaScrittura(file, percorso);
-    Indice* indice = IndiceFresco(file.Percorso);
+    Indice* indice = IndiceFresco(file);
+    ++cambiamenti_;
     try {
         disco_.Cancella(file.Percorso);
     } catch (const Errore& e) {
@@ -414,6 +428,7 @@ Testo Archivio::FileDateTime(Vista percorso) {
     } catch (const Errore& e) {
         throw Errore(e.Numero, percorso);
     }
+    Ricorda(percorso, file);
     Testo testo = disco_.TestoData(quando);
     if (quando.Ora != 0 || quando.Minuto != 0 || quando.Secondo != 0) testo += ' ' + disco_.TestoOra(quando);
     return testo;
@@ -425,7 +440,10 @@ void Archivio::AncheCome(Vista percorso, Vista nome) {
     const std::string altro =
         Unisci(file.Percorso.substr(0, file.Percorso.find_last_of('/')), Utf8Da1252(nome));
     if (disco_.Esamina(altro).Esiste()) return;
-    Indice* indice = IndiceFresco(altro);
+    Trovato vicino;
+    vicino.Percorso = altro;
+    Indice* indice = IndiceFresco(vicino);
+    ++cambiamenti_;
     try {
         disco_.Collega(file.Percorso, altro);
     } catch (const Errore& e) {
@@ -461,7 +479,8 @@ std::unique_ptr<FileAperto> Archivio::ApriLettura(const Trovato& file, Vista per
 
 std::unique_ptr<FileAperto> Archivio::ApriScrittura(const Trovato& file, Vista percorso) {
     RifiutaScrittura(file, percorso);
-    Indice* indice = file.Cosa.Esiste() ? nullptr : IndiceFresco(file.Percorso);
+    Indice* indice = file.Cosa.Esiste() ? nullptr : IndiceFresco(file);
+    ++cambiamenti_;
     try {
         std::unique_ptr<FileAperto> aperto = disco_.ApriScrittura(file.Percorso);
         Annota(indice, file.Percorso, true);

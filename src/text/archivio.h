@@ -20,6 +20,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "text/disco.h"
@@ -32,9 +33,10 @@ enum class Gancio { Lavoro, Progetto, Programma };
 
 /// Where a text leads on the disk.
 struct Trovato {
-    std::string Percorso;           // platform path; of what is there, or of what would be made
-    Scheda Cosa;                    // Assente when there is nothing
-    bool DirectoryPresente = false; // whether the directory that it lies in is there
+    std::string Percorso;            // platform path; of what is there, or of what would be made
+    Scheda Cosa;                     // Assente when there is nothing
+    bool DirectoryPresente = false;  // whether the directory that it lies in is there
+    std::optional<Scheda> Directory; // that directory, where it had to be asked for a name not there
 };
 
 class Archivio {
@@ -112,6 +114,9 @@ class Archivio {
 
     Disco& DiscoInUso() noexcept { return disco_; }
 
+    /// Another number after each operation that may have changed what a file holds.
+    Lungo Cambiamenti() const noexcept { return cambiamenti_; }
+
   private:
     struct Radice {
         Testo Nome;           // the system's text, "" while nothing is hooked
@@ -134,13 +139,18 @@ class Archivio {
     };
 
     std::string Base(Vista& percorso) const;
-    Scheda CercaNome(std::string& directory, Vista nome, bool& directoryPresente);
+    Scheda CercaNome(Trovato& file, Vista nome);
     const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
-    Indice* IndiceFresco(const std::string& percorso);
+    Indice* IndiceFresco(const Trovato& file);
     void Annota(Indice* indice, const std::string& percorso, bool nato);
     Trovato TrovaFile(Vista percorso);
+    void Ricorda(Vista percorso, const Trovato& file) { visto_ = {Testo(percorso), file}; }
 
     Disco& disco_;
+    Lungo cambiamenti_ = 0;
+    // What the last operation has found, for the next one if it is for the same file: who asks for
+    // a name mostly goes on to delete or copy what it stands for.
+    std::optional<std::pair<Testo, Trovato>> visto_;
     std::array<Radice, 3> ganci_;
     // Folded paths with the directories that they were folded from. Whole paths, since a row can
     // spell a directory of its own in just the way that another's folded path does.

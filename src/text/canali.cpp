@@ -19,6 +19,11 @@ void Canali::RifiutaAperto(const Trovato& file, Vista percorso) const {
         if (altro.Stato != Modo::Chiuso && altro.Chi == file.Cosa.Chi) throw Errore(ErrFileAperto, percorso);
 }
 
+// Memory for at least `quanti` bytes; what it holds stays.
+void Canali::FaiPosto(Canale& c, std::size_t quanti) {
+    if (c.Memoria.size() < quanti + Coda) c.Memoria.resize(quanti + Coda);
+}
+
 void Canali::OpenInput(int n, Vista percorso) {
     Canale& c = Libero(n, percorso);
     const Trovato file = archivio_.Trova(percorso);
@@ -26,9 +31,19 @@ void Canali::OpenInput(int n, Vista percorso) {
     c.File = archivio_.ApriLettura(file, percorso);
     c.Chi = file.Cosa.Chi;
     c.Percorso = percorso;
-    c.Guasto = c.Esaurito = false;
-    c.Inizio = c.Fine = 0;
-    if (c.Memoria.empty()) c.Memoria.resize(Blocco);
+    c.Guasto = false;
+    c.Inizio = 0;
+    // The second pass over a module that fits into the memory reads nothing again: the file is
+    // the same still, and nothing was written in between.
+    c.Esaurito = c.Intero && c.ComEra == file.Cosa && c.Cambiamenti == archivio_.Cambiamenti();
+    if (!c.Esaurito) {
+        c.Fine = 0;
+        c.Intero = c.Mosso = false;
+        c.ComEra = file.Cosa;
+        c.Cambiamenti = archivio_.Cambiamenti();
+    }
+    FaiPosto(c, BloccoLetto);
+    SegnaLetto(c);
     c.Stato = Modo::Lettura;
 }
 
@@ -38,11 +53,17 @@ void Canali::OpenOutput(int n, Vista percorso) {
     archivio_.RifiutaScrittura(file, percorso); // first: a source is out of reach, open or not
     RifiutaAperto(file, percorso);
     c.File = archivio_.ApriScrittura(file, percorso);
-    c.Chi = file.Cosa.Esiste() ? file.Cosa.Chi : archivio_.Trova(percorso).Cosa.Chi;
+    if (file.Cosa.Esiste())
+        c.Chi = file.Cosa.Chi;
+    else if (const auto nuovo = c.File->Chi())
+        c.Chi = *nuovo;
+    else
+        c.Chi = archivio_.Trova(percorso).Cosa.Chi;
     c.Percorso = percorso;
     c.Guasto = false;
     c.Inizio = c.Fine = 0;
-    if (c.Memoria.empty()) c.Memoria.resize(Blocco);
+    c.Intero = false;
+    FaiPosto(c, Blocco);
     c.Stato = Modo::Scrittura;
 }
 
@@ -60,25 +81,34 @@ void Canali::Close(int n) {
     }
 }
 
-// Reads a further block behind the bytes not yet given, which move to the front. False at
-// the end of the file. A buffer that one line fills grows to twice its size.
+// Reads a further block behind the bytes that are there. Where there is no room, those given
+// already make place for it; a buffer that one line fills grows to twice its size. False at
+// the end of the file.
 bool Canali::Riempi(Canale& c) {
     if (c.Esaurito) return false;
-    if (c.Inizio > 0) {
+    if (c.Fine == c.Memoria.size() - Coda) {
+        if (c.Inizio == 0) FaiPosto(c, 2 * c.Fine);
         std::memmove(c.Memoria.data(), c.Memoria.data() + c.Inizio, c.Fine - c.Inizio);
+        c.Mosso = c.Mosso || c.Inizio > 0;
         c.Fine -= c.Inizio;
         c.Inizio = 0;
+        SegnaLetto(c);
     }
-    if (c.Fine == c.Memoria.size()) c.Memoria.resize(c.Memoria.size() * 2);
     std::size_t letti = 0;
     try {
-        letti = c.File->Leggi(c.Memoria.data() + c.Fine, c.Memoria.size() - c.Fine);
+        letti = c.File->Leggi(c.Memoria.data() + c.Fine, c.Memoria.size() - Coda - c.Fine);
     } catch (const Errore& e) {
         throw Errore(e.Numero, c.Percorso);
     }
     c.Esaurito = letti == 0;
+    c.Intero = c.Esaurito && !c.Mosso;
     c.Fine += letti;
     return letti > 0;
+}
+
+void Canali::SegnaLetto(const Canale& c) {
+    letto_ = c.Memoria.data();
+    lettoMisura_ = c.Memoria.size() - Coda;
 }
 
 // A line that may reach into the next block.
@@ -137,8 +167,8 @@ void Canali::Scarica(Canale& c) {
 // A text longer than a block goes to the file piece by piece, and no buffer grows for it.
 void Canali::PrintLungo(Canale& c, std::span<const Vista> pezzi) {
     for (Vista pezzo : pezzi) {
-        if (pezzo.size() > c.Memoria.size() - c.Fine) Scarica(c);
-        if (pezzo.size() > c.Memoria.size()) {
+        if (pezzo.size() > Blocco - c.Fine) Scarica(c);
+        if (pezzo.size() > Blocco) {
             Consegna(c, pezzo);
         } else {
             c.Fine = static_cast<std::size_t>(Posa(c.Memoria.data() + c.Fine, pezzo) - c.Memoria.data());

@@ -12,21 +12,70 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <span>
 #include <vector>
 
 #include "text/archivio.h"
+#include "text/fetta.h"
 
 namespace morvella {
+
+/// Copies a piece to `dove` and gives the place behind it. Most pieces are short: copied without a
+/// call, in strides that may overlap.
+inline char* Posa(char* dove, Vista pezzo) noexcept {
+    const char* da = pezzo.data();
+    const std::size_t n = pezzo.size();
+    if (n >= 8) {
+        if (n <= 16) {
+            std::memcpy(dove, da, 8);
+            std::memcpy(dove + n - 8, da + n - 8, 8);
+        } else if (n <= 32) {
+            std::memcpy(dove, da, 16);
+            std::memcpy(dove + n - 16, da + n - 16, 16);
+        } else {
+            std::memcpy(dove, da, n);
+        }
+    } else if (n >= 4) {
+        std::memcpy(dove, da, 4);
+        std::memcpy(dove + n - 4, da + n - 4, 4);
+    } else {
+        for (std::size_t i = 0; i < n; ++i) dove[i] = da[i];
+    }
+    return dove + n;
+}
+/// The same in one stride: `dove` has room for all of it.
+inline char* Posa(char* dove, const TestoLargo& pezzo) noexcept {
+    if (pezzo.size() <= TestoLargo::Passo) [[likely]]
+        std::memcpy(dove, pezzo.data(), TestoLargo::Passo);
+    else
+        std::memcpy(dove, pezzo.data(), pezzo.size());
+    return dove + pezzo.size();
+}
+
+/// A line as it stands in its file, and the same without the blanks at both ends. Kept as
+/// numbers: two views would go through memory on their way.
+struct RigaLetta {
+    const char* Inizio = nullptr;
+    std::size_t Misura = 0;
+    const char* Testo = nullptr;
+    std::size_t Lunga = 0;
+
+    Vista Intera() const noexcept { return {Inizio, Misura}; }
+    Vista Trimmata() const noexcept { return {Testo, Lunga}; }
+};
 
 class Canali {
   public:
     /// File numbers go from 1 to this; the system uses 1, 2 and 7.
     static constexpr int NumeroMassimo = 7;
-    /// Bytes in a block. Only a line that is longer makes a buffer grow.
+    /// Bytes in a block that is written.
     static constexpr std::size_t Blocco = 128 * 1024;
+    /// Bytes in a block that is read: most modules are one block, and it is kept from the first
+    /// pass over a module to the second. Only a line that is longer makes a buffer grow.
+    static constexpr std::size_t BloccoLetto = 256 * 1024;
 
     explicit Canali(Archivio& archivio) : archivio_(archivio) {}
 
@@ -52,28 +101,32 @@ class Canali {
     /// is not open for input, 62 at the end of the file.
     Vista LineInput(int n) {
         Canale& c = Aperto(n, Modo::Lettura);
-        if (!FineRigaLf && c.Inizio < c.Fine) {
-            // The common line lies whole in the block, and the byte behind its CR too.
-            const char* riga = c.Memoria.data() + c.Inizio;
-            const auto* cr = static_cast<const char*>(std::memchr(riga, '\r', c.Fine - c.Inizio));
-            if (cr && cr + 1 < c.Memoria.data() + c.Fine) {
-                const auto lunga = static_cast<std::size_t>(cr - riga);
-                c.Inizio += lunga + (cr[1] == '\n' ? 2 : 1);
-                return {riga, lunga};
-            }
-        }
-        return LineInputLento(c);
+        const char* riga = c.Memoria.data() + c.Inizio;
+        const std::size_t lunga = PrendiRigaCorta(c, riga);
+        return lunga < Fetta ? Vista(riga, lunga) : LineInputLento(c);
     }
 
-    /// Bytes that SaltaRighe looks through at a time.
-    static constexpr std::size_t Fetta = 128;
+    /// `Line Input #n`, and `Trim` of it.
+    RigaLetta LineInputTrim(int n) {
+        Canale& c = Aperto(n, Modo::Lettura);
+        const char* riga = c.Memoria.data() + c.Inizio;
+        const std::size_t lunga = PrendiRigaCorta(c, riga);
+        if (lunga < Fetta) [[likely]] {
+            const std::size_t blanks = PrimoSegno(~DoveByte<32>(riga, ' ')); // the CR is none
+            const std::size_t resto = lunga - blanks;
+            if (blanks < 32 && riga[lunga - static_cast<std::size_t>(resto > 0)] != ' ') [[likely]]
+                return {riga, lunga, riga + blanks, resto};
+        }
+        const Vista intera = lunga < Fetta ? Vista(riga, lunga) : LineInputLento(c);
+        const Vista trimmata = Trim(intera);
+        return {intera.data(), intera.size(), trimmata.data(), trimmata.size()};
+    }
 
     /// Passes over whole lines of channel `n` of which none can matter, as many as are looked
     /// through in one go, and gives their number: none at the end of the file, or when the next
-    /// line may matter. `cerca(p)` gives the place, from 0, of the first of the `Fetta` bytes
-    /// from `p` on at which something that matters may begin, `Fetta` when there is none; the
-    /// byte before `p` and eight behind the slice are there to be looked at too. Raises 52 when
-    /// the number is not open for input.
+    /// line may matter. `cerca(p)` marks the places in the slice at `p` at which something that
+    /// matters may begin; the byte before `p` and eight behind the slice are there to be looked
+    /// at too. Raises 52 when the number is not open for input.
     template <class F>
     Lungo SaltaRighe(int n, F&& cerca) {
         Canale& c = Aperto(n, Modo::Lettura);
@@ -87,16 +140,13 @@ class Canali {
         std::size_t cr = 0;
         while (visti + Fetta + 8 < resto) {
             const char* p = inizio + visti;
-            const std::size_t posto = cerca(p);
-            if (posto < Fetta) {
-                for (std::size_t i = 0; i < posto; ++i) cr += p[i] == '\r' ? 1 : 0;
+            if (const Segni segni = cerca(p)) {
+                const std::size_t posto = PrimoSegno(segni);
+                cr += static_cast<std::size_t>(std::popcount(DoveByte(p, '\r') & ((Segni{1} << posto) - 1)));
                 visti += posto;
                 break;
             }
-            unsigned char conta = 0; // 128 fit
-            for (std::size_t i = 0; i < Fetta; ++i)
-                conta = static_cast<unsigned char>(conta + (p[i] == '\r'));
-            cr += conta;
+            cr += ContaByte(p, '\r');
             visti += Fetta;
         }
         if (cr == 0) return 0;
@@ -108,12 +158,17 @@ class Canali {
     /// The same for lines that do not hold `ago`, of two to eight bytes.
     Lungo SaltaSenza(int n, Vista ago) {
         return SaltaRighe(n, [ago](const char* p) {
-            unsigned char due = 0;
-            for (std::size_t i = 0; i < Fetta; ++i)
-                due = static_cast<unsigned char>(due | ((p[i] == ago[0]) & (p[i + 1] == ago[1])));
-            if (due == 0) return Fetta;
-            return std::min(Vista(p, Fetta + ago.size() - 1).find(ago), Fetta);
+            Segni trovati = 0;
+            for (Segni forse = DoveDue(p, ago[0], ago[1]); forse != 0; forse &= forse - 1)
+                if (Vista(p + PrimoSegno(forse), ago.size()) == ago) trovati |= forse & (~forse + 1);
+            return trovati;
         });
+    }
+
+    /// `PrimiOttoDi(riga)`, fastest for a line that was read.
+    std::uint64_t PrimiOtto(Vista riga) const noexcept {
+        const std::size_t posto = PostoLetto(riga);
+        return posto < lettoMisura_ ? OttoIn(letto_ + posto, riga.size()) : PrimiOttoDi(riga);
     }
 
     /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
@@ -122,15 +177,27 @@ class Canali {
     void Print(int n, const Pezzi&... pezzi) {
         Canale& c = Aperto(n, Modo::Scrittura);
         const std::size_t totale = (std::size_t{2} + ... + Vista(pezzi).size());
-        if (totale > c.Memoria.size() - c.Fine) {
-            const std::array<Vista, sizeof...(pezzi) + 1> tutti = {Vista(pezzi)..., Vista("\r\n")};
-            PrintLungo(c, tutti);
-            return;
-        }
+        if (totale > Blocco - c.Fine) return PrintPieno(c, pezzi...);
         char* dove = c.Memoria.data() + c.Fine;
-        ((dove = Posa(dove, Vista(pezzi))), ...);
-        *dove++ = '\r';
-        *dove = '\n';
+        ((dove = Posa(dove, pezzi)), ...);
+        std::memcpy(dove, "\r\n", 2);
+        c.Fine += totale;
+    }
+    /// The same with `riga` behind the pieces: fastest for a line that was read.
+    template <class... Pezzi>
+    void PrintRiga(int n, const Vista& riga, const Pezzi&... davanti) {
+        Canale& c = Aperto(n, Modo::Scrittura);
+        const std::size_t posto = PostoLetto(riga);
+        const std::size_t totale = ((riga.size() + 2) + ... + Vista(davanti).size());
+        if (totale > Blocco - c.Fine) return PrintPieno(c, davanti..., riga);
+        // A line that lies in the memory of a channel is copied as a slice, whatever its length.
+        char* dove = c.Memoria.data() + c.Fine;
+        ((dove = Posa(dove, davanti)), ...);
+        if (posto < lettoMisura_ && riga.size() <= Fetta)
+            std::memcpy(dove, letto_ + posto, Fetta);
+        else
+            std::memcpy(dove, riga.data(), riga.size());
+        std::memcpy(dove + riga.size(), "\r\n", 2);
         c.Fine += totale;
     }
     /// The same for pieces in a row, of which the last has to be the line end.
@@ -147,32 +214,47 @@ class Canali {
         std::unique_ptr<FileAperto> File;
         Identita Chi;
         Testo Percorso;
-        bool Guasto = false;   // a write failed and was told
-        bool Esaurito = false; // the file has no further block
-        std::vector<char> Memoria;
-        std::size_t Inizio = 0; // reading: the first byte not yet given
-        std::size_t Fine = 0;   // behind the last byte read, or waiting to be written
+        bool Guasto = false;       // a write failed and was told
+        bool Esaurito = false;     // the file has no further block
+        std::vector<char> Memoria; // with Coda bytes behind what it is to hold
+        std::size_t Inizio = 0;    // reading: the first byte not yet given
+        std::size_t Fine = 0;      // behind the last byte read, or waiting to be written
+        bool Mosso = false;        // reading: the front of the file has made place already
+        // Memoria holds the whole of the file read last, and how the file and the disk were then.
+        bool Intero = false;
+        Scheda ComEra;
+        Lungo Cambiamenti = 0;
     };
 
-    // Most pieces are short: copied here, without a call.
-    static char* Posa(char* dove, Vista pezzo) {
-        const char* da = pezzo.data();
-        const std::size_t n = pezzo.size();
-        if (n > 64) {
-            std::memcpy(dove, da, n);
-        } else if (n >= 16) {
-            for (std::size_t i = 0; i + 16 < n; i += 16) std::memcpy(dove + i, da + i, 16);
-            std::memcpy(dove + n - 16, da + n - 16, 16);
-        } else if (n >= 8) {
-            std::memcpy(dove, da, 8);
-            std::memcpy(dove + n - 8, da + n - 8, 8);
-        } else if (n >= 4) {
-            std::memcpy(dove, da, 4);
-            std::memcpy(dove + n - 4, da + n - 4, 4);
-        } else {
-            for (std::size_t i = 0; i < n; ++i) dove[i] = da[i];
-        }
-        return dove + n;
+    // What lies in the memory of a channel can be looked at and copied in whole strides: so many
+    // bytes behind it are there too.
+    static constexpr std::size_t Coda = Fetta;
+    // PrimiOttoDi of a line in the memory of a channel.
+    static std::uint64_t OttoIn(const char* p, std::size_t lunga) noexcept {
+        if constexpr (std::endian::native != std::endian::little) return PrimiOttoDi({p, lunga});
+        std::uint64_t n = 0;
+        std::memcpy(&n, p, 8);
+        return lunga >= 8 ? n : n & ((std::uint64_t{1} << (8 * lunga)) - 1);
+    }
+
+    // Where in the memory read to last a line lies; for any other text lettoMisura_ or more.
+    std::size_t PostoLetto(Vista riga) const noexcept {
+        return reinterpret_cast<std::uintptr_t>(riga.data()) - reinterpret_cast<std::uintptr_t>(letto_);
+    }
+
+    // Takes the common line, which begins at `riga`, off the block: it lies whole in a slice, and
+    // the byte behind its CR in the block too. Gives its length, and `Fetta` for any other line.
+    std::size_t PrendiRigaCorta(Canale& c, const char* riga) const {
+        const std::size_t lunga = PrimoSegno(DoveByte(riga, '\r'));
+        if (lunga + 1 >= c.Fine - c.Inizio || FineRigaLf) return Fetta;
+        if (lunga < Fetta) c.Inizio += lunga + (riga[lunga + 1] == '\n' ? 2 : 1);
+        return lunga;
+    }
+
+    template <class... Pezzi>
+    [[gnu::noinline]] void PrintPieno(Canale& c, const Pezzi&... pezzi) {
+        const std::array<Vista, sizeof...(pezzi) + 1> tutti = {Vista(pezzi)..., Vista("\r\n")};
+        PrintLungo(c, tutti);
     }
 
     Canale& Aperto(int n, Modo modo) {
@@ -185,11 +267,16 @@ class Canali {
     Vista LineInputLento(Canale& c);
     bool Riempi(Canale& c);
     void Scarica(Canale& c);
+    void FaiPosto(Canale& c, std::size_t quanti);
+    void SegnaLetto(const Canale& c);
     void Consegna(Canale& c, Vista bytes);
     void PrintLungo(Canale& c, std::span<const Vista> pezzi);
 
     Archivio& archivio_;
     std::array<Canale, NumeroMassimo + 1> canali_;
+    // The memory that was read to last, without the bytes behind it.
+    const char* letto_ = nullptr;
+    std::size_t lettoMisura_ = 0;
 };
 
 } // namespace morvella

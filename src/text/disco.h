@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ struct Scheda {
     int Errore = 0;              // Assente because it could not be asked: the run-time error
 
     bool Esiste() const noexcept { return Tipo != TipoVoce::Assente; }
+    bool operator==(const Scheda&) const = default;
 };
 
 /// Local date and time, of the clock or of a file.
@@ -56,6 +58,8 @@ class FileAperto {
     /// Writes all `n` bytes, or raises 61 or 57.
     virtual void Scrivi(const char* da, std::size_t n) = 0;
     virtual void Chiudi() = 0;
+    /// What tells the file apart; nothing where the disk has to be asked by its path.
+    virtual std::optional<Identita> Chi() { return std::nullopt; }
 };
 
 class Disco {

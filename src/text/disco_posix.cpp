@@ -77,6 +77,12 @@ class FilePosix : public FileAperto {
         if (::close(fd) != 0 && errno != EINTR) Solleva();
     }
 
+    std::optional<Identita> Chi() override {
+        struct stat st {};
+        if (::fstat(fd_, &st) != 0) return std::nullopt;
+        return Identita{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
+    }
+
     // The kernel's own way from file to file; false where it has none for these two.
     bool CopiaDentro(FilePosix& sorgente) {
 #ifdef __linux__

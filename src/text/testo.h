@@ -21,6 +21,50 @@ namespace morvella {
 using Testo = std::string;
 using Vista = std::string_view;
 
+/// A text of the engine's own that stands in front of every line: it can be copied in one
+/// stride, whatever its length, since so many bytes behind its end are there too.
+class TestoLargo {
+  public:
+    static constexpr std::size_t Passo = 32;
+
+    TestoLargo() : memoria_(2 * Passo, '\0') {}
+    TestoLargo& operator=(Vista testo) {
+        FaiPosto(testo.size());
+        memoria_.replace(0, testo.size(), testo);
+        misura_ = testo.size();
+        return *this;
+    }
+    operator Vista() const noexcept { return {memoria_.data(), misura_}; }
+    bool operator==(Vista testo) const noexcept { return Vista(*this) == testo; }
+
+    const char* data() const noexcept { return memoria_.data(); }
+    char* data() noexcept { return memoria_.data(); }
+    std::size_t size() const noexcept { return misura_; }
+    void clear() noexcept { misura_ = 0; }
+    void resize(std::size_t quanti, char c) {
+        FaiPosto(quanti);
+        for (; misura_ < quanti; ++misura_) memoria_[misura_] = c;
+        misura_ = quanti;
+    }
+    void assign(std::size_t quanti, char c) {
+        clear();
+        resize(quanti, c);
+    }
+    void append(const char* da, std::size_t quanti) {
+        FaiPosto(misura_ + quanti);
+        std::memcpy(memoria_.data() + misura_, da, quanti);
+        misura_ += quanti;
+    }
+
+  private:
+    void FaiPosto(std::size_t quanti) {
+        if (memoria_.size() < quanti + Passo) memoria_.resize(2 * quanti + Passo);
+    }
+
+    Testo memoria_; // with Passo bytes behind the text
+    std::size_t misura_ = 0;
+};
+
 /// A length or a position: signed, since some rules compute a negative one and mean its error.
 using Lungo = std::ptrdiff_t;
 
@@ -58,12 +102,16 @@ inline std::size_t BlanksDavanti(Vista s) noexcept {
     return n;
 }
 
+inline Vista TrimDietro(Vista s) noexcept {
+    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+    return s;
+}
+
 /// `s` without the blanks (byte 32) at both ends, and without those only: a TAB, CR, LF or
 /// byte 160 stays, so that a line indented with a TAB fails its keyword tests. This is meant.
 inline Vista Trim(Vista s) noexcept {
     s.remove_prefix(BlanksDavanti(s));
-    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
-    return s;
+    return TrimDietro(s);
 }
 
 /// Position (from 1) of the first `ago` in `pagliaio` at or behind `inizio`, 0 when there is
@@ -89,6 +137,14 @@ unsigned char MaiuscolaByte(unsigned char c) noexcept;
 
 Testo LCase(Vista s);
 Testo UCase(Vista s);
+
+/// The first eight bytes of `s` as a number, the first byte the lowest, 0 where it has fewer.
+constexpr std::uint64_t PrimiOttoDi(Vista s) noexcept {
+    std::uint64_t n = 0;
+    for (std::size_t i = 0; i < 8 && i < s.size(); ++i)
+        n |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[i])) << (8 * i);
+    return n;
+}
 
 /// Whether `LCase(Mid(s, 1, Len(prefisso))) = prefisso`, without building a text.
 /// `prefisso` is ASCII in lower case; a shorter `s` simply does not match.

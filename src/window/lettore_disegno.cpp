@@ -211,8 +211,8 @@ void Griglia::Estraneo(QPainter& penna, qreal x, qreal y, char16_t c, const QCol
     penna.restore();
 }
 
-void Griglia::Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vector<Fetta>& fette, Lungo da,
-                   Lungo a, const Colori& colori, const std::vector<Macchia>& macchie) const {
+void Griglia::Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vector<Porzione>& fette,
+                   Lungo da, Lungo a, const Colori& colori, const std::vector<Macchia>& macchie) const {
     QList<quint32> glifi;
     QList<QPointF> posti;
     QColor coloreCorsa;
@@ -231,7 +231,7 @@ void Griglia::Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vec
 
     Lungo byte = ByteDiColonna(riga, da);
     Lungo colonna = ColonnaDiByte(riga, byte);
-    auto fetta = std::partition_point(fette.begin(), fette.end(), [&](const Fetta& f) {
+    auto fetta = std::partition_point(fette.begin(), fette.end(), [&](const Porzione& f) {
         return static_cast<Lungo>(f.Da + f.Quanti) <= byte;
     });
     for (; byte < Len(riga) && colonna < a; ++byte) {

@@ -56,7 +56,7 @@ class Griglia {
     qreal Alta() const noexcept { return alta_ / scala_; }
 
     /// Draws the columns from `da` to before `a` of a line whose first cell stands at `x`, `y`.
-    void Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vector<Fetta>& fette, Lungo da,
+    void Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vector<Porzione>& fette, Lungo da,
               Lungo a, const Colori& colori, const std::vector<Macchia>& macchie = {}) const;
 
   private:

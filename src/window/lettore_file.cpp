@@ -175,9 +175,9 @@ Ago::Ago(std::u16string_view testo) {
     }
 }
 
-bool Ago::Qui(Vista riga, const std::vector<Fetta>& fette, std::size_t da) const {
+bool Ago::Qui(Vista riga, const std::vector<Porzione>& fette, std::size_t da) const {
     auto fetta =
-        std::find_if(fette.begin(), fette.end(), [&](const Fetta& f) { return da < f.Da + f.Quanti; });
+        std::find_if(fette.begin(), fette.end(), [&](const Porzione& f) { return da < f.Da + f.Quanti; });
     for (std::size_t i = 0; i < segni_.size(); ++i) {
         while (fetta != fette.end() && da + i >= fetta->Da + fetta->Quanti) ++fetta;
         if (fetta == fette.end()) return false;
@@ -190,7 +190,7 @@ bool Ago::Qui(Vista riga, const std::vector<Fetta>& fette, std::size_t da) const
     return true;
 }
 
-Lungo Ago::In(Vista riga, const std::vector<Fetta>& fette, Lungo da, Lungo fine) const {
+Lungo Ago::In(Vista riga, const std::vector<Porzione>& fette, Lungo da, Lungo fine) const {
     if (Vuoto() || assente_ || da >= fine) return -1;
     Testo piegati;
     Piega(Mid(riga, da + 1, fine - da), piegati);
@@ -379,7 +379,7 @@ std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool ava
     if (ago.Vuoto() || ago.assente_ || indice_.Passi.empty()) return std::nullopt;
     Blocco blocco;
     Testo piegati;
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     const auto passi = static_cast<Lungo>(indice_.Passi.size());
     for (auto passo = static_cast<Lungo>(PassoDi(da.Riga)); passo >= 0 && passo < passi;
          passo += avanti ? 1 : -1) {

@@ -47,11 +47,11 @@ class Ago {
     Lungo Lunghezza() const noexcept { return static_cast<Lungo>(segni_.size()); }
     /// The first place of a line, taken apart in `fette`, that begins at or behind `da` and ends
     /// at or in front of `fine`; -1 for none.
-    Lungo In(Vista riga, const std::vector<Fetta>& fette, Lungo da, Lungo fine) const;
+    Lungo In(Vista riga, const std::vector<Porzione>& fette, Lungo da, Lungo fine) const;
 
   private:
     friend class Struttura;
-    bool Qui(Vista riga, const std::vector<Fetta>& fette, std::size_t da) const;
+    bool Qui(Vista riga, const std::vector<Porzione>& fette, std::size_t da) const;
 
     std::u16string segni_; // folded
     Testo bytes_;          // folded, one for each

@@ -57,7 +57,7 @@ std::vector<RigaStampata> Stampa::Righe(Lungo i) {
     std::vector<RigaStampata> righe = {{i, 0, std::min(fine, colonne_), 0}};
     if (fine <= colonne_) return righe;
     TagliaRiga(riga, fette_);
-    const Fetta& ultima = fette_.back();
+    const Porzione& ultima = fette_.back();
     auto rientro = static_cast<Lungo>(ultima.Da + BlanksDavanti(riga.substr(ultima.Da)));
     if (rientro > colonne_ / 2) rientro = 0;
     for (Lungo da = colonne_; da < fine; da += colonne_ - rientro)
@@ -72,7 +72,7 @@ void Stampa::DisegnaRiga(QPainter& penna, const RigaStampata& r, qreal y) {
     griglia_.Riga(penna, x, y, riga, fette_, r.Da, r.A, colori_);
     if (r.Da == 0 || r.Rientro == 0) return;
     Testo margine(static_cast<std::size_t>(r.Rientro), ' ');
-    for (const Fetta& fetta : fette_)
+    for (const Porzione& fetta : fette_)
         if (fetta.Che == Tratto::Condizione || fetta.Che == Tratto::Ciclo)
             for (std::size_t i = fetta.Da; i < std::min(margine.size(), fetta.Da + fetta.Quanti); ++i)
                 margine[i] = Prosegue(riga[i]);

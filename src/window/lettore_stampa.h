@@ -45,7 +45,7 @@ class Stampa {
     Griglia griglia_;
     Colori colori_;
     Lungo colonne_ = 0, righe_ = 0, pagine_ = 0;
-    std::vector<Fetta> fette_;
+    std::vector<Porzione> fette_;
 };
 
 } // namespace morvella::lettore

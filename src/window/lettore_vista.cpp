@@ -26,9 +26,9 @@ constexpr qreal Bordo = 4; // between the frame and the first column
 
 int Intero(Lungo n) { return static_cast<int>(std::clamp<Lungo>(n, 0, INT_MAX)); }
 
-void AccodaMostrata(QString& testo, Vista riga, Lungo da, Lungo a, std::vector<Fetta>& fette) {
+void AccodaMostrata(QString& testo, Vista riga, Lungo da, Lungo a, std::vector<Porzione>& fette) {
     TagliaRiga(riga, fette);
-    for (const Fetta& fetta : fette) {
+    for (const Porzione& fetta : fette) {
         const Lungo fine = std::min(a, static_cast<Lungo>(fetta.Da + fetta.Quanti));
         for (Lungo i = std::max(da, static_cast<Lungo>(fetta.Da)); i < fine; ++i)
             testo += QChar(Segno(fetta.Che, riga[static_cast<std::size_t>(i)]));
@@ -218,7 +218,7 @@ QString VistaStruttura::RigaDetta() const {
     QString testo;
     if (Righe() == 0) return detto_;
     const Vista riga = struttura_->Riga(cursore_.Riga);
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     AccodaMostrata(testo, riga, 0, std::min<Lungo>(Len(riga), 1000), fette);
     return testo;
 }

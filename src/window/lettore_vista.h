@@ -113,7 +113,7 @@ class VistaStruttura : public QAbstractScrollArea {
     QBasicTimer scorre_;
     QPoint doppio_;
     qint64 quandoDoppio_ = -1;
-    std::vector<Fetta> fette_;
+    std::vector<Porzione> fette_;
 };
 
 /// Lets readers of screens say the line with the caret. To be called once.

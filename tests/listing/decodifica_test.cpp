@@ -265,7 +265,7 @@ TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
 // A slice is a stretch before it is made a text: the same kinds, the line without gaps, and a
 // character for each byte.
 TEST(Decodifica, LeFetteSonoGliStessiTratti) {
-    std::vector<Fetta> fette = {{Tratto::Errore, 3, 4}};
+    std::vector<Porzione> fette = {{Tratto::Errore, 3, 4}};
     std::vector<Tratto> tratti;
     for (const Caso& caso : Casi()) {
         TagliaRiga(caso.Riga, fette);

@@ -117,10 +117,8 @@ TEST(Riordina, OrdineDelleChiamate) {
         "Leggi /p/a.bas",
         "Leggi /p/a.bas",
         "Chiudi /p/a.bas",
-        "ApriLettura /p/a.bas", // the second
+        "ApriLettura /p/a.bas", // the second, over what the first has read
         "ApriScrittura /p/Appoggio/a.txt",
-        "Leggi /p/a.bas",
-        "Leggi /p/a.bas",
         "Adesso ",
         "Chiudi /p/a.bas", // 1 before 2
         "Scrivi /p/Appoggio/a.txt",
@@ -131,8 +129,6 @@ TEST(Riordina, OrdineDelleChiamate) {
         "Chiudi /p/b.frm",
         "ApriLettura /p/b.frm",
         "ApriScrittura /p/Appoggio/b.txt",
-        "Leggi /p/b.frm",
-        "Leggi /p/b.frm",
         "Adesso ",
         "Chiudi /p/b.frm",
         "Scrivi /p/Appoggio/b.txt",
@@ -148,7 +144,7 @@ TEST(Riordina, OrdineDelleChiamate) {
 
     // Again: no directory, no marker; each text is deleted before its source is opened.
     std::vector<std::string> poi(prima.begin() + 4, prima.end());
-    poi.insert(poi.begin() + 14, "Cancella /p/Appoggio/b.txt");
+    poi.insert(poi.begin() + 12, "Cancella /p/Appoggio/b.txt");
     poi.insert(poi.begin() + 2, "Cancella /p/Appoggio/a.txt");
     const auto file = p.Disco.TuttiIFile();
     p.Esegui();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 
 #include "sostegno/disco_finto.h"
 #include "text/numero_di.h"
@@ -16,7 +17,9 @@ using prove::DiscoFinto;
 using prove::ErroreDi;
 using prove::NumeroDi;
 
-constexpr std::size_t Blocco = Canali::Blocco;
+constexpr std::size_t Blocco = Canali::BloccoLetto;
+constexpr std::size_t BloccoScritto = Canali::Blocco;
+static_assert(Blocco % BloccoScritto == 0);
 
 // A disk that gives few bytes at a time, so that every place of a file is once the end of what
 // was read.
@@ -176,6 +179,89 @@ TEST(Canali, FileConLfEUnaRigaSola) {
     EXPECT_EQ(b.Righe(bytes, true).size(), bytes.size() / 9);
 }
 
+TEST(Canali, LineInputTrimComeTrim) {
+    // Lines around the stride, with blanks around theirs, at any place of the memory.
+    Testo bytes;
+    for (const std::size_t blanks : {0, 1, 4, 31, 32, 33, 63, 64, 65})
+        for (const std::size_t testo : {0, 1, 2, 30, 31, 32, 33, 62, 63, 64, 65, 200})
+            for (const std::size_t dietro : {0, 1, 40})
+                for (const char* fine : {"\r\n", "\r", "\r\n\n"})
+                    bytes += Testo(blanks, ' ') + Testo(testo, '\t') + Testo(dietro, ' ') + fine;
+    bytes += "  ultima  ";
+    for (const std::size_t boccone : {std::size_t{1}, std::size_t{50}, std::size_t{997}, Blocco}) {
+        for (const bool lf : {false, true}) {
+            Banco b;
+            b.Disco.Boccone = boccone;
+            b.Disco.Metti("/p/in", bytes);
+            b.Canale.FineRigaLf = lf;
+            b.Canale.OpenInput(1, "\\p\\in");
+            for (const Testo& attesa : AManoRighe(bytes, lf)) {
+                const RigaLetta riga = b.Canale.LineInputTrim(1);
+                ASSERT_EQ(riga.Intera(), attesa);
+                ASSERT_EQ(riga.Trimmata(), Trim(attesa));
+                if (const Vista t = riga.Trimmata(); !t.empty()) {
+                    ASSERT_EQ(b.Canale.PrimiOtto(t), PrimiOttoDi(t));
+                }
+            }
+            EXPECT_EQ(NumeroDi([&] { return b.Canale.LineInputTrim(1).Misura; }), 62);
+        }
+    }
+}
+
+// Reads /p/in once and again; gives the number of blocks read the second time.
+int RileggiContando(Banco& b, const std::function<void()>& frattanto) {
+    int letture = 0;
+    b.Disco.PrimaDiLeggere = [&](const std::string&) { ++letture; };
+    for (int giro = 0; giro < 2; ++giro) {
+        letture = 0;
+        const std::string attese = b.Disco.Leggi("/p/in");
+        b.Canale.OpenInput(1, "\\p\\in");
+        Testo lette;
+        while (!b.Canale.Eof(1)) lette += Testo(b.Canale.LineInput(1)) + "\r\n";
+        b.Canale.Close(1);
+        EXPECT_TRUE(lette == attese) << giro;
+        if (giro == 0) frattanto();
+    }
+    b.Disco.PrimaDiLeggere = nullptr;
+    return letture;
+}
+
+TEST(Canali, IlSecondoGiroNonRilegge) {
+    Banco b;
+    b.Disco.Metti("/p/in", "uno\r\ndue\r\n");
+    EXPECT_EQ(RileggiContando(b, [] {}), 0);
+    // Another file, a changed one, one that we may have changed: read anew.
+    EXPECT_EQ(RileggiContando(b, [&] { b.Disco.Metti("/p/in", "tre\r\nsei\r\n"); }), 2);
+    EXPECT_EQ(RileggiContando(b,
+                              [&] {
+                                  b.Canale.OpenOutput(2, "\\p\\in");
+                                  b.Canale.Print(2, "tre");
+                                  b.Canale.Print(2, "set");
+                                  b.Canale.Close(2);
+                              }),
+              2);
+    EXPECT_EQ(RileggiContando(b, [&] { b.File.FileCopy("\\p\\in", "\\p\\altro"); }), 2);
+    // The channel's memory was put to another use.
+    EXPECT_EQ(RileggiContando(b,
+                              [&] {
+                                  b.Disco.Metti("/p/x", "x\r\n");
+                                  b.Canale.OpenInput(1, "\\p\\x");
+                                  b.Canale.Eof(1);
+                                  b.Canale.Close(1);
+                              }),
+              2);
+    // Not read to its end.
+    b.Canale.OpenInput(1, "\\p\\in");
+    EXPECT_FALSE(b.Canale.Eof(1));
+    b.Canale.Close(1);
+    EXPECT_EQ(RileggiContando(b, [] {}), 0);
+    // One byte more than the memory holds at its end.
+    b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 3, 'y') + "\r\n");
+    EXPECT_EQ(RileggiContando(b, [] {}), 0);
+    b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 1, 'y') + "\r\n");
+    EXPECT_GE(RileggiContando(b, [] {}), 2);
+}
+
 // Random text of lines of about `media` bytes, with all kinds of line ends and some hits.
 Testo TestoACaso(std::uint32_t seme, std::size_t quanti, std::size_t media) {
     std::uint32_t n = seme;
@@ -290,7 +376,7 @@ TEST(Canali, Print) {
 
 TEST(Canali, PrintAlBordoDelBlocco) {
     for (int oltre = -4; oltre <= 4; ++oltre) {
-        const Testo testo(Blocco - 4 + static_cast<std::size_t>(oltre + 4), 'x');
+        const Testo testo(BloccoScritto - 4 + static_cast<std::size_t>(oltre + 4), 'x');
         Banco b;
         b.Canale.OpenOutput(2, "\\p\\out");
         b.Canale.Print(2, testo);           // alone in the buffer
@@ -320,9 +406,46 @@ TEST(Canali, PrintPezziDiOgniLunghezza) {
     EXPECT_EQ(b.Disco.Leggi("/p/out"), attese);
 }
 
+TEST(Canali, PrintRiga) {
+    // The line from a channel's memory or from elsewhere, of each length, and what stands in front.
+    Testo bytes;
+    for (std::size_t n = 0; n <= 150; ++n) bytes += Testo(n, static_cast<char>('a' + n % 26)) + "\r\n";
+    Banco b;
+    b.Disco.Metti("/p/in", bytes);
+    b.Canale.OpenInput(1, "\\p\\in");
+    b.Canale.OpenOutput(2, "\\p\\out");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.PrintRiga(1, bytes), 0; }), 52);
+    Testo attese;
+    TestoLargo davanti;
+    for (std::size_t n = 0; n <= 150; ++n) {
+        const Vista letta = b.Canale.LineInput(1);
+        davanti.assign(n, '.');
+        b.Canale.PrintRiga(2, letta, davanti, "|");
+        b.Canale.PrintRiga(2, Testo(letta), "", davanti);
+        b.Canale.PrintRiga(2, letta);
+        b.Canale.Print(2, davanti, "!");
+        const Testo punti(n, '.');
+        attese += punti + "|" + Testo(letta) + "\r\n" + punti + Testo(letta) + "\r\n" + Testo(letta) +
+                  "\r\n" + punti + "!\r\n";
+    }
+    b.Canale.Close(2);
+    EXPECT_EQ(b.Disco.Leggi("/p/out"), attese);
+    // At the border of a block.
+    const Testo lunga(BloccoScritto, 'z');
+    const Testo riga("riga");
+    for (std::size_t meno = 0; meno <= 80; ++meno) {
+        b.Canale.OpenOutput(2, "\\p\\out");
+        b.Canale.Print(2, Vista(lunga).substr(meno));
+        b.Canale.PrintRiga(2, riga, davanti);
+        b.Canale.Close(2);
+        ASSERT_TRUE(b.Disco.Leggi("/p/out") == lunga.substr(meno) + "\r\n" + Testo(150, '.') + "riga\r\n")
+            << meno;
+    }
+}
+
 TEST(Canali, PrintPezzi) {
     Banco b;
-    const Testo lungo(Blocco + 1, 'x');
+    const Testo lungo(BloccoScritto + 1, 'x');
     const Vista pezzi[] = {"a", "", lungo, "b\r\n"};
     EXPECT_EQ(NumeroDi([&] { return b.Canale.PrintPezzi(2, pezzi), 0; }), 52);
     b.Canale.OpenOutput(2, "\\p\\out");
@@ -487,15 +610,15 @@ TEST(Canali, ErroreDiChiusura) {
 TEST(Canali, DiscoPienoNonSiPerdeInSilenzio) {
     const Testo riga(998, 'x');
     Testo tutto;
-    while (tutto.size() < 3 * Blocco) tutto += riga + "\r\n";
+    while (tutto.size() < 3 * BloccoScritto) tutto += riga + "\r\n";
     const std::size_t spazi[] = {0,
                                  1,
                                  500,
-                                 Blocco - 1,
-                                 Blocco,
-                                 Blocco + 1,
-                                 2 * Blocco,
-                                 3 * Blocco,
+                                 BloccoScritto - 1,
+                                 BloccoScritto,
+                                 BloccoScritto + 1,
+                                 2 * BloccoScritto,
+                                 3 * BloccoScritto,
                                  tutto.size() - 2,
                                  tutto.size() - 1,
                                  tutto.size(),

@@ -4,6 +4,7 @@ morvella_prova(text_test
   text/testo_test.cpp
   text/codifica_test.cpp
   text/errore_test.cpp
+  text/fetta_test.cpp
   text/canali_test.cpp
   text/archivio_test.cpp
   text/flusso_test.cpp

@@ -230,6 +230,42 @@ TEST(Testo, IniziaPer) {
     for (const Caso& c : Casi) EXPECT_EQ(IniziaPer(c.S, c.Prefisso), c.Atteso) << c.S << '|' << c.Prefisso;
 }
 
+TEST(Testo, TestoLargo) {
+    TestoLargo t;
+    EXPECT_EQ(t, "");
+    t = "abc";
+    EXPECT_EQ(t, "abc");
+    t.append("de", 2);
+    EXPECT_EQ(t, "abcde");
+    t.resize(7, '.');
+    EXPECT_EQ(t, "abcde..");
+    t.resize(2, '.');
+    EXPECT_EQ(t, "ab");
+    t.resize(4, '-'); // what was cut off does not come back
+    EXPECT_EQ(t, "ab--");
+    t.assign(3, ' ');
+    EXPECT_EQ(t, "   ");
+    t.clear();
+    EXPECT_EQ(Len(t), 0);
+    Testo lungo;
+    for (int i = 0; i < 1000; ++i) {
+        t.append("xyz", 3);
+        lungo += "xyz";
+        ASSERT_EQ(t, lungo);
+        ASSERT_EQ(Vista(t.data() + t.size(), TestoLargo::Passo).size(), TestoLargo::Passo);
+    }
+    t = Testo(500, 'q');
+    EXPECT_EQ(t, Testo(500, 'q'));
+}
+
+TEST(Testo, PrimiOttoDi) {
+    EXPECT_EQ(PrimiOttoDi(""), 0u);
+    EXPECT_EQ(PrimiOttoDi("A"), 0x41u);
+    EXPECT_EQ(PrimiOttoDi("\xFF\x01"), 0x01FFu);
+    EXPECT_EQ(PrimiOttoDi("12345678"), 0x3837363534333231u);
+    EXPECT_EQ(PrimiOttoDi("123456789"), 0x3837363534333231u);
+}
+
 } // namespace
 
 } // namespace morvella

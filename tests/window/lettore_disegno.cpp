@@ -67,7 +67,7 @@ Quadro Disegna(const QList<QByteArray>& righe, qreal punti, qreal scala) {
     q.Immagine.setDevicePixelRatio(scala);
     q.Immagine.fill(Qt::white);
     QPainter penna(&q.Immagine);
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     for (int i = 0; i < righe.size(); ++i) {
         const Vista riga(righe[i].data(), static_cast<std::size_t>(righe[i].size()));
         TagliaRiga(riga, fette);
@@ -236,7 +236,7 @@ void ProvaDisegno::SoloLeColonneChieste() {
     immagine.fill(Qt::white);
     QPainter penna(&immagine);
     const Vista riga = "WWWWWWWWWWWWWWWWWWWW";
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     TagliaRiga(riga, fette);
     griglia.Riga(penna, 0, 0, riga, fette, 5, 10, ColoriDiStampa(), {{7, 8, Qt::black, Qt::red}});
     penna.end();

@@ -348,7 +348,7 @@ void ProvaFile::TrovaTraIBlocchi() {
 void ProvaFile::TrovaNellaRiga() {
     const QByteArray bytes = G("000001     ···│··É = É");
     const Vista riga(bytes.data(), static_cast<std::size_t>(bytes.size()));
-    std::vector<Fetta> fette;
+    std::vector<Porzione> fette;
     TagliaRiga(riga, fette);
     QCOMPARE(Ago(u"é").In(riga, fette, 0, Len(riga)), 17);
     QCOMPARE(Ago(u"é").In(riga, fette, 18, Len(riga)), 21);

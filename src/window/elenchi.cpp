@@ -89,9 +89,9 @@ void ElencoDirectory::Apri(Disco& disco, const std::string& percorso) {
     Rileggi(disco);
 }
 
-void ElencoDirectory::Rileggi(Disco& disco) {
+void ElencoDirectory::Rileggi(Disco& disco, bool comunque) {
     const Scheda adesso = disco.Esamina(directory_);
-    if (modificata_ && adesso.Esiste() && *modificata_ == adesso.Modificato) return;
+    if (!comunque && modificata_ && adesso.Esiste() && *modificata_ == adesso.Modificato) return;
     modificata_ = adesso.Modificato;
 
     const bool stessa = aperta_ >= 0 && percorsi_[static_cast<std::size_t>(aperta_)] == directory_;

@@ -25,8 +25,8 @@ class ElencoDirectory : public QListWidget {
     /// Shows the directory with this platform path, as the disk has it now.
     void Apri(Disco& disco, const std::string& percorso);
     /// Reads the open directory again where the disk says that it changed; the marked row and
-    /// the place stay.
-    void Rileggi(Disco& disco);
+    /// the place stay. With `comunque` it does not ask: two changes can share a moment.
+    void Rileggi(Disco& disco, bool comunque = false);
 
     /// A row's platform path.
     const std::string& Percorso(int riga) const { return percorsi_[static_cast<std::size_t>(riga)]; }

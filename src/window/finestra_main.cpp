@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -40,13 +39,23 @@ bool DaTerminale() {
 }
 
 // Where the window starts when it is not told: a person at a terminal is somewhere already.
-QString Partenza() {
-    if (DaTerminale()) return QDir::currentPath();
+std::string Partenza(morvella::Disco& disco) {
+    if (DaTerminale()) return disco.DirectoryCorrente();
     for (const auto dove : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
         const QString directory = QStandardPaths::writableLocation(dove);
-        if (!directory.isEmpty() && QFileInfo(directory).isDir()) return directory;
+        if (!directory.isEmpty() && QFileInfo(directory).isDir()) return directory.toStdString();
     }
-    return QDir::currentPath();
+    return disco.DirectoryCorrente();
+}
+
+// In the bytes that were given, where names are bytes. What Qt takes for itself is gone from
+// argv by now.
+std::string PrimoArgomento([[maybe_unused]] char** argv, [[maybe_unused]] const QStringList& argomenti) {
+#ifdef Q_OS_WIN
+    return argomenti.front().toStdString();
+#else
+    return argv[1];
+#endif
 }
 
 } // namespace
@@ -71,7 +80,7 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
 
     const QStringList argomenti = QApplication::arguments().mid(1);
-    if (argomenti.size() > 1 || (argomenti.size() == 1 && argomenti.front().startsWith("--"))) {
+    if (argomenti.size() > 1 || (argomenti.size() == 1 && argomenti.front().startsWith("-"))) {
         std::fputs(Aiuto, stderr);
         return 2;
     }
@@ -79,11 +88,11 @@ int main(int argc, char** argv) {
     const std::unique_ptr<morvella::Disco> disco = morvella::DiscoReale();
     // In whole before the window goes to a directory of its own.
     const std::string argomento =
-        argomenti.isEmpty() ? std::string() : disco->Assoluto(argomenti.front().toStdString());
+        argomenti.isEmpty() ? std::string() : disco->Assoluto(PrimoArgomento(argv, argomenti));
     // What could not be copied into a user's own directory is told where it is missed.
     const morvella::Dimora dimora = morvella::TrovaDimora(
         *disco, QApplication::applicationDirPath().toStdString(), disco->DirectoryUtente());
-    morvella::VornOK finestra(*disco, dimora.Directory, Partenza().toStdString());
+    morvella::VornOK finestra(*disco, dimora.Directory, Partenza(*disco));
     finestra.show();
     if (!finestra.Finita() && !argomento.empty()) finestra.Apri(argomento);
     return finestra.Finita() ? finestra.Codice() : QApplication::exec();

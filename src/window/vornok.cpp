@@ -115,6 +115,15 @@ void Colora(QLabel* etichetta, const QColor& colore) {
     etichetta->setPalette(tavolozza);
 }
 
+// Names are bytes where the system says so, and need not be UTF-8.
+std::string PercorsoDi(const QUrl& url) {
+#ifdef Q_OS_WIN
+    return url.toLocalFile().toStdString();
+#else
+    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toUtf8()).toStdString();
+#endif
+}
+
 std::string Genitore(const std::string& percorso) {
     const std::size_t barra = percorso.find_last_of('/');
     return percorso.substr(0, barra == 0 || percorso[barra - 1] == ':' ? barra + 1 : barra);
@@ -393,7 +402,10 @@ void VornOK::Collega() {
 // to here is final.
 void VornOK::Evento(const std::function<void()>& operazione) {
     if (finita_) return;
-    ++annidati_;
+    if (annidati_++ == 0) {
+        iniziato_ = std::chrono::steady_clock::now();
+        speso_ = {};
+    }
     try {
         operazione();
     } catch (const Errore& e) {
@@ -525,7 +537,7 @@ void VornOK::dropEvent(QDropEvent* evento) {
     if (dove.size() != 1 || !dove.front().isLocalFile()) return;
     evento->acceptProposedAction();
     // Behind the drop: who drags waits for its end, and a question would keep him waiting.
-    const std::string percorso = dove.front().toLocalFile().toStdString();
+    const std::string percorso = PercorsoDi(dove.front());
     QMetaObject::invokeMethod(
         this, [this, percorso] { Apri(percorso); }, Qt::QueuedConnection);
 }
@@ -603,7 +615,7 @@ void VornOK::RileggiDisco() {
     Dir1_->Rileggi(disco_);
 }
 
-void VornOK::AggiornaDir1() { Dir1_->Rileggi(disco_); }
+void VornOK::AggiornaDir1() { Dir1_->Rileggi(disco_, true); }
 
 void VornOK::PortaFuocoSuText1() {
     // Not at the start, when the options are loaded: the other card is in front then.
@@ -613,18 +625,23 @@ void VornOK::PortaFuocoSuText1() {
     }
 }
 
-// In the middle of an operation nothing else paints. Some twenty-five times a second is as
-// often as it can be followed; what comes between goes with the next one.
-void VornOK::Ridisegna() {
+// In the middle of an operation nothing else paints. Some twenty-five times a second is as often
+// as a bar can be followed; what comes between goes with the next one. The name of the file in
+// work is painted each time that it changes, as long as painting stays below a twentieth of the
+// operation: a small file of many would cost less to read than to name.
+void VornOK::Ridisegna(bool nome) {
+    using namespace std::chrono_literals;
     if (!mostrata_) return;
     const auto adesso = std::chrono::steady_clock::now();
-    if (adesso - dipinto_ < std::chrono::milliseconds(40)) return;
+    const bool subito = nome && speso_ <= 5ms + (adesso - iniziato_) / 20;
+    if (!subito && adesso - dipinto_ < 40ms) return;
     dipinto_ = adesso;
     ++ridisegni_;
     AggiornaBarre();
     Label2_->repaint();
     ProgressBar1_->repaint();
     Progress_->repaint();
+    speso_ += std::chrono::steady_clock::now() - adesso;
 }
 
 // ---------------------------------------------------------------------------------- the boxes

@@ -60,8 +60,8 @@ class VornOK : public QMainWindow, public Finestra {
     int MsgBox(Vista testo, int flag, Vista titolo) override;
     void Beep() override;
     void Avvia(Vista comando, int finestra) override;
-    void RidisegnaLabel2() override { Ridisegna(); }
-    void RidisegnaBarra(const Barra&) override { Ridisegna(); }
+    void RidisegnaLabel2() override { Ridisegna(true); }
+    void RidisegnaBarra(const Barra&) override { Ridisegna(false); }
     void AggiornaDir1() override;
     void PortaFuocoSuText1() override;
     void MotoreFermato(const Arresto&) override {} // the window is silent
@@ -93,7 +93,7 @@ class VornOK : public QMainWindow, public Finestra {
     void AggiornaMenu();
     void AggiornaBarre();
     void AggiornaUnita();
-    void Ridisegna();
+    void Ridisegna(bool nome);
     void RileggiDisco();
     bool MuoviDir1(const std::string& percorso);
 
@@ -129,6 +129,8 @@ class VornOK : public QMainWindow, public Finestra {
 
     std::vector<Unita> unita_;
     std::chrono::steady_clock::time_point dipinto_{};
+    std::chrono::steady_clock::time_point iniziato_{}; // the operation
+    std::chrono::steady_clock::duration speso_{};      // on painting in it
     int ridisegni_ = 0;
     int annidati_ = 0;
     bool mostrata_ = false;

@@ -408,7 +408,8 @@ void CorsaTest::barreDuranteLaCorsa() {
     tempo.start();
     b.Comando("mnuRiordina");
     QVERIFY(w.Ridisegni() > allora);
-    QVERIFY(w.Ridisegni() - allora <= tempo.elapsed() / 40 + 1);
+    // The names of two files and the empty one at the end come on top.
+    QVERIFY(w.Ridisegni() - allora <= tempo.elapsed() / 40 + 1 + 3);
 }
 
 // The second row has no file. The rewriter stops at it, and so does the listing, which has put

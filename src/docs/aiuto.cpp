@@ -2,7 +2,6 @@
 //
 // The tool's own help page.
 #include "docs/docs.h"
-#include "docs/righe.h"
 
 namespace morvella {
 
@@ -116,9 +115,11 @@ void MnuHelpHtml_Click(Stato& s) {
     while (s.File.Dir(pagina, 0).empty()) {
         s.Canale.OpenOutput(1, pagina);
         for (const std::string_view riga : Pagina) {
-            const Testo bytes = Bytes1252DaUtf8(riga).value();
-            const Vista vista = bytes;
-            ScriviRighe(s, 1, std::span(&vista, 1), {IndirizzoContatto, IndirizzoContatto});
+            Testo bytes = Bytes1252DaUtf8(riga).value();
+            for (std::size_t segno = bytes.find('@'); segno != Testo::npos;
+                 segno = bytes.find('@', segno + IndirizzoContatto.size()))
+                bytes.replace(segno, 1, IndirizzoContatto);
+            s.Canale.Print(1, bytes);
         }
         s.Canale.Close(1);
     }

@@ -101,6 +101,7 @@ Testo PreparaDirectory(Stato& s) {
         s.Canale.Print(7, FraseOkLog);
         s.Canale.Close(7);
     }
+    s.File.AgganciaLavoro(directory);
     return directory;
 }
 
@@ -154,7 +155,7 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
     const Testo indice = dirPagine + "\\Indice.Html";
     if (!s.File.Dir(indice, 0).empty()) s.File.Kill(indice);
     s.Canale.OpenOutput(1, indice);
-    ScriviRighe(s, 1, IndiceTesta);
+    ScriviRighe<IndiceTesta>(s, 1);
 
     // One more than there are, which makes the third column the short one.
     Lungo conto = s.File1.ContaSelezionate();
@@ -192,11 +193,11 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
             .append(".Html\">");
         colonna.append(voce).append("<br>");
     }
-    ScriviRighe(s, 1, IndiceTitolo);
-    ScriviRighe(s, 1, PrimaCella, {testoColonna1});
-    if (limiteColonna2 >= 1) ScriviRighe(s, 1, SecondaCella, {testoColonna2});
-    if (terzoBase >= 1) ScriviRighe(s, 1, TerzaCella, {testoColonna3});
-    ScriviRighe(s, 1, IndiceCoda);
+    ScriviRighe<IndiceTitolo>(s, 1);
+    ScriviRighe<PrimaCella>(s, 1, testoColonna1);
+    if (limiteColonna2 >= 1) ScriviRighe<SecondaCella>(s, 1, testoColonna2);
+    if (terzoBase >= 1) ScriviRighe<TerzaCella>(s, 1, testoColonna3);
+    ScriviRighe<IndiceCoda>(s, 1);
     s.Canale.Close(1);
 
     const Testo domanda = "Documentazione HTML riuscita." + Chr(13) + "Vuoi visualizzare l'indice?";

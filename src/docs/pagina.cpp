@@ -132,7 +132,7 @@ class Scansione {
 
   private:
     void Testa(bool& scritta, Vista titolo) {
-        if (!scritta) ScriviRighe(s_, 2, TestaSezione, {titolo});
+        if (!scritta) ScriviRighe<TestaSezione>(s_, 2, titolo);
         scritta = true;
     }
     void CercaMenu();
@@ -170,7 +170,7 @@ void Scansione::CercaMenu() {
     s_.Riga = s_.Canale.LineInput(1); // with no look at the end of the file, and not counted
     // Without the marker the caption is the line from its 20th byte on, whatever stands there.
     const Lungo segno = InStr(1, s_.Riga, "Caption         =   ");
-    ScriviRighe(s_, 2, RigaMenu, {nome, Trim(Mid(s_.Riga, segno + 20, Len(s_.Riga)))});
+    ScriviRighe<RigaMenu>(s_, 2, nome, Trim(Mid(s_.Riga, segno + 20, Len(s_.Riga))));
 }
 
 // The first test that holds ends the chain. The cuts differ on purpose: some values keep the
@@ -185,7 +185,7 @@ void Scansione::CercaControlli() {
         p_.DatabaseData = Mid(t, 13, tutta);
     } else if (Mid(t, 1, 12) == "RecordSource" && p_.NomeAdo.empty()) {
         p_.RecordData = Mid(t, 13, tutta);
-        ScriviRighe(s_, 2, RigaControllo, {p_.NomeData, p_.DatabaseData, p_.RecordData});
+        ScriviRighe<RigaControllo>(s_, 2, p_.NomeData, p_.DatabaseData, p_.RecordData);
         p_.RecordData.clear();
         p_.DatabaseData.clear();
         p_.NomeData.clear();
@@ -196,7 +196,7 @@ void Scansione::CercaControlli() {
         p_.OledbAdo = Trim(Mid(t, 19, tutta));
     } else if (Mid(t, 1, 17) == "RecordSource    =") {
         p_.RecordAdo = Mid(t, 19, tutta);
-        ScriviRighe(s_, 2, RigaControllo, {p_.NomeAdo, p_.OledbAdo, p_.RecordAdo});
+        ScriviRighe<RigaControllo>(s_, 2, p_.NomeAdo, p_.OledbAdo, p_.RecordAdo);
         p_.RecordAdo.clear();
         p_.OledbAdo.clear();
         p_.NomeAdo.clear();
@@ -222,16 +222,16 @@ void Scansione::Procedura() {
     } else if (IniziaPer(s_.Riga, "private sub") || IniziaPer(s_.Riga, "public sub")) {
         apre = ApreSub;
         s_.Margine = Space(5);
-        s_.StoriaBlocchi += "01";
+        s_.StoriaBlocchi.AggiungiDue("01", 2);
     } else if (IniziaPer(s_.Riga, "private function") || IniziaPer(s_.Riga, "public function")) {
         apre = ApreProcedura;
         s_.Margine = Space(5);
-        s_.StoriaBlocchi += "02";
+        s_.StoriaBlocchi.AggiungiDue("02", 2);
     } else {
         return;
     }
     s_.Canale.Print(2, apre);
-    ScriviRighe(s_, 2, RigaProcedura, {s_.Riga});
+    ScriviRighe<RigaProcedura>(s_, 2, s_.Riga);
 }
 
 // Where in a slice a line may begin with "private" or "public", behind blanks. For speed alone: it
@@ -246,7 +246,7 @@ Segni CercaPrivatePublic(const char* p) {
 
 // The forms shown, in their order. The closing lines come in any case.
 void ScriviMostrati(Stato& s) {
-    if (!s.ElencoShow.Resto().empty()) ScriviRighe(s, 2, MostratiTesta);
+    if (!s.ElencoShow.Resto().empty()) ScriviRighe<MostratiTesta>(s, 2);
     for (;;) {
         const Vista resto = s.ElencoShow.Resto();
         const Lungo fine = InStr(1, resto, "\r");
@@ -256,7 +256,7 @@ void ScriviMostrati(Stato& s) {
         s.Canale.Print(2, "          ", "'", voce, coda);
         s.ElencoShow.Presi += static_cast<std::size_t>(fine);
     }
-    ScriviRighe(s, 2, MostratiCoda);
+    ScriviRighe<MostratiCoda>(s, 2);
 }
 
 } // namespace
@@ -264,12 +264,12 @@ void ScriviMostrati(Stato& s) {
 void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti) {
     s.Canale.OpenInput(1, s.FileSorgente);
     s.Canale.OpenOutput(2, s.FileUscita);
-    ScriviRighe(s, 2, TestaPagina, {s.FileUscita});
+    ScriviRighe<TestaPagina>(s, 2, s.FileUscita);
     // The row goes to the disk as it stands: relative to the current directory.
     const Testo quando = s.File.FileDateTime(voce);
     const Vista data = Mid(quando, 1, InStr(1, quando, " ") - 1); // error 5 at midnight: meant
     const Testo misura = CStr(s.File.FileLen(voce));
-    ScriviRighe(s, 2, Riepilogo, {voce, data, misura});
+    ScriviRighe<Riepilogo>(s, 2, voce, data, misura);
 
     Scansione scansione(s, pendenti);
     for (;;) {
@@ -279,12 +279,12 @@ void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti) {
         s.Riga = s.Canale.LineInput(1);
         scansione.RigaLetta();
     }
-    if (!scansione.MenuTrovati()) ScriviRighe(s, 2, SenzaMenu);
-    ScriviRighe(s, 2, Banda);
+    if (!scansione.MenuTrovati()) ScriviRighe<SenzaMenu>(s, 2);
+    ScriviRighe<Banda>(s, 2);
     ScriviMostrati(s);
-    ScriviRighe(s, 2, Rilettura, {s.File.Date()});
+    ScriviRighe<Rilettura>(s, 2, s.File.Date());
     s.Canale.Close(1);
-    ScriviRighe(s, 2, Fine);
+    ScriviRighe<Fine>(s, 2);
     s.Canale.Close(2);
 }
 

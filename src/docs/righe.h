@@ -4,14 +4,55 @@
 // Fixed lines of a page with places for values.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <span>
 
 #include "shell/state.h"
 
 namespace morvella {
 
-/// Prints a table's lines to channel `n`, each "@" replaced by the next of `valori`, as it is:
+// A table of lines as one text, each with its CR LF, cut where an "@" stands: made by the
+// compiler, since some tables are printed for every procedure.
+template <const auto& Righe>
+struct RigheUnite {
+    static constexpr std::size_t Misura = [] {
+        std::size_t misura = 0;
+        for (const Vista riga : Righe) misura += riga.size() + 2;
+        return misura;
+    }();
+    static constexpr std::array<char, Misura> Unito = [] {
+        std::array<char, Misura> testo{};
+        char* dove = testo.data();
+        for (const Vista riga : Righe) {
+            dove = std::copy(riga.begin(), riga.end(), dove);
+            *dove++ = '\r';
+            *dove++ = '\n';
+        }
+        return testo;
+    }();
+    static constexpr auto Valori = static_cast<std::size_t>(std::count(Unito.begin(), Unito.end(), '@'));
+    static constexpr std::array<Vista, Valori + 1> Pezzi = [] {
+        std::array<Vista, Valori + 1> pezzi;
+        Vista resto(Unito.data(), Misura);
+        for (Vista& pezzo : pezzi) {
+            pezzo = resto.substr(0, resto.find('@'));
+            resto.remove_prefix(std::min(pezzo.size() + 1, resto.size()));
+        }
+        return pezzi;
+    }();
+};
+
+/// Prints a table's lines to channel `n`, each "@" replaced by the next of the values, as it is:
 /// nothing is escaped for HTML.
-void ScriviRighe(Stato& s, int n, std::span<const Vista> righe, std::initializer_list<Vista> valori = {});
+template <const auto& Righe, class... Dati>
+void ScriviRighe(Stato& s, int n, const Dati&... valori) {
+    using Unite = RigheUnite<Righe>;
+    static_assert(sizeof...(Dati) == Unite::Valori);
+    const std::array<Vista, Unite::Valori + 1> dati = {valori..., Vista()};
+    std::array<Vista, 2 * Unite::Valori + 1> tutti;
+    for (std::size_t i = 0; i < tutti.size(); ++i) tutti[i] = i % 2 == 0 ? Unite::Pezzi[i / 2] : dati[i / 2];
+    s.Canale.PrintPezzi(n, tutti);
+}
 
 } // namespace morvella

@@ -54,6 +54,7 @@ class DiscoMemoria : public Disco {
             return n;
         }
         void Scrivi(const char*, std::size_t) override {}
+        void Svuota() override {}
         void Chiudi() override {}
 
       private:

@@ -14,8 +14,7 @@ namespace {
 
 void BenchClassificaRiga(benchmark::State& stato) {
     for (auto _ : stato)
-        for (const Vista riga : Campione::Comune().Trimmate)
-            benchmark::DoNotOptimize(ClassificaRiga(riga));
+        for (const Vista riga : Campione::Comune().Trimmate) benchmark::DoNotOptimize(ClassificaRiga(riga));
     Conta(stato);
 }
 BENCHMARK(BenchClassificaRiga);
@@ -77,7 +76,7 @@ void BenchRiscriviRiga(benchmark::State& stato) {
         p.S.StoriaBlocchi = "00";
         for (const Vista riga : Campione::Comune().Trimmate) {
             p.S.Riga = riga;
-            RiscriviRiga(p.S);
+            RiscriviRiga(p.S, ClassificaRiga(riga));
         }
         p.S.Canale.Close(2);
     }

@@ -9,16 +9,14 @@ namespace {
 
 void BenchTrim(benchmark::State& stato) {
     for (auto _ : stato)
-        for (const Vista riga : Campione::Comune().Righe)
-            benchmark::DoNotOptimize(Trim(riga));
+        for (const Vista riga : Campione::Comune().Righe) benchmark::DoNotOptimize(Trim(riga));
     Conta(stato);
 }
 BENCHMARK(BenchTrim);
 
 void BenchLCase(benchmark::State& stato) {
     for (auto _ : stato)
-        for (const Vista riga : Campione::Comune().Righe)
-            benchmark::DoNotOptimize(LCase(riga));
+        for (const Vista riga : Campione::Comune().Righe) benchmark::DoNotOptimize(LCase(riga));
     Conta(stato);
 }
 BENCHMARK(BenchLCase);
@@ -38,8 +36,7 @@ void BenchLineInput(benchmark::State& stato) {
     Canali canali(archivio);
     for (auto _ : stato) {
         canali.OpenInput(1, "\\p\\x.frm");
-        while (!canali.Eof(1))
-            benchmark::DoNotOptimize(canali.LineInput(1));
+        while (!canali.Eof(1)) benchmark::DoNotOptimize(canali.LineInput(1));
         canali.Close(1);
     }
     Conta(stato);
@@ -54,8 +51,7 @@ void BenchPrint(benchmark::State& stato) {
     const Testo margine = Space(11);
     for (auto _ : stato) {
         canali.OpenOutput(2, "\\p\\x.txt");
-        for (const Vista riga : Campione::Comune().Trimmate)
-            canali.Print(2, numero, margine, "     ", riga);
+        for (const Vista riga : Campione::Comune().Trimmate) canali.Print(2, numero, margine, "     ", riga);
         canali.Close(2);
     }
     Conta(stato);

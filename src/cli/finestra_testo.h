@@ -36,9 +36,8 @@ class FinestraTesto : public Finestra {
     void MotoreFermato(const Arresto& arresto) override;
     void ErroreSaltato(const Errore& causa) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
-    void MargineMosso(const PassoMargine& passo) override {
-        if (Sorveglia) Trovato.Osserva(passo, TestoDiRiga(passo.Riga));
-    }
+    bool SegueMargine() const override { return Sorveglia; }
+    void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo, TestoDiRiga(passo.Riga)); }
 
     /// An error that nobody trapped.
     void ErroreFinale(Vista operazione, const Errore& causa, Lungo riga);

@@ -1,24 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // The connector engine, with the balance test: one line at a time against Margine.
-#include "listing/listing.h"
-#include "scan/classifica.h"
+#include "listing/connettori.h"
 #include "shell/gestore.h"
 
 namespace morvella {
 
-namespace {
+using namespace connettore;
 
-// Code page 437, written as raw bytes.
-constexpr char AngoloApre = '\xDA';    // 218 ┌
-constexpr char Tratto = '\xC4';        // 196 ─
-constexpr char Innesto = '\xC3';       // 195 ├
-constexpr char AngoloChiude = '\xC0';  // 192 └
-constexpr char Colonna = '\xB3';       // 179 │
-constexpr char DoppioApre = '\xC9';    // 201 ╔
-constexpr char DoppioTratto = '\xCD';  // 205 ═
-constexpr char DoppioChiude = '\xC8';  // 200 ╚
-constexpr char DoppiaColonna = '\xBA'; // 186 ║
+namespace {
 
 template <class... Pezzi>
 void Scrivi(Stato& s, const Pezzi&... pezzi) {
@@ -30,6 +20,7 @@ void Scrivi(Stato& s, const Pezzi&... pezzi) {
 }
 
 void Di(Stato& s, PassoMargine::Genere che, Lungo larghezza) {
+    if (!s.MargineSeguito) return;
     s.Casa.MargineMosso({che, s.RigaInLavoro, s.RigaFile, s.ContaRighe, larghezza, s.Margine, s.Riga});
 }
 
@@ -102,9 +93,9 @@ void ChiudiWith(Stato& s) {
 // The box does not adapt: a long head runs out through its right side. The number field counts
 // twice in the indentation.
 void ScriviRiquadro(Stato& s) {
+    static const Testo stelle(101, '*');
+    static const Testo vuoto = Space(99);
     const Testo prefisso = Space(Len(s.Numero) + Len(s.Margine));
-    const Testo stelle(101, '*');
-    const Testo vuoto = Space(99);
     Scrivi(s, prefisso, stelle);
     Scrivi(s, prefisso, "*", vuoto, "*");
     Scrivi(s, s.Numero, prefisso, "  ", s.Riga);
@@ -160,8 +151,7 @@ bool VerificaBlocco(Stato& s, Vista codice, bool togli) {
     return false;
 }
 
-void ElencaRiga(Stato& s) {
-    const Classe classe = ClassificaRiga(s.Riga, s.Canale.PrimiOtto(s.Riga));
+void ElencaRiga(Stato& s, Classe classe) {
     AnnotaBlocco(s.StoriaBlocchi, classe);
     switch (classe) {
     case RigaType: ScriviRiquadro(s); break; // at whatever margin it meets, which stays

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The listing's run over the rows of File1, and the viewer.
-#include "listing/listing.h"
+#include "listing/connettori.h"
 
 #include "scan/testa.h"
 #include "shell/cartella.h"
@@ -15,18 +15,10 @@ constexpr Lungo NumeroMassimo = 999999; // of a line that shows its number
 
 // A form's control section ends here: the file starts anew, the margin and the history do not.
 void Riparti(Stato& s) {
-    Istruzione(s, [&] { s.Canale.Close(2); });
+    Istruzione(s, [&] { s.Canale.Ricomincia(2); });
     s.ContaRighe = 0;
     s.Numero = Space(5);
-    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
-}
-
-// The six digits go on by one: mostly the last alone changes.
-void AvanzaCifre(char* cifre) {
-    char* cifra = cifre + 5;
-    for (; *cifra == '9'; --cifra) *cifra = '0';
-    ++*cifra;
 }
 
 // The number field of line `n`, where that of the line before stands.
@@ -35,6 +27,18 @@ void AvanzaNumero(TestoLargo& numero, Lungo n) {
         AvanzaCifre(numero.data());
     else
         numero = CampoNumero(n);
+}
+
+// Lines of the code that are written without a look at each, as far as the numbers reach; gives how
+// many.
+Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte, Lungo scritto) {
+    if (s.StatoTesta != 7 || s.ContaRighe != scritto) return 0;
+    const auto restano = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
+    const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), restano))));
+    s.ContaRighe += comuni;
+    s.RigaFile += comuni;
+    AvanzaBarra(s, s.Progress, comuni);
+    return comuni;
 }
 
 void ElencaFile(Stato& s, const Testo& voce) {
@@ -57,13 +61,22 @@ void ElencaFile(Stato& s, const Testo& voce) {
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     IniziaTestaStruttura(s);
-    s.Casa.MargineMosso({PassoMargine::Inizio, s.RigaInLavoro, 0, 0, Len(s.Margine), s.Margine, {}});
+    s.MargineSeguito = s.Casa.SegueMargine();
+    if (s.MargineSeguito)
+        s.Casa.MargineMosso({PassoMargine::Inizio, s.RigaInLavoro, 0, 0, Len(s.Margine), s.Margine, {}});
     Lungo scritto = -1; // the number that stands in Numero
-    while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
+    RigheSorgente sorgente(s);
+    while (!sorgente.Finita()) {
+        if (const Lungo comuni = ElencaPronte(s, sorgente.Pronte(), scritto); comuni > 0) {
+            sorgente.Salta(comuni);
+            scritto = s.ContaRighe;
+            continue;
+        }
         ++s.ContaRighe;
         ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
-        s.Riga = Istruzione(s, [&] { return s.Canale.LineInputTrim(1); }).Trimmata();
+        const RigaSorgente& riga = sorgente.Prossima();
+        s.Riga = riga.Letta.Trimmata();
         const PassoTesta passo = AvanzaTestaStruttura(s);
         if (passo.Testa) ScriviTesta(s);
         if (passo.Codice || passo.Riparte) {
@@ -75,11 +88,10 @@ void ElencaFile(Stato& s, const Testo& voce) {
                 Riparti(s);
                 scritto = -1;
             } else {
-                ElencaRiga(s);
+                ElencaRiga(s, riga.Quale);
                 scritto = s.ContaRighe;
             }
         }
-        s.Riga = {}; // the channel may move what it has read
     }
     Istruzione(s, [&] { s.Canale.Close(1); });
     Istruzione(s, [&] { s.Canale.Close(2); });

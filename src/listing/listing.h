@@ -11,6 +11,7 @@
 // Each row is deselected before it is processed, and StatoTesta goes over from file to file.
 #pragma once
 
+#include "scan/classifica.h"
 #include "shell/state.h"
 
 namespace morvella {
@@ -31,10 +32,10 @@ Testo CampoNumero(Lungo n);
 /// Writes the head of the listing to channel 2 and uses up ElencoShow.
 void ScriviTesta(Stato& s);
 
-/// Writes the line in Riga against its margin to channel 2 and moves Margine and StoriaBlocchi
-/// on. Raises FineMotore when a write fails, and with 5 where a closing or middle line meets
-/// a margin of fewer than 3 bytes, as it is behind an End Sub.
-void ElencaRiga(Stato& s);
+/// Writes the line in Riga, which is of class `classe`, against its margin to channel 2 and moves Margine and
+/// StoriaBlocchi on. Raises FineMotore when a write fails, and with 5 where a closing or middle line meets a
+/// margin of fewer than 3 bytes, as it is behind an End Sub.
+void ElencaRiga(Stato& s, Classe classe);
 
 /// What stands in the place of `margine` in an Exit line: "<<" and a double stroke for each of
 /// its bytes, two for an empty one.

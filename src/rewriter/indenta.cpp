@@ -2,7 +2,6 @@
 //
 // The indent engine: one line at a time, with the length of Margine for its only memory.
 #include "rewriter/rewriter.h"
-#include "scan/classifica.h"
 #include "shell/gestore.h"
 
 namespace morvella {
@@ -101,8 +100,7 @@ void ScriviAltra(Stato& s) {
 
 } // namespace
 
-void RiscriviRiga(Stato& s) {
-    const Classe classe = ClassificaRiga(s.Riga, s.Canale.PrimiOtto(s.Riga));
+void RiscriviRiga(Stato& s, Classe classe) {
     AnnotaBlocco(s.StoriaBlocchi, classe);
     switch (classe) {
     case RigaType:

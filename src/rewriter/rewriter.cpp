@@ -3,6 +3,7 @@
 // The rewriter's run: two stages over the rows of File1.
 #include "rewriter/rewriter.h"
 
+#include "scan/sorgente.h"
 #include "scan/testa.h"
 #include "shell/cartella.h"
 #include "shell/gestore.h"
@@ -55,14 +56,14 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     IniziaTestaRiordina(s);
-    while (!Istruzione(s, [&] { return s.Canale.Eof(1); })) {
+    RigheSorgente sorgente(s);
+    while (!sorgente.Finita()) {
         ++s.ContaRighe;
         ++s.RigaFile;
         AvanzaBarra(s, s.Progress);
-        const RigaLetta riga = Istruzione(s, [&] { return s.Canale.LineInputTrim(1); });
-        s.Riga = riga.Intera();
-        if (AvanzaTestaRiordina(s, riga.Intera(), riga.Trimmata())) RiscriviRiga(s);
-        s.Riga = {}; // the channel may move what it has read
+        const RigaSorgente& riga = sorgente.Prossima();
+        s.Riga = riga.Letta.Intera();
+        if (AvanzaTestaRiordina(s, riga.Letta.Intera(), riga.Letta.Trimmata())) RiscriviRiga(s, riga.Quale);
     }
     ScriviChiusura(s);
     Istruzione(s, [&] { s.Canale.Close(1); });

@@ -10,6 +10,7 @@
 // there is no stack. The layout is this drift.
 #pragma once
 
+#include "scan/classifica.h"
 #include "shell/state.h"
 
 namespace morvella {
@@ -20,6 +21,6 @@ void mnuRiordina_Click(Stato& s);
 
 /// Writes the line in Riga at its margin to channel 2 and moves Margine and StoriaBlocchi on.
 /// Raises FineMotore when a write fails.
-void RiscriviRiga(Stato& s);
+void RiscriviRiga(Stato& s, Classe classe);
 
 } // namespace morvella

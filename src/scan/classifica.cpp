@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "scan/classifica.h"
 
-#include <algorithm>
-#include <array>
+#include <bit>
 
 namespace morvella {
 
@@ -57,100 +56,181 @@ constexpr Prova Prove[] = {
 };
 // clang-format on
 
-constexpr std::size_t NumeroProve = std::size(Prove);
+// What a line looks like that matches a row: bytes, as they lie in memory, and its length.
+struct Forma {
+    Classe Esito = RigaAltra;
+    std::array<char, 16> Inizio{};
+    std::size_t Guardati = 0; // bytes of Inizio
+    std::size_t Minima = 0;
+    std::size_t Massima = ~std::size_t{0} / 2;
+};
 
-constexpr std::size_t InComune(Vista a, Vista b) noexcept {
-    std::size_t n = 0;
-    while (n < a.size() && n < b.size() && a[n] == b[n]) ++n;
-    return n;
+constexpr Forma FormaDi(const Prova& prova, char dietro = ' ') {
+    Forma forma{.Esito = prova.Esito};
+    for (const char c : prova.Inizio) forma.Inizio[forma.Guardati++] = c;
+    forma.Minima = forma.Guardati;
+    if (prova.Come == RigaIntera) { // what stands behind such a line is one of two
+        forma.Massima = forma.Guardati;
+        forma.Inizio[forma.Guardati++] = dietro;
+    }
+    return forma;
 }
 
-// A row as numbers: what of a line's first eight bytes it looks at, and what has to stand there.
-struct Riga {
-    std::uint64_t Maschera = 0;
-    std::uint64_t Inizio = 0;
-    unsigned char Quale = 0;
-};
-// The rows box by box, in each box in the order of the table.
-struct Righe {
-    std::array<Riga, NumeroProve> Tutte{};
-    Schedario Caselle;
+constexpr bool Lettera(char c) { return c >= 'a' && c <= 'z'; }
+
+// Of the bytes from `da` on, those that are there: the letters without their case, or their masks.
+template <class N>
+constexpr N Lettere(const Forma& forma, std::size_t da, bool maschera) {
+    std::array<char, sizeof(N)> bytes{};
+    for (std::size_t i = da; i < da + bytes.size() && i < forma.Guardati; ++i) {
+        const char intera = Lettera(forma.Inizio[i]) ? '\xDF' : '\xFF';
+        bytes[i - da] = maschera ? intera : static_cast<char>(forma.Inizio[i] & intera);
+    }
+    return std::bit_cast<N>(bytes);
+}
+
+constexpr std::uint32_t TreLettere = std::bit_cast<std::uint32_t>(std::array{'\xDF', '\xDF', '\xDF', '\0'});
+constexpr std::uint16_t DueLettere = std::bit_cast<std::uint16_t>(std::array{'\xDF', '\xDF'});
+
+// What of a form leads to its box, and from there to its place.
+constexpr std::uint32_t Tre(const Forma& forma) {
+    return std::bit_cast<std::uint32_t>(std::array{forma.Inizio[0], forma.Inizio[1], forma.Inizio[2], '\0'}) &
+           TreLettere;
+}
+constexpr std::uint16_t Due(const Forma& forma, std::size_t dove) {
+    return std::bit_cast<std::uint16_t>(std::array{forma.Inizio[dove], forma.Inizio[dove + 1]}) & DueLettere;
+}
+
+// The forms of one box, in the order of the table.
+struct Gruppo {
+    std::array<Forma, 8> Forme{};
+    std::size_t Quante = 0;
+    Classe Altrimenti = RigaAltra;
 };
 
-// Whether the factor keeps the boxes apart; fills them if so.
-constexpr bool Riempi(Righe& r, std::uint32_t fattore) {
-    r.Caselle.Fattore = fattore;
-    r.Caselle.Caselle.fill(Casella());
-    unsigned char posto = 0;
-    for (std::size_t i = 0; i < NumeroProve; ++i) {
-        const std::uint64_t chiave = Primi(PrimiOttoDi(Prove[i].Inizio), 3);
-        Casella& casella = r.Caselle.Caselle[r.Caselle.Posto(chiave)];
-        if (Primi(casella.Inizio, 3) == chiave) continue; // in its box already
-        if (casella.Maschera != 0) return false;
-        casella.Da = posto;
-        std::size_t comune = Prove[i].Inizio.size();
-        for (std::size_t j = i; j < NumeroProve; ++j) {
-            const Vista inizio = Prove[j].Inizio;
-            if (Primi(PrimiOttoDi(inizio), 3) != chiave) continue;
-            comune = InComune(inizio, Prove[i].Inizio.substr(0, comune));
-            r.Tutte[posto++] = {Primi(~std::uint64_t{0}, inizio.size()), PrimiOttoDi(inizio),
-                                static_cast<unsigned char>(j)};
-        }
-        casella.Fino = posto;
-        casella.DaProvare = posto - casella.Da > 1 || comune > 8 || Prove[i].Come == RigaIntera;
-        if (!casella.DaProvare) casella.Esito = Prove[i].Esito;
-        casella.Maschera = Primi(~std::uint64_t{0}, std::max<std::size_t>(comune, 3));
-        casella.Inizio = Primi(PrimiOttoDi(Prove[i].Inizio), comune);
+constexpr void Aggiungi(Gruppo& gruppo, const Forma& forma) {
+    for (std::size_t i = 0; i < gruppo.Quante; ++i) {
+        Forma& altra = gruppo.Forme[i];
+        if (altra.Inizio != forma.Inizio) continue;
+        // "do " with anything behind it, and the whole line "do", whose blanks have gone: one form.
+        altra.Minima = std::min(altra.Minima, forma.Minima);
+        altra.Massima = std::max(altra.Massima, forma.Massima);
+        return;
     }
+    gruppo.Forme[gruppo.Quante++] = forma;
+}
+
+// A row of three letters that stands behind all others of its box takes what they leave.
+constexpr bool Ultima(std::size_t i) {
+    std::size_t altre = 0;
+    for (std::size_t j = 0; j < std::size(Prove); ++j)
+        if (Tre(FormaDi(Prove[j])) == Tre(FormaDi(Prove[i]))) altre = j > i ? 100 : altre + 1;
+    return Prove[i].Inizio.size() == 3 && altre > 1 && altre < 100;
+}
+
+constexpr Gruppo GruppoDi(std::uint32_t tre) {
+    Gruppo gruppo;
+    for (std::size_t i = 0; i < std::size(Prove); ++i)
+        for (const char dietro : {' ', '\r'}) {
+            const Forma forma = FormaDi(Prove[i], dietro);
+            if (Tre(forma) != tre) continue;
+            if (Ultima(i))
+                gruppo.Altrimenti = Prove[i].Esito;
+            else
+                Aggiungi(gruppo, forma);
+        }
+    return gruppo;
+}
+
+// The first place at which two letters tell the forms of a box apart, and by the factor have each a
+// place of its own; 0 when there is none.
+constexpr std::size_t DoveDiverse(const Gruppo& gruppo, std::uint32_t fattore) {
+    for (std::size_t dove = 3; dove + 2 <= 16; ++dove) {
+        unsigned presi = 0;
+        bool diverse = true;
+        for (std::size_t i = 0; i < gruppo.Quante; ++i) {
+            if (gruppo.Forme[i].Guardati < dove + 2) return 0;
+            const unsigned posto = 1U << (Due(gruppo.Forme[i], dove) * fattore >> 29);
+            diverse = diverse && (presi & posto) == 0;
+            presi |= posto;
+        }
+        if (diverse) return dove;
+    }
+    return 0;
+}
+
+// Whether the factors keep everything apart; fills the boxes if so.
+constexpr bool Riempi(Schedario& s) {
+    s.TreLettere = TreLettere;
+    s.DueLettere = DueLettere;
+    s.Caselle.fill(Casella());
+    s.Confronti.fill(Confronto());
+    std::array<bool, 128> piena{};
+    unsigned char libero = 1;
+    for (const Prova& prova : Prove)
+        for (const char dietro : {' ', '\r'}) {
+            const std::uint32_t tre = Tre(FormaDi(prova, dietro));
+            Casella& casella = s.Caselle[s.Posto(tre)];
+            if (piena[s.Posto(tre)]) {
+                if (casella.Inizio != tre) return false;
+                continue;
+            }
+            piena[s.Posto(tre)] = true;
+            const Gruppo gruppo = GruppoDi(tre);
+            casella = {.Inizio = tre, .Da = libero, .Altrimenti = gruppo.Altrimenti};
+            if (gruppo.Quante > 1) {
+                casella.Posti = 7;
+                casella.Dove = static_cast<unsigned char>(DoveDiverse(gruppo, s.Fattori[1]));
+                if (casella.Dove == 0) return false;
+            }
+            libero = static_cast<unsigned char>(libero + casella.Posti + 1);
+            for (std::size_t i = 0; i < gruppo.Quante; ++i) {
+                const Forma& forma = gruppo.Forme[i];
+                Confronto& confronto = s.Confronti[s.Posto(casella, Due(forma, casella.Dove))];
+                confronto = {
+                    .Minima = forma.Minima, .Oltre = forma.Massima - forma.Minima, .Esito = forma.Esito};
+                for (const std::size_t meta : {0U, 1U}) {
+                    confronto.Maschera[meta] = Lettere<std::uint64_t>(forma, 8 * meta, true);
+                    confronto.Inizio[meta] = Lettere<std::uint64_t>(forma, 8 * meta, false);
+                }
+            }
+        }
     return true;
 }
 
-constexpr Righe Ordinate = [] {
-    Righe r;
-    std::uint32_t fattore = 0x9E3779B1U;
-    while (!Riempi(r, fattore)) fattore += 2;
-    return r;
+constexpr Schedario Ordinato = [] {
+    for (std::uint32_t fattore = 0x9E3779B1U;; fattore += 0x01000193U * 2) {
+        Schedario s;
+        s.Fattori[0] = fattore;
+        s.Fattori[1] = fattore * 0x85EBCA6BU;
+        if (Riempi(s)) return s;
+    }
 }();
-// A shorter row would have to lie in many boxes.
-static_assert(std::all_of(std::begin(Prove), std::end(Prove),
-                          [](const Prova& p) { return p.Inizio.size() >= 3 || p.Come == RigaIntera; }));
+static_assert(Ordinato.Confronti[0].Minima > 255 && Ordinato.Caselle[0].Altrimenti == RigaAltra);
+// A shorter row would have to lie in many boxes, a longer one does not fit.
+static_assert(std::all_of(std::begin(Prove), std::end(Prove), [](const Prova& p) {
+    return p.Inizio.size() <= 16 && p.Inizio.size() >= (p.Come == RigaIntera ? 2U : 3U);
+}));
 
 } // namespace
 
-constinit const Schedario Rubrica = Ordinate.Caselle;
+constinit const Schedario Rubrica = Ordinato;
 
-Classe ProvaRighe(Vista riga, std::uint64_t testa, const Casella& casella) noexcept {
-    for (std::size_t i = casella.Da; i < casella.Fino; ++i) {
-        const Riga& questa = Ordinate.Tutte[i];
-        if ((testa & questa.Maschera) != questa.Inizio) continue;
-        const Prova& prova = Prove[questa.Quale];
-        if (prova.Come == RigaIntera && riga.size() != prova.Inizio.size()) continue;
-        if (prova.Inizio.size() <= 8 || IniziaPer(riga, prova.Inizio)) return prova.Esito;
-    }
-    return RigaAltra;
-}
-
-Vista CodiceBlocco(Classe classe) noexcept {
-    switch (classe) {
-    case RigaSub: return "01";
-    case RigaFunction: return "02";
-    case RigaIf: return "03";
-    case RigaCondIf: return "04";
-    case RigaFor: return "05";
-    case RigaWith: return "06";
-    case RigaSelect: return "07";
-    case RigaEndSub: return "08";
-    case RigaDo: return "09";
-    case RigaEndFunction: return "10";
-    case RigaProperty: return "11";
-    case RigaEndProperty: return "12";
-    default: return "";
-    }
-}
-
-void AnnotaCodice(Testo& storia, Classe classe) {
-    const Vista codice = CodiceBlocco(classe);
-    storia.append(codice.data(), codice.size());
-}
+constinit const std::array<CodiceBlocco, NumeroClassi> CodiciBlocco = [] {
+    std::array<CodiceBlocco, NumeroClassi> codici;
+    codici[RigaSub] = {"01", 2};
+    codici[RigaFunction] = {"02", 2};
+    codici[RigaIf] = {"03", 2};
+    codici[RigaCondIf] = {"04", 2};
+    codici[RigaFor] = {"05", 2};
+    codici[RigaWith] = {"06", 2};
+    codici[RigaSelect] = {"07", 2};
+    codici[RigaEndSub] = {"08", 2};
+    codici[RigaDo] = {"09", 2};
+    codici[RigaEndFunction] = {"10", 2};
+    codici[RigaProperty] = {"11", 2};
+    codici[RigaEndProperty] = {"12", 2};
+    return codici;
+}();
 
 } // namespace morvella

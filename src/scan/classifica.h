@@ -7,8 +7,10 @@
 // end, and "x = 1: If y Then" as a plain statement.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 #include "text/primitive.h"
 
@@ -45,66 +47,84 @@ enum Classe : unsigned char {
 };
 inline constexpr int NumeroClassi = RigaAltra + 1;
 
-// For speed alone: the rows lie in boxes by their first three bytes, since rows that begin
-// otherwise cannot match the same line. A box lies where its three bytes, multiplied, lead; by
-// the factor no two boxes come to one place. A line is looked at by its first eight bytes, as a
-// number (PrimiOttoDi) in lower case.
+// For speed alone: no one can guess what the next line is, so a line finds its row without a decision
+// on the way. Its first three letters lead to a box, two further ones to a place in the box, and the
+// row that lies there is the only one that can match. Factors spread the letters so that no two rows
+// come to one place. Letters are compared without the bit that tells their case.
 struct Casella {
-    std::uint64_t Maschera = 0; // what of the eight is looked at,
-    std::uint64_t Inizio = 1;   // and what has to stand there: nothing does for an empty box
-    Classe Esito = RigaAltra;   // then, where that is all there is to try
-    bool DaProvare = false;     // otherwise: the rows of the box
-    unsigned char Da = 0, Fino = 0;
+    std::uint32_t Inizio = 0;      // the three letters
+    unsigned char Dove = 0;        // where in the line the two letters stand
+    unsigned char Da = 0;          // the box's first place,
+    unsigned char Posti = 0;       // and how many it has behind that one
+    Classe Altrimenti = RigaAltra; // of a line with these three letters that matches no row
 };
-
-constexpr std::uint64_t Primi(std::uint64_t otto, std::size_t quanti) noexcept {
-    return quanti >= 8 ? otto : otto & ((std::uint64_t{1} << (8 * quanti)) - 1);
-}
-
+struct Confronto {
+    std::uint64_t Maschera[2] = {}; // what of the first sixteen bytes is looked at,
+    std::uint64_t Inizio[2] = {};   // and what has to stand there
+    std::size_t Minima = ~std::size_t{0};
+    std::size_t Oltre = 0; // how much longer than Minima a line may be
+    Classe Esito = RigaAltra;
+};
 struct Schedario {
-    std::uint32_t Fattore = 0;
+    std::uint32_t Fattori[2] = {};
+    std::uint32_t TreLettere = 0; // masks
+    std::uint16_t DueLettere = 0;
     std::array<Casella, 128> Caselle{};
+    std::array<Confronto, 72> Confronti{}; // the first is that of no row
 
-    constexpr std::size_t Posto(std::uint64_t testa) const noexcept {
-        return static_cast<std::uint32_t>(Primi(testa, 3) * Fattore) >> 25;
+    constexpr std::size_t Posto(std::uint32_t tre) const noexcept { return tre * Fattori[0] >> 25; }
+    constexpr std::size_t Posto(const Casella& casella, std::uint16_t due) const noexcept {
+        return casella.Da + (due * Fattori[1] >> 29 & casella.Posti);
     }
 };
 extern const Schedario Rubrica;
 
-// A to Z of eight bytes to lower case, the others as they are.
-constexpr std::uint64_t OttoMinuscole(std::uint64_t n) noexcept {
-    constexpr std::uint64_t Uni = 0x0101010101010101U;
-    const std::uint64_t sette = n & (Uni * 0x7F);
-    const std::uint64_t daA = sette + Uni * (0x80 - 'A');
-    const std::uint64_t oltreZ = sette + Uni * (0x7F - 'Z');
-    return n | (((daA & ~oltreZ & ~n) & (Uni * 0x80)) >> 2);
+/// ClassificaRiga for a line that lies in memory of which sixteen bytes from `testo` on can be read, with
+/// a blank or a CR behind its `lunga` bytes.
+inline Classe ClassificaInMemoria(const char* testo, std::size_t lunga) noexcept {
+    std::uint64_t parole[2];
+    std::uint32_t tre = 0;
+    std::uint16_t due = 0;
+    std::memcpy(parole, testo, sizeof parole);
+    std::memcpy(&tre, testo, sizeof tre);
+    tre &= Rubrica.TreLettere;
+    const Casella& casella = Rubrica.Caselle[Rubrica.Posto(tre)];
+    std::memcpy(&due, testo + casella.Dove, sizeof due);
+    const Confronto& confronto =
+        Rubrica.Confronti[Rubrica.Posto(casella, static_cast<std::uint16_t>(due & Rubrica.DueLettere))];
+    const std::uint64_t diverso = ((parole[0] ^ confronto.Inizio[0]) & confronto.Maschera[0]) |
+                                  ((parole[1] ^ confronto.Inizio[1]) & confronto.Maschera[1]);
+    const auto scegli = [](unsigned se, unsigned questa, unsigned altra) {
+        return altra ^ ((altra ^ questa) & (0 - se));
+    };
+    const unsigned treUguali =
+        static_cast<unsigned>(tre == casella.Inizio) & static_cast<unsigned>(lunga >= 3);
+    const unsigned tutti = static_cast<unsigned>(diverso == 0) &
+                           static_cast<unsigned>(lunga - confronto.Minima <= confronto.Oltre);
+    return static_cast<Classe>(
+        scegli(tutti, confronto.Esito, scegli(treUguali, casella.Altrimenti, RigaAltra)));
 }
-
-Classe ProvaRighe(Vista riga, std::uint64_t testa, const Casella& casella) noexcept;
 
 /// The class of a line already trimmed of blanks. Case is folded; a line indented with a TAB
-/// begins with the TAB and is RigaAltra. `primi` is PrimiOttoDi(riga).
-inline Classe ClassificaRiga(Vista riga, std::uint64_t primi) noexcept {
-    const std::uint64_t testa = OttoMinuscole(primi);
-    const Casella& casella = Rubrica.Caselle[Rubrica.Posto(testa)];
-    const unsigned qui = (testa & casella.Maschera) == casella.Inizio;
-    if ((qui & unsigned{casella.DaProvare}) != 0) return ProvaRighe(riga, testa, casella);
-    // The box's class or RigaAltra: which of the two, no one can guess ahead.
-    return static_cast<Classe>(RigaAltra ^ ((RigaAltra ^ unsigned{casella.Esito}) & (0 - qui)));
+/// begins with the TAB and is RigaAltra.
+inline Classe ClassificaRiga(Vista riga) noexcept {
+    char inizio[16];
+    std::memset(inizio, ' ', sizeof inizio);
+    if (!riga.empty()) std::memcpy(inizio, riga.data(), std::min(riga.size(), sizeof inizio));
+    return ClassificaInMemoria(inizio, riga.size());
 }
-inline Classe ClassificaRiga(Vista riga) noexcept { return ClassificaRiga(riga, PrimiOttoDi(riga)); }
 
-/// The two-digit block code that a class appends to StoriaBlocchi, "" for most; AnnotaBlocco
-/// appends it.
-Vista CodiceBlocco(Classe classe) noexcept;
-void AnnotaCodice(Testo& storia, Classe classe);
-inline void AnnotaBlocco(Testo& storia, Classe classe) {
-    // The bits of the classes that have one.
-    constexpr std::uint32_t ConCodice = 1U << RigaSub | 1U << RigaFunction | 1U << RigaIf | 1U << RigaCondIf |
-                                        1U << RigaFor | 1U << RigaWith | 1U << RigaSelect | 1U << RigaEndSub |
-                                        1U << RigaDo | 1U << RigaEndFunction | 1U << RigaProperty |
-                                        1U << RigaEndProperty;
-    if ((ConCodice >> classe & 1) != 0) AnnotaCodice(storia, classe);
+/// The two-digit block codes that the classes append to StoriaBlocchi; most have none.
+struct CodiceBlocco {
+    char Cifre[3] = {};
+    unsigned char Quante = 0; // 2 or 0
+
+    operator Vista() const noexcept { return {Cifre, Quante}; }
+};
+extern const std::array<CodiceBlocco, NumeroClassi> CodiciBlocco;
+inline void AnnotaBlocco(TestoLargo& storia, Classe classe) {
+    const CodiceBlocco& codice = CodiciBlocco[classe];
+    storia.AggiungiDue(codice.Cifre, codice.Quante);
 }
 
 } // namespace morvella

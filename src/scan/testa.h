@@ -43,6 +43,8 @@ inline bool AvanzaTestaRiordina(Stato& s, Vista linea) { return AvanzaTestaRiord
 /// StatoTesta at the start of the listing's second pass: 7 for a form; any other file leaves
 /// it as the last file left it.
 void IniziaTestaStruttura(Stato& s);
+/// The line behind which the listing starts anew, wherever it stands in the code.
+inline constexpr Vista FineControlli = "Attribute VB_Exposed = False";
 /// What the listing does with a line, in this order: the head of the listing is written, the
 /// line is numbered, the listing starts anew (at the end of a form's control section; the line
 /// itself is done with then), the line goes on to the keyword chain. Of a line of the head
@@ -57,14 +59,13 @@ struct PassoTesta {
 /// AvanzaInTesta is the part of it in the head; it says whether the head of the listing is due.
 bool AvanzaInTesta(Stato& s);
 inline PassoTesta AvanzaTestaStruttura(Stato& s) {
-    constexpr Vista Fine = "Attribute VB_Exposed = False";
-    if (s.StatoTesta == 7 && s.Riga.size() != Fine.size()) [[likely]]
+    if (s.StatoTesta == 7 && s.Riga.size() != FineControlli.size()) [[likely]]
         return {.Codice = true};
     PassoTesta passo;
     if (s.StatoTesta < 7) passo.Testa = AvanzaInTesta(s);
     if (s.StatoTesta != 7) return passo;
     // The whole line and exactly so: "= True", or a comment behind it, is a line of code.
-    passo.Riparte = s.Riga == Fine;
+    passo.Riparte = s.Riga == FineControlli;
     passo.Codice = !passo.Riparte;
     return passo;
 }

@@ -104,15 +104,15 @@ struct Stato {
     Finestra& Casa;
 
     // VornOK
-    Testo FileSorgente;   // full path of the source in work
-    Testo FileUscita;     // full path of the output in work; the handler may make it flat
-    TestoLargo Margine;   // left margin or connector column
-    TestoLargo Numero;    // line-number field
-    Testo StoriaBlocchi;  // two-digit block codes, newest last
-    Vista RigaLetta;      // a line of a first pass; holds until channel 1 reads on
-    Testo DirAppoggio;    // the work directory; never cleared
-    Lungo IndiceFile = 0; // loop index over File1; before that, the answer of Command1_Click
-    Lungo PosBarra = 0;   // scan position of the handler, its own so that the loop keeps its place
+    Testo FileSorgente;       // full path of the source in work
+    Testo FileUscita;         // full path of the output in work; the handler may make it flat
+    TestoLargo Margine;       // left margin or connector column
+    TestoLargo Numero;        // line-number field
+    TestoLargo StoriaBlocchi; // two-digit block codes, newest last
+    Vista RigaLetta;          // a line of a first pass; holds until channel 1 reads on
+    Testo DirAppoggio;        // the work directory; never cleared
+    Lungo IndiceFile = 0;     // loop index over File1; before that, the answer of Command1_Click
+    Lungo PosBarra = 0;       // scan position of the handler, its own so that the loop keeps its place
 
     // Module1. All four options are written when an option is stored; only the first is read,
     // by Command1_Click. The engines look at the controls themselves.
@@ -153,6 +153,7 @@ struct Stato {
     Lungo RigaInLavoro = -1; // of File1
     Lungo RigaFile = 0;      // of the source, from 1; 0 but for the second pass
     bool SecondoGiro = false;
+    bool MargineSeguito = true; // the home wants to hear of every step of the margin
 
     // For which list of rows the sources are out of reach of every write (shell/gestore.h).
     Lungo ProtettaVersione = -1;

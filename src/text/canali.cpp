@@ -13,10 +13,14 @@ Canali::Canale& Canali::Libero(int n, Vista percorso) {
     return canali_[static_cast<std::size_t>(n)];
 }
 
-void Canali::RifiutaAperto(const Trovato& file, Vista percorso) const {
+void Canali::RifiutaAperto(const Trovato& file, Vista percorso) {
     if (!file.Cosa.Esiste()) return;
-    for (const Canale& altro : canali_)
-        if (altro.Stato != Modo::Chiuso && altro.Chi == file.Cosa.Chi) throw Errore(ErrFileAperto, percorso);
+    for (Canale& altro : canali_) {
+        if (altro.Stato == Modo::Chiuso) continue;
+        if (!altro.Chi) altro.Chi = altro.File->Chi();
+        if (!altro.Chi) altro.Chi = archivio_.Trova(altro.Percorso).Cosa.Chi;
+        if (altro.Chi == file.Cosa.Chi) throw Errore(ErrFileAperto, percorso);
+    }
 }
 
 // Memory for at least `quanti` bytes; what it holds stays.
@@ -29,13 +33,13 @@ void Canali::OpenInput(int n, Vista percorso) {
     const Trovato file = archivio_.Trova(percorso);
     RifiutaAperto(file, percorso);
     c.File = archivio_.ApriLettura(file, percorso);
+    // The second pass over a module that fits into the memory reads nothing again: the file is
+    // the same still, and nothing was written in between.
+    c.Esaurito = c.Intero && c.ComEra == file.Cosa && c.Cambiamenti == archivio_.Cambiamenti();
     c.Chi = file.Cosa.Chi;
     c.Percorso = percorso;
     c.Guasto = false;
     c.Inizio = 0;
-    // The second pass over a module that fits into the memory reads nothing again: the file is
-    // the same still, and nothing was written in between.
-    c.Esaurito = c.Intero && c.ComEra == file.Cosa && c.Cambiamenti == archivio_.Cambiamenti();
     if (!c.Esaurito) {
         c.Fine = 0;
         c.Intero = c.Mosso = false;
@@ -53,18 +57,25 @@ void Canali::OpenOutput(int n, Vista percorso) {
     archivio_.RifiutaScrittura(file, percorso); // first: a source is out of reach, open or not
     RifiutaAperto(file, percorso);
     c.File = archivio_.ApriScrittura(file, percorso);
-    if (file.Cosa.Esiste())
-        c.Chi = file.Cosa.Chi;
-    else if (const auto nuovo = c.File->Chi())
-        c.Chi = *nuovo;
-    else
-        c.Chi = archivio_.Trova(percorso).Cosa.Chi;
+    c.Chi.reset();
+    if (file.Cosa.Esiste()) c.Chi = file.Cosa.Chi;
     c.Percorso = percorso;
-    c.Guasto = false;
+    c.Guasto = c.Consegnato = false;
     c.Inizio = c.Fine = 0;
     c.Intero = false;
     FaiPosto(c, Blocco);
     c.Stato = Modo::Scrittura;
+}
+
+void Canali::Ricomincia(int n) {
+    Canale& c = Aperto(n, Modo::Scrittura);
+    try {
+        if (c.Consegnato) c.File->Svuota();
+    } catch (const Errore& e) {
+        throw Errore(e.Numero, c.Percorso);
+    }
+    c.Fine = 0;
+    c.Guasto = c.Consegnato = false;
 }
 
 void Canali::Close(int n) {
@@ -150,6 +161,7 @@ Vista Canali::LineInputLento(Canale& c) {
 }
 
 void Canali::Consegna(Canale& c, Vista bytes) {
+    c.Consegnato = true;
     try {
         c.File->Scrivi(bytes.data(), bytes.size());
     } catch (const Errore& e) {

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -86,6 +87,10 @@ class Canali {
     /// open, 76 without the directory, 70 and 75 when it may not be written; then no file is
     /// made or touched.
     void OpenOutput(int n, Vista percorso);
+    /// `Close #n` and `Open` of the same file for output as #n, at once: it is empty again, and what
+    /// had been printed and still waited for a block never goes to the disk. Raises 52 when the number is not
+    /// open for output, 57 and the like when the file cannot be emptied.
+    void Ricomincia(int n);
     /// `Close #n`; nothing when the number is not open. Raises 61 or 57 when the last bytes did
     /// not reach the file; it is closed all the same. A failure already raised is not repeated.
     void Close(int n);
@@ -106,20 +111,37 @@ class Canali {
         return lunga < Fetta ? Vista(riga, lunga) : LineInputLento(c);
     }
 
-    /// `Line Input #n`, and `Trim` of it.
-    RigaLetta LineInputTrim(int n) {
+    /// `Line Input #n` and `Trim` of it for as many lines as lie ready in memory, `massimo` of them at
+    /// most, and for one where none does. Calls `prendi(riga, inMemoria)` for each and gives their number;
+    /// the lines hold until the next call for `n`. `inMemoria`: behind the trimmed line stands a blank or
+    /// a CR, and from its begin on Fetta bytes can be looked at. Raises 52 when the number is not open for
+    /// input, 62 at the end of the file.
+    template <class F>
+    std::size_t LineInputTrim(int n, std::size_t massimo, F&& prendi) {
         Canale& c = Aperto(n, Modo::Lettura);
+        const char* const fine = c.Memoria.data() + c.Fine;
         const char* riga = c.Memoria.data() + c.Inizio;
-        const std::size_t lunga = PrendiRigaCorta(c, riga);
-        if (lunga < Fetta) [[likely]] {
+        std::size_t presi = 0;
+        while (!FineRigaLf && presi < massimo) {
+            std::size_t lunga = PrimoSegno(DoveByte(riga, '\r'));
+            if (lunga == Fetta) lunga = LungaOltre(riga, fine);
+            if (lunga + 1 >= static_cast<std::size_t>(fine - riga)) break;   // its end may lie further on
             const std::size_t blanks = PrimoSegno(~DoveByte<32>(riga, ' ')); // the CR is none
-            const std::size_t resto = lunga - blanks;
-            if (blanks < 32 && riga[lunga - static_cast<std::size_t>(resto > 0)] != ' ') [[likely]]
-                return {riga, lunga, riga + blanks, resto};
+            Vista trimmata(riga + blanks, lunga - blanks);
+            if (blanks == 32 || riga[lunga - static_cast<std::size_t>(lunga > blanks)] == ' ') [[unlikely]]
+                trimmata = Trim(trimmata);
+            prendi(RigaLetta{riga, lunga, trimmata.data(), trimmata.size()}, true);
+            riga += lunga + (riga[lunga + 1] == '\n' ? 2 : 1);
+            ++presi;
         }
-        const Vista intera = lunga < Fetta ? Vista(riga, lunga) : LineInputLento(c);
+        if (presi > 0) {
+            c.Inizio = static_cast<std::size_t>(riga - c.Memoria.data());
+            return presi;
+        }
+        const Vista intera = LineInputLento(c);
         const Vista trimmata = Trim(intera);
-        return {intera.data(), intera.size(), trimmata.data(), trimmata.size()};
+        prendi(RigaLetta{intera.data(), intera.size(), trimmata.data(), trimmata.size()}, false);
+        return 1;
     }
 
     /// Passes over whole lines of channel `n` of which none can matter, as many as are looked
@@ -137,18 +159,19 @@ class Canali {
         const char* inizio = c.Memoria.data() + c.Inizio;
         const std::size_t resto = c.Fine - c.Inizio;
         std::size_t visti = 0;
-        std::size_t cr = 0;
+        Contatore righe('\r');
         while (visti + Fetta + 8 < resto) {
             const char* p = inizio + visti;
             if (const Segni segni = cerca(p)) {
                 const std::size_t posto = PrimoSegno(segni);
-                cr += static_cast<std::size_t>(std::popcount(DoveByte(p, '\r') & ((Segni{1} << posto) - 1)));
+                righe.AggiungiPrimi(p, posto);
                 visti += posto;
                 break;
             }
-            cr += ContaByte(p, '\r');
+            righe.Aggiungi(p);
             visti += Fetta;
         }
+        const std::size_t cr = righe.Quanti();
         if (cr == 0) return 0;
         const std::size_t fino = Vista(inizio, visti).rfind('\r') + 1;
         c.Inizio += fino + (inizio[fino] == '\n' ? 1 : 0);
@@ -163,12 +186,6 @@ class Canali {
                 if (Vista(p + PrimoSegno(forse), ago.size()) == ago) trovati |= forse & (~forse + 1);
             return trovati;
         });
-    }
-
-    /// `PrimiOttoDi(riga)`, fastest for a line that was read.
-    std::uint64_t PrimiOtto(Vista riga) const noexcept {
-        const std::size_t posto = PostoLetto(riga);
-        return posto < lettoMisura_ ? OttoIn(letto_ + posto, riga.size()) : PrimiOttoDi(riga);
     }
 
     /// `Print #n`: the pieces, joined, then CR LF. Raises 52 when the number is not open for
@@ -200,6 +217,20 @@ class Canali {
         std::memcpy(dove + riga.size(), "\r\n", 2);
         c.Fine += totale;
     }
+    /// The memory in which what is printed next to channel `n` waits, for who writes several lines there
+    /// himself: `Stampato` then says how much, with all line ends. Up to `Fetta` bytes behind `Posto` may be
+    /// written over. Nothing where the number is not open for output.
+    struct Spazio {
+        char* Dove = nullptr;
+        std::size_t Posto = 0;
+    };
+    Spazio DaStampare(int n) noexcept {
+        if (n < 1 || n > NumeroMassimo) return {};
+        Canale& c = canali_[static_cast<std::size_t>(n)];
+        if (c.Stato != Modo::Scrittura) return {};
+        return {c.Memoria.data() + c.Fine, Blocco - c.Fine};
+    }
+    void Stampato(int n, std::size_t quanti) { Aperto(n, Modo::Scrittura).Fine += quanti; }
     /// The same for pieces in a row, of which the last has to be the line end.
     void PrintPezzi(int n, std::span<const Vista> pezzi) { PrintLungo(Aperto(n, Modo::Scrittura), pezzi); }
 
@@ -212,9 +243,10 @@ class Canali {
     struct Canale {
         Modo Stato = Modo::Chiuso;
         std::unique_ptr<FileAperto> File;
-        Identita Chi;
+        std::optional<Identita> Chi; // nothing for a new file until someone asks
         Testo Percorso;
         bool Guasto = false;       // a write failed and was told
+        bool Consegnato = false;   // writing: a block has gone to the file
         bool Esaurito = false;     // the file has no further block
         std::vector<char> Memoria; // with Coda bytes behind what it is to hold
         std::size_t Inizio = 0;    // reading: the first byte not yet given
@@ -229,17 +261,17 @@ class Canali {
     // What lies in the memory of a channel can be looked at and copied in whole strides: so many
     // bytes behind it are there too.
     static constexpr std::size_t Coda = Fetta;
-    // PrimiOttoDi of a line in the memory of a channel.
-    static std::uint64_t OttoIn(const char* p, std::size_t lunga) noexcept {
-        if constexpr (std::endian::native != std::endian::little) return PrimiOttoDi({p, lunga});
-        std::uint64_t n = 0;
-        std::memcpy(&n, p, 8);
-        return lunga >= 8 ? n : n & ((std::uint64_t{1} << (8 * lunga)) - 1);
-    }
-
     // Where in the memory read to last a line lies; for any other text lettoMisura_ or more.
     std::size_t PostoLetto(Vista riga) const noexcept {
         return reinterpret_cast<std::uintptr_t>(riga.data()) - reinterpret_cast<std::uintptr_t>(letto_);
+    }
+
+    // The length of a line that has no CR in its first slice; what is left where it has none at all.
+    static std::size_t LungaOltre(const char* riga, const char* fine) noexcept {
+        const auto resto = static_cast<std::size_t>(fine - riga);
+        if (resto <= Fetta) return resto;
+        const void* cr = std::memchr(riga + Fetta, '\r', resto - Fetta);
+        return cr ? static_cast<std::size_t>(static_cast<const char*>(cr) - riga) : resto;
     }
 
     // Takes the common line, which begins at `riga`, off the block: it lies whole in a slice, and
@@ -263,7 +295,7 @@ class Canali {
         return canali_[static_cast<std::size_t>(n)];
     }
     Canale& Libero(int n, Vista percorso);
-    void RifiutaAperto(const Trovato& file, Vista percorso) const;
+    void RifiutaAperto(const Trovato& file, Vista percorso);
     Vista LineInputLento(Canale& c);
     bool Riempi(Canale& c);
     void Scarica(Canale& c);

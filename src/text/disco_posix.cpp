@@ -71,6 +71,10 @@ class FilePosix : public FileAperto {
         }
     }
 
+    void Svuota() override {
+        if (::lseek(fd_, 0, SEEK_SET) != 0 || ::ftruncate(fd_, 0) != 0) Solleva();
+    }
+
     void Chiudi() override {
         const int fd = fd_;
         fd_ = -1;

@@ -142,6 +142,10 @@ class FileWindows : public FileAperto {
         }
     }
 
+    void Svuota() override {
+        if (!::SetFilePointerEx(file_, {}, nullptr, FILE_BEGIN) || !::SetEndOfFile(file_)) Solleva();
+    }
+
     void Chiudi() override {
         const HANDLE file = file_;
         file_ = INVALID_HANDLE_VALUE;

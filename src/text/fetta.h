@@ -62,9 +62,38 @@ inline Segni DoveParola(const char* p, char prima, char quarta, char altra) noex
     return lettera(p, prima) & (lettera(p + 3, quarta) | lettera(p + 3, altra));
 }
 
-inline std::size_t ContaByte(const char* p, char c) noexcept {
-    return static_cast<std::size_t>(std::popcount(DoveByte(p, c)));
-}
+class Contatore {
+  public:
+    explicit Contatore(char c) noexcept : c_(c) {}
+    void Aggiungi(const char* p) noexcept {
+        quanti_ += static_cast<std::size_t>(std::popcount(DoveByte(p, c_)));
+    }
+    void AggiungiPrimi(const char* p, std::size_t n) noexcept {
+        quanti_ += static_cast<std::size_t>(std::popcount(DoveByte(p, c_) & ((Segni{1} << n) - 1)));
+    }
+    std::size_t Quanti() const noexcept { return quanti_; }
+
+  private:
+    char c_;
+    std::size_t quanti_ = 0;
+};
+
+class Striscia {
+  public:
+    static constexpr std::size_t Misura = 32;
+
+    explicit Striscia(const char* da) noexcept { std::memcpy(parole_, da, Misura); }
+    void Posa(char* dove) const noexcept { std::memcpy(dove, parole_, Misura); }
+    Striscia Con(const Striscia& tiene, const Striscia& nuovo) const noexcept {
+        Striscia esito = *this;
+        for (std::size_t i = 0; i < Misura / 8; ++i)
+            esito.parole_[i] = (parole_[i] & tiene.parole_[i]) | nuovo.parole_[i];
+        return esito;
+    }
+
+  private:
+    std::uint64_t parole_[Misura / 8];
+};
 
 } // namespace semplice
 
@@ -112,14 +141,56 @@ inline Segni DoveParola(const char* p, char prima, char quarta, char altra) noex
     });
 }
 
-inline std::size_t ContaByte(const char* p, char c) noexcept {
-    const __m128i tutti = _mm_set1_epi8(c);
-    __m128i conta = _mm_setzero_si128(); // of each column, below 0
-    for (std::size_t i = 0; i < Fetta; i += 16)
-        conta = _mm_add_epi8(conta, _mm_cmpeq_epi8(Sedici(p + i), tutti));
-    const __m128i somme = _mm_sad_epu8(_mm_sub_epi8(_mm_setzero_si128(), conta), _mm_setzero_si128());
-    return static_cast<std::size_t>(_mm_cvtsi128_si32(somme) + _mm_extract_epi16(somme, 4));
-}
+class Contatore {
+  public:
+    explicit Contatore(char c) noexcept : c_(c) {}
+    void Aggiungi(const char* p) noexcept {
+        for (std::size_t i = 0; i < Fetta; i += 16)
+            colonne_ = _mm_sub_epi8(colonne_, Uguali(Sedici(p + i), c_)); // 255 is -1
+        if (++fette_ == 255 / 4) Somma();
+    }
+    void AggiungiPrimi(const char* p, std::size_t n) noexcept {
+        quanti_ += static_cast<std::size_t>(std::popcount(DoveByte(p, c_) & ((Segni{1} << n) - 1)));
+    }
+    std::size_t Quanti() noexcept {
+        Somma();
+        return quanti_;
+    }
+
+  private:
+    // A column of bytes counts up to 255.
+    void Somma() noexcept {
+        const __m128i somme = _mm_sad_epu8(colonne_, _mm_setzero_si128());
+        quanti_ += static_cast<std::size_t>(_mm_cvtsi128_si32(somme) + _mm_extract_epi16(somme, 4));
+        colonne_ = _mm_setzero_si128();
+        fette_ = 0;
+    }
+
+    char c_;
+    int fette_ = 0;
+    std::size_t quanti_ = 0;
+    __m128i colonne_ = _mm_setzero_si128();
+};
+
+class Striscia {
+  public:
+    static constexpr std::size_t Misura = 32;
+
+    explicit Striscia(const char* da) noexcept : a_(Sedici(da)), b_(Sedici(da + 16)) {}
+    void Posa(char* dove) const noexcept {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(dove), a_);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(dove + 16), b_);
+    }
+    Striscia Con(const Striscia& tiene, const Striscia& nuovo) const noexcept {
+        return {_mm_or_si128(_mm_and_si128(a_, tiene.a_), nuovo.a_),
+                _mm_or_si128(_mm_and_si128(b_, tiene.b_), nuovo.b_)};
+    }
+
+  private:
+    Striscia(__m128i a, __m128i b) noexcept : a_(a), b_(b) {}
+
+    __m128i a_, b_;
+};
 
 } // namespace largo
 
@@ -135,7 +206,10 @@ using fetta::DoveDue;
 /// Where the letter `prima` stands with `quarta` or `altra` as the third behind it, in any case; they
 /// are a to z. Three bytes behind the slice are looked at too. Only the bit 32 is let go.
 using fetta::DoveParola;
-/// How often `c` stands in the slice.
-using fetta::ContaByte;
+/// Counts a byte in slices: `AggiungiPrimi` in the first `n` bytes of one, fewer than Fetta.
+using fetta::Contatore;
+/// Thirty-two bytes that are changed without going through memory: `Con` gives those that `tiene` keeps,
+/// bit for bit, with those of `nuovo`.
+using fetta::Striscia;
 
 } // namespace morvella

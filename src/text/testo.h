@@ -55,6 +55,19 @@ class TestoLargo {
         std::memcpy(memoria_.data() + misura_, da, quanti);
         misura_ += quanti;
     }
+    /// For who writes himself: the place behind the text, with room for `quanti` bytes and Passo more;
+    /// `Fino` makes the text end somewhere there.
+    char* Coda(std::size_t quanti) {
+        FaiPosto(misura_ + quanti);
+        return memoria_.data() + misura_;
+    }
+    void Fino(const char* fine) noexcept { misura_ = static_cast<std::size_t>(fine - memoria_.data()); }
+    /// Appends the first `quanti` of two bytes, without a look at how many that are.
+    void AggiungiDue(const char* da, std::size_t quanti) {
+        FaiPosto(misura_ + 2);
+        std::memcpy(memoria_.data() + misura_, da, 2);
+        misura_ += quanti;
+    }
 
   private:
     void FaiPosto(std::size_t quanti) {
@@ -137,14 +150,6 @@ unsigned char MaiuscolaByte(unsigned char c) noexcept;
 
 Testo LCase(Vista s);
 Testo UCase(Vista s);
-
-/// The first eight bytes of `s` as a number, the first byte the lowest, 0 where it has fewer.
-constexpr std::uint64_t PrimiOttoDi(Vista s) noexcept {
-    std::uint64_t n = 0;
-    for (std::size_t i = 0; i < 8 && i < s.size(); ++i)
-        n |= static_cast<std::uint64_t>(static_cast<unsigned char>(s[i])) << (8 * i);
-    return n;
-}
 
 /// Whether `LCase(Mid(s, 1, Len(prefisso))) = prefisso`, without building a text.
 /// `prefisso` is ASCII in lower case; a shorter `s` simply does not match.

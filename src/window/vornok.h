@@ -67,6 +67,7 @@ class VornOK : public QMainWindow, public Finestra {
     void MotoreFermato(const Arresto&) override {} // the window is silent
     void ErroreSaltato(const Errore&) override {}
     void FileScritto(Lungo, Vista, Lungo) override {}
+    bool SegueMargine() const override { return false; }
     void MargineMosso(const PassoMargine&) override {}
 
   protected:

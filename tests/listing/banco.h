@@ -115,11 +115,28 @@ struct Banco {
     bool CanaliChiusi() const { return !S.Canale.Aperto(1) && !S.Canale.Aperto(2); }
 };
 
-/// The listing of a form with this source: code from its first line on.
+/// The listing of a form with this source: code from its first line on. A window that does not follow
+/// the margin gets the same.
 inline Testo ListatoDi(Banco& b, const std::vector<std::string>& righe) {
-    b.Modulo("F.frm", Sorgente(righe));
-    b.Tutte();
-    mnuvorn_Click(b.S);
+    Banco altro;
+    altro.Casa.Segue = false;
+    altro.S.Check1 = b.S.Check1;
+    altro.S.Text1 = b.S.Text1;
+    altro.S.TogliCommenti = b.S.TogliCommenti;
+    altro.S.Option1_0 = b.S.Option1_0;
+    altro.S.Canale.FineRigaLf = b.S.Canale.FineRigaLf;
+    for (Banco* banco : {&b, &altro}) {
+        banco->Modulo("F.frm", Sorgente(righe));
+        banco->Tutte();
+        mnuvorn_Click(banco->S);
+    }
+    EXPECT_EQ(altro.Log("F.log"), b.Log("F.log"));
+    EXPECT_EQ(altro.S.Margine, b.S.Margine);
+    EXPECT_EQ(altro.S.Numero, b.S.Numero);
+    EXPECT_EQ(altro.S.StoriaBlocchi, b.S.StoriaBlocchi);
+    EXPECT_EQ(altro.S.ContaRighe, b.S.ContaRighe);
+    EXPECT_EQ(altro.S.Progress.Value, b.S.Progress.Value);
+    EXPECT_EQ(altro.Casa.Arresti.size(), b.Casa.Arresti.size());
     return b.Log("F.log");
 }
 

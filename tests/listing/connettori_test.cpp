@@ -377,7 +377,7 @@ TEST(Connettori, EndWithAOgniMargine) {
         b.S.Margine = DaGlifi(caso.Margine);
         b.S.Riga = "End With";
         b.S.StoriaBlocchi = "00";
-        ElencaRiga(b.S);
+        ElencaRiga(b.S, RigaEndWith);
         b.S.Canale.Close(2);
         EXPECT_EQ(b.Log("x.log"), DaGlifi(caso.Scritta) + "\r\n") << caso.Margine;
         EXPECT_EQ(b.S.Margine, DaGlifi(caso.Dopo)) << caso.Margine;

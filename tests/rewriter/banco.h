@@ -90,7 +90,7 @@ struct BancoRighe {
     Testo Una(Vista riga) {
         const Testo viva(riga); // the engine looks into a channel's buffer, not into a literal
         S.Riga = viva;
-        RiscriviRiga(S);
+        RiscriviRiga(S, ClassificaRiga(S.Riga));
         S.Canale.Close(2);
         const Testo scritto = Disco.Leggi("/p/u.txt");
         S.Canale.OpenOutput(2, "\\p\\u.txt");

@@ -68,6 +68,10 @@ class DiscoAnnotato : public DiscoFinto {
             Disco.Annota("Scrivi", Percorso);
             Vero->Scrivi(da, n);
         }
+        void Svuota() override {
+            Disco.Annota("Svuota", Percorso);
+            Vero->Svuota();
+        }
         void Chiudi() override {
             Disco.Annota("Chiudi", Percorso);
             Vero->Chiudi();

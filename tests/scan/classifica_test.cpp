@@ -224,7 +224,7 @@ TEST(Classifica, Codici) {
         {RigaExitFor, ""},   {RigaExitSub, ""},    {RigaAltra, ""},
     };
     ASSERT_EQ(std::size(casi), static_cast<std::size_t>(NumeroClassi));
-    for (const auto& [classe, codice] : casi) EXPECT_EQ(CodiceBlocco(classe), codice) << int{classe};
+    for (const auto& [classe, codice] : casi) EXPECT_EQ(Vista(CodiciBlocco[classe]), codice) << int{classe};
 }
 
 // The same tests again, as simply as they can be told: every row in order, every alternative
@@ -287,6 +287,18 @@ Classe ClassificaIngenua(const Testo& riga, bool listato) {
 
 void Confronta(const Testo& riga) {
     const Classe classe = ClassificaRiga(riga);
+    // The same in the midst of others, where a blank or a CR stands behind a trimmed line.
+    static Testo prima;
+    if (Trim(riga) == riga) {
+        for (const Testo& dietro :
+             {Testo("\r"), Testo("\rb\r\n"), Testo("\r\nEnd Sub"), Testo("    \r"), Testo(" Sub\r"),
+              "\r" + prima, "\r\n" + prima, " " + prima}) {
+            const Testo memoria = riga + dietro + Testo(16, 'x');
+            ASSERT_EQ(ClassificaInMemoria(memoria.data(), riga.size()), classe)
+                << testing::PrintToString(memoria);
+        }
+    }
+    prima = riga;
     ASSERT_EQ(classe, ClassificaIngenua(riga, false)) << testing::PrintToString(riga);
     ASSERT_EQ(classe, ClassificaIngenua(riga, true)) << testing::PrintToString(riga);
 }

@@ -37,6 +37,11 @@ class FileFinto : public FileAperto {
         if (cabe < n) throw Errore(ErrDiscoPieno);
     }
 
+    void Svuota() override {
+        disco_.Chiamata("Svuota", percorso_);
+        voce_->Bytes.clear();
+    }
+
     void Chiudi() override { disco_.Chiamata("Chiudi", percorso_); }
 
   private:

@@ -36,7 +36,7 @@ class DiscoFinto : public Disco {
 
     /// The next `volte` calls of `operazione` on a path that ends in `fine` raise `numero`.
     /// Operations: "Esamina", "Elenca", "ApriLettura", "ApriScrittura", "Leggi", "Scrivi",
-    /// "Chiudi", "CreaDirectory", "CambiaDirectory", "Copia", "Cancella", "Adesso", "Avvia".
+    /// "Svuota", "Chiudi", "CreaDirectory", "CambiaDirectory", "Copia", "Cancella", "Adesso", "Avvia".
     /// A failing Esamina says Assente with that number; for Copia the path is the target.
     void Fallisci(const std::string& operazione, const std::string& fine, int numero, int volte = 1 << 30);
     /// The call with this number, counted from 1 over all operations but Esamina and Elenca since

@@ -40,9 +40,11 @@ class FinestraFinta : public Finestra {
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override {
         Scritti.push_back(CStr(riga) + "|" + Testo(percorso) + "|" + CStr(righe));
     }
+    bool SegueMargine() const override { return Segue; }
     void MargineMosso(const PassoMargine& passo) override { Passi.push_back({passo, Testo(passo.Testo)}); }
 
     const Stato* S = nullptr; // whose Label2 is recorded
+    bool Segue = true;        // the listing's margin; without it most lines go another way
     int Risposta = RispostaNo;
     std::vector<Box> Box_;
     std::vector<Testo> Processi;

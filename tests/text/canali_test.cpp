@@ -40,6 +40,7 @@ class DiscoAvaro : public DiscoFinto {
             return intero_->Leggi(dove, std::min(n, boccone_));
         }
         void Scrivi(const char* da, std::size_t n) override { intero_->Scrivi(da, n); }
+        void Svuota() override { intero_->Svuota(); }
         void Chiudi() override { intero_->Chiudi(); }
 
       private:
@@ -179,8 +180,9 @@ TEST(Canali, FileConLfEUnaRigaSola) {
     EXPECT_EQ(b.Righe(bytes, true).size(), bytes.size() / 9);
 }
 
+// Lines around the stride, with blanks around theirs, at any place of the memory; as many at a time as
+// one likes.
 TEST(Canali, LineInputTrimComeTrim) {
-    // Lines around the stride, with blanks around theirs, at any place of the memory.
     Testo bytes;
     for (const std::size_t blanks : {0, 1, 4, 31, 32, 33, 63, 64, 65})
         for (const std::size_t testo : {0, 1, 2, 30, 31, 32, 33, 62, 63, 64, 65, 200})
@@ -190,22 +192,48 @@ TEST(Canali, LineInputTrimComeTrim) {
     bytes += "  ultima  ";
     for (const std::size_t boccone : {std::size_t{1}, std::size_t{50}, std::size_t{997}, Blocco}) {
         for (const bool lf : {false, true}) {
+            const Righe attese = AManoRighe(bytes, lf);
             Banco b;
             b.Disco.Boccone = boccone;
             b.Disco.Metti("/p/in", bytes);
             b.Canale.FineRigaLf = lf;
             b.Canale.OpenInput(1, "\\p\\in");
-            for (const Testo& attesa : AManoRighe(bytes, lf)) {
-                const RigaLetta riga = b.Canale.LineInputTrim(1);
-                ASSERT_EQ(riga.Intera(), attesa);
-                ASSERT_EQ(riga.Trimmata(), Trim(attesa));
-                if (const Vista t = riga.Trimmata(); !t.empty()) {
-                    ASSERT_EQ(b.Canale.PrimiOtto(t), PrimiOttoDi(t));
-                }
+            std::size_t presa = 0;
+            for (std::size_t massimo = 1; presa < attese.size(); massimo = massimo % 40 + 1) {
+                std::size_t date = 0;
+                const std::size_t quante =
+                    b.Canale.LineInputTrim(1, massimo, [&](const RigaLetta& riga, bool inMemoria) {
+                        const Testo& attesa = attese.at(presa + date++);
+                        EXPECT_EQ(riga.Intera(), attesa);
+                        EXPECT_EQ(riga.Trimmata(), Trim(attesa));
+                        if (!inMemoria) return;
+                        const char dietro = riga.Testo[riga.Lunga];
+                        EXPECT_TRUE(dietro == ' ' || dietro == '\r');
+                    });
+                ASSERT_GE(quante, 1u);
+                ASSERT_LE(quante, massimo);
+                ASSERT_EQ(quante, date);
+                presa += quante;
+                if (HasFailure()) return;
             }
-            EXPECT_EQ(NumeroDi([&] { return b.Canale.LineInputTrim(1).Misura; }), 62);
+            EXPECT_TRUE(b.Canale.Eof(1));
+            EXPECT_EQ(NumeroDi([&] { b.Canale.LineInputTrim(1, 3, [](const RigaLetta&, bool) {}); }), 62);
         }
     }
+}
+
+TEST(Canali, LineInputTrimNonVaOltreIlMassimo) {
+    Banco b;
+    b.Disco.Metti("/p/in", "a\r\n b\r\nc \r\nd\r\n");
+    b.Canale.OpenInput(1, "\\p\\in");
+    EXPECT_FALSE(b.Canale.Eof(1));
+    Righe righe;
+    const auto prendi = [&](const RigaLetta& riga, bool) { righe.emplace_back(riga.Trimmata()); };
+    EXPECT_EQ(b.Canale.LineInputTrim(1, 2, prendi), 2u);
+    EXPECT_EQ(righe, (Righe{"a", "b"}));
+    EXPECT_EQ(b.Canale.LineInput(1), "c ");
+    EXPECT_EQ(b.Canale.LineInputTrim(1, 9, prendi), 1u); // whether an LF follows, only the file's end tells
+    EXPECT_EQ(righe, (Righe{"a", "b", "d"}));
 }
 
 // Reads /p/in once and again; gives the number of blocks read the second time.
@@ -224,6 +252,50 @@ int RileggiContando(Banco& b, const std::function<void()>& frattanto) {
     }
     b.Disco.PrimaDiLeggere = nullptr;
     return letture;
+}
+
+TEST(Canali, Ricomincia) {
+    Banco b;
+    EXPECT_EQ(NumeroDi([&] { b.Canale.Ricomincia(2); }), 52);
+    b.Disco.Metti("/p/in", "x");
+    b.Canale.OpenInput(1, "\\p\\in");
+    EXPECT_EQ(NumeroDi([&] { b.Canale.Ricomincia(1); }), 52);
+    // What waits for a block goes, and so does what has gone to the disk.
+    for (const std::size_t quante : {1, 3, 20000}) {
+        b.Canale.OpenOutput(2, "\\p\\out");
+        for (std::size_t i = 0; i < quante; ++i) b.Canale.Print(2, "prima del principio");
+        b.Canale.Ricomincia(2);
+        if (quante == 20000) {
+            EXPECT_EQ(b.Disco.Leggi("/p/out"), "");
+        }
+        b.Canale.Print(2, "dopo");
+        b.Canale.Close(2);
+        EXPECT_EQ(b.Disco.Leggi("/p/out"), "dopo\r\n");
+    }
+    // A file that cannot be emptied.
+    b.Canale.OpenOutput(2, "\\p\\out");
+    for (std::size_t i = 0; i < 20000; ++i) b.Canale.Print(2, "prima del principio");
+    b.Disco.Fallisci("Svuota", "out", 57, 1);
+    EXPECT_EQ(NumeroDi([&] { b.Canale.Ricomincia(2); }), 57);
+    b.Canale.Close(2);
+}
+
+TEST(Canali, DaStampare) {
+    Banco b;
+    EXPECT_EQ(b.Canale.DaStampare(2).Dove, nullptr);
+    EXPECT_EQ(b.Canale.DaStampare(0).Dove, nullptr);
+    EXPECT_EQ(b.Canale.DaStampare(8).Dove, nullptr);
+    b.Canale.OpenOutput(2, "\\p\\out");
+    b.Canale.Print(2, "uno");
+    const auto spazio = b.Canale.DaStampare(2);
+    EXPECT_EQ(spazio.Posto, Canali::Blocco - 5);
+    std::memset(spazio.Dove, '#', 2 * Fetta);
+    std::memcpy(spazio.Dove, "due\r\n", 5);
+    b.Canale.Stampato(2, 5);
+    b.Canale.Print(2, "tre");
+    b.Canale.Close(2);
+    EXPECT_EQ(b.Disco.Leggi("/p/out"), "uno\r\ndue\r\ntre\r\n");
+    EXPECT_EQ(b.Canale.DaStampare(2).Dove, nullptr);
 }
 
 TEST(Canali, IlSecondoGiroNonRilegge) {

@@ -46,9 +46,49 @@ TEST(Fetta, DoveByte) {
             ASSERT_EQ(semplice::DoveByte(p, c), attesi);
             ASSERT_EQ(DoveByte<32>(p, c), AMano(p, 32, uguale));
             ASSERT_EQ(semplice::DoveByte<32>(p, c), AMano(p, 32, uguale));
-            ASSERT_EQ(ContaByte(p, c), static_cast<std::size_t>(std::popcount(attesi)));
-            ASSERT_EQ(semplice::ContaByte(p, c), static_cast<std::size_t>(std::popcount(attesi)));
         }
+    });
+}
+
+template <class C>
+void ProvaContatore() {
+    std::size_t attesi = 0;
+    std::size_t giro = 0;
+    C contatore('\r');
+    SuTestiACaso([&](const char* p) {
+        const Segni segni = AMano(p, Fetta, [](const char* q) { return *q == '\r'; });
+        if (++giro % 7 == 0) {
+            contatore.AggiungiPrimi(p, giro % Fetta);
+            attesi += static_cast<std::size_t>(std::popcount(segni & ((Segni{1} << giro % Fetta) - 1)));
+        } else {
+            contatore.Aggiungi(p);
+            attesi += static_cast<std::size_t>(std::popcount(segni));
+        }
+        if (giro % 101 == 0) {
+            ASSERT_EQ(contatore.Quanti(), attesi);
+        }
+    });
+    EXPECT_EQ(contatore.Quanti(), attesi);
+    // More than a byte can count, in every place.
+    const std::string tutti(Fetta, '\r');
+    for (int i = 0; i < 1000; ++i) contatore.Aggiungi(tutti.data());
+    EXPECT_EQ(contatore.Quanti(), attesi + 1000 * Fetta);
+}
+
+TEST(Fetta, Contatore) {
+    ProvaContatore<Contatore>();
+    ProvaContatore<semplice::Contatore>();
+}
+
+TEST(Fetta, Striscia) {
+    SuTestiACaso([](const char* p) {
+        std::string attesa(p, 32);
+        for (std::size_t i = 0; i < 32; ++i) attesa[i] = static_cast<char>((p[i] & p[i + 16]) | p[i + 32]);
+        char avuta[32];
+        Striscia(p).Con(Striscia(p + 16), Striscia(p + 32)).Posa(avuta);
+        ASSERT_EQ(std::string(avuta, 32), attesa);
+        semplice::Striscia(p).Con(semplice::Striscia(p + 16), semplice::Striscia(p + 32)).Posa(avuta);
+        ASSERT_EQ(std::string(avuta, 32), attesa);
     });
 }
 

@@ -256,14 +256,17 @@ TEST(Testo, TestoLargo) {
     }
     t = Testo(500, 'q');
     EXPECT_EQ(t, Testo(500, 'q'));
-}
-
-TEST(Testo, PrimiOttoDi) {
-    EXPECT_EQ(PrimiOttoDi(""), 0u);
-    EXPECT_EQ(PrimiOttoDi("A"), 0x41u);
-    EXPECT_EQ(PrimiOttoDi("\xFF\x01"), 0x01FFu);
-    EXPECT_EQ(PrimiOttoDi("12345678"), 0x3837363534333231u);
-    EXPECT_EQ(PrimiOttoDi("123456789"), 0x3837363534333231u);
+    lungo = Testo(500, 'q');
+    for (int i = 0; i < 500; ++i) {
+        t.AggiungiDue("ab", i % 3 == 0 ? 2 : 0);
+        if (i % 3 == 0) lungo += "ab";
+        ASSERT_EQ(t, lungo);
+    }
+    char* const coda = t.Coda(3);
+    std::memcpy(coda, "xyz", 3);
+    EXPECT_EQ(t, lungo);
+    t.Fino(coda + 2);
+    EXPECT_EQ(t, lungo + "xy");
 }
 
 } // namespace

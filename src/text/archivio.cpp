@@ -15,6 +15,7 @@ bool Separatore(char c) noexcept { return c == '\\' || c == '/'; }
 bool Comincia(Vista percorso, Vista radice) {
     if (radice.empty() || percorso.size() < radice.size()) return false;
     if (percorso.size() > radice.size() && !Separatore(percorso[radice.size()])) return false;
+    if (percorso.starts_with(radice)) return true;
     for (std::size_t i = 0; i < radice.size(); ++i) {
         const char a = percorso[i];
         const char b = radice[i];
@@ -34,6 +35,7 @@ bool UgualiInAscii(Vista a, Vista b) {
 // `base` loses a name for each ".." that climbs above it.
 std::vector<Vista> Nomi(Vista percorso, std::string& base) {
     std::vector<Vista> nomi;
+    nomi.reserve(4);
     while (!percorso.empty()) {
         std::size_t fine = 0;
         while (fine < percorso.size() && !Separatore(percorso[fine])) ++fine;
@@ -202,19 +204,27 @@ Scheda Archivio::CercaNome(Trovato& file, Vista nome) {
     // A remembered name is sought and made in its own bytes.
     const bool ricordato = ricordati_.contains(nome);
     std::string& directory = file.Percorso;
-    std::string esatto = Unisci(directory, ricordato ? std::string(nome) : Utf8Da1252(nome));
-    Scheda cosa = disco_.Esamina(esatto);
     file.DirectoryPresente = true;
     file.Directory.reset();
+    const std::size_t lunga = directory.size();
+    directory += '/';
+    if (ricordato || SoloAscii(nome))
+        directory += nome;
+    else
+        directory += Utf8Da1252(nome);
+    Scheda cosa = disco_.Esamina(directory);
+    if (cosa.Esiste()) return cosa;
+    std::string esatto = directory;
+    directory.resize(lunga);
     // A name that Windows-1252 cannot hold stands for itself.
-    if (!cosa.Esiste() && !ricordato && !SoloAscii(nome)) {
+    if (!ricordato && !SoloAscii(nome)) {
         const std::string grezzo = Unisci(directory, std::string(nome));
         if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
             directory = grezzo;
             return altra;
         }
     }
-    if (!cosa.Esiste() && cosa.Errore == 0) {
+    if (cosa.Errore == 0) {
         const Scheda dove = disco_.Esamina(PerDisco(directory));
         file.DirectoryPresente = dove.Tipo == TipoVoce::Directory;
         file.Directory = dove;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace morvella {
 
@@ -52,8 +54,9 @@ bool PrendiPunto(std::string_view& resto, unsigned& punto) {
 } // namespace
 
 std::string Utf8Da1252(std::string_view bytes) {
+    if (SoloAscii(bytes)) return std::string(bytes);
     std::string uscita;
-    uscita.reserve(bytes.size());
+    uscita.reserve(2 * bytes.size());
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
         AccodaUtf8(uscita, byte >= 128 && byte < 160 ? Alti[byte - 128u] : byte);
@@ -62,6 +65,7 @@ std::string Utf8Da1252(std::string_view bytes) {
 }
 
 std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8) {
+    if (SoloAscii(utf8)) return std::string(utf8);
     std::string bytes;
     bytes.reserve(utf8.size());
     while (!utf8.empty()) {
@@ -79,8 +83,15 @@ std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8) {
 }
 
 bool SoloAscii(std::string_view bytes) noexcept {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 128; });
+    std::size_t i = 0;
+    std::uint64_t alti = 0;
+    for (; i + 8 <= bytes.size(); i += 8) {
+        std::uint64_t otto = 0;
+        std::memcpy(&otto, bytes.data() + i, 8);
+        alti |= otto;
+    }
+    for (; i < bytes.size(); ++i) alti |= static_cast<unsigned char>(bytes[i]);
+    return (alti & 0x8080808080808080U) == 0;
 }
 
 } // namespace morvella

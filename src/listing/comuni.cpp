@@ -97,14 +97,9 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
                            ((lunga == FineControlli.size()) & (testo[0] == FineControlli[0])) |
                            (lunga + Striscia::Misura + 13 > static_cast<std::size_t>(fondo - dove));
         if (altra) break;
-        std::uint64_t avanti = cifre + (std::uint64_t{1} << 40);
-        if (static_cast<unsigned char>(avanti >> 40) > '9') [[unlikely]] {
-            char numero[8];
-            std::memcpy(numero, &cifre, 8);
-            AvanzaCifre(numero);
-            std::memcpy(&avanti, numero, 8);
-        }
-        cifre = avanti;
+        cifre += std::uint64_t{1} << 40;
+        for (int posto = 40; (cifre >> posto & 0xFF) > '9'; posto -= 8)
+            cifre += (std::uint64_t{1} << (posto - 8)) - (std::uint64_t{10} << posto);
 
         const std::size_t posto = Striscia::Misura + 3 - questa;
         const Striscia tiene(disegno.Tiene->data() + posto);

@@ -26,13 +26,6 @@ inline constexpr char DoppiaColonna = '\xBA'; // 186 ║
 
 } // namespace connettore
 
-/// Moves the six digits of a number on by one: mostly the last alone changes. Not behind 999999.
-inline void AvanzaCifre(char* cifre) {
-    char* cifra = cifre + 5;
-    for (; *cifra == '9'; --cifra) *cifra = '0';
-    ++*cifra;
-}
-
 /// ElencaRiga for several lines of the code, in their order, up to the first that is not a common one; gives
 /// how many it was. Numero holds the number of the line before and goes on by one for each; the six digits
 /// must be enough. The lines are those that RigheSorgente::Pronte gives. Touches neither Riga nor the counts.

@@ -21,6 +21,13 @@ void Riparti(Stato& s) {
     if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
 }
 
+// The six digits go on by one: mostly the last alone changes.
+void AvanzaCifre(char* cifre) {
+    char* cifra = cifre + 5;
+    for (; *cifra == '9'; --cifra) *cifra = '0';
+    ++*cifra;
+}
+
 // The number field of line `n`, where that of the line before stands.
 void AvanzaNumero(TestoLargo& numero, Lungo n) {
     if (n <= NumeroMassimo)

@@ -17,6 +17,7 @@ giri_crescita=$((giri < 3 ? giri : 3))
 rapporto=2.0       # whole run against the floor
 memoria=16384      # KiB at the peak
 memoria_piu=1024   # KiB more at the peak for a file 100 times longer
+finestra=1.2       # whole run in the window against the same without it
 crescita=2.0       # time per module, per entry, per MB: the largest size against the cheapest
 
 costruisci() { # target...
@@ -44,6 +45,8 @@ fi
 
 costruisci morvella-cli genera floor misura
 strumenti=$BUILD/bench
+# Only where Qt was found.
+if cmake --build "$BUILD" --target help 2>/dev/null | grep -q finestra_bench; then costruisci finestra_bench; fi
 dove=${TMPDIR:-}
 if [ -z "$dove" ]; then
   dove=/tmp
@@ -144,6 +147,26 @@ else
   echo "    on a terminal  left out: there is no script(1) that runs a command"
 fi
 intero documenta corri documenta documenta
+
+if [ -x "$strumenti/finestra_bench" ]; then
+  : >"$lavoro/corsa"
+  : >"$lavoro/fondo"
+  i=0
+  while [ $i -lt "$giri" ]; do
+    corri esegui intero "$lavoro/fondo"
+    QT_QPA_PLATFORM=offscreen "$strumenti/finestra_bench" "$lavoro/intero/Sintetico.vbp" >>"$lavoro/corsa" 2>/dev/null
+    i=$((i + 1))
+  done
+  quanto=$(conto "printf \"%.2f\", $(migliore "$lavoro/corsa") / $(migliore "$lavoro/fondo")")
+  esito "$(conto "print ($quanto <= $finestra)")"
+  echo
+  echo "The same esegui in the window: $(migliore "$lavoro/corsa") seconds, $quanto times the command line's," \
+    "limit $finestra: $giudizio"
+  echo "  controls painted up to $(picco "$lavoro/corsa") times"
+else
+  echo
+  echo "The window is left out: there is no Qt here"
+fi
 rm -rf "$lavoro/intero"
 
 echo

@@ -34,10 +34,11 @@ struct RigheUnite {
     static constexpr auto Valori = static_cast<std::size_t>(std::count(Unito.begin(), Unito.end(), '@'));
     static constexpr std::array<Vista, Valori + 1> Pezzi = [] {
         std::array<Vista, Valori + 1> pezzi;
-        Vista resto(Unito.data(), Misura);
+        auto inizio = Unito.begin();
         for (Vista& pezzo : pezzi) {
-            pezzo = resto.substr(0, resto.find('@'));
-            resto.remove_prefix(std::min(pezzo.size() + 1, resto.size()));
+            const auto fine = std::find(inizio, Unito.end(), '@');
+            pezzo = Vista(inizio, static_cast<std::size_t>(fine - inizio));
+            if (fine != Unito.end()) inizio = fine + 1;
         }
         return pezzi;
     }();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// The common lines once more, many at a time. All of it is what ElencaRiga does, line by line;
-// what makes it fast is that nothing is decided on the way, since no one can guess the next line's
-// class, and that the margin stays out of memory, where bytes just written one by one could not be
-// taken up again in wide strides.
+// The common lines once more, many at a time. Their bytes are those of ElencaRiga (connettori.cpp),
+// which says why they are so. What makes it fast is that nothing is decided on the way, since no one
+// can guess the next line's class, and that the margin stays out of memory, where bytes just written
+// one by one could not be taken up again in wide strides.
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -92,7 +92,8 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
         const std::size_t lunga = riga.Letta.Lunga;
         const std::size_t questa = larga + disegno.Largo;
         const bool commento = (testo[0] == '\'') & (senzaCommenti | (testo[1] == '*')) & (lunga > 0);
-        // Too narrow: an error. Of a length: where the listing may start anew.
+        // A margin that is too narrow is an error; at a line of a certain length the listing may
+        // start anew; the block may be full: all that is for the way one by one.
         const bool altra = commento | (questa < disegno.Minima) | (questa > Striscia::Misura) |
                            ((lunga == FineControlli.size()) & (testo[0] == FineControlli[0])) |
                            (lunga + Striscia::Misura + 13 > static_cast<std::size_t>(fondo - dove));

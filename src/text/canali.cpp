@@ -122,6 +122,15 @@ void Canali::SegnaLetto(const Canale& c) {
     lettoMisura_ = c.Memoria.size() - Coda;
 }
 
+// The first CR or LF; null when there is none. `fine` has Fetta bytes behind it.
+const char* Canali::CrOLf(const char* da, const char* fine) noexcept {
+    for (; da < fine; da += Fetta) {
+        const std::size_t posto = PrimoSegno(DoveByte(da, '\r') | DoveByte(da, '\n'));
+        if (posto < Fetta) return posto < static_cast<std::size_t>(fine - da) ? da + posto : nullptr;
+    }
+    return nullptr;
+}
+
 // A line that may reach into the next block.
 Vista Canali::LineInputLento(Canale& c) {
     if (c.Inizio == c.Fine && !Riempi(c)) throw Errore(ErrFineFile, c.Percorso);
@@ -129,15 +138,9 @@ Vista Canali::LineInputLento(Canale& c) {
     for (;;) {
         const char* riga = c.Memoria.data() + c.Inizio;
         const std::size_t resto = c.Fine - c.Inizio;
-        const char* fine = nullptr;
-        if (FineRigaLf) {
-            fine = static_cast<const char*>(std::memchr(riga + visti, '\n', resto - visti));
-            const std::size_t fino = fine ? static_cast<std::size_t>(fine - riga) : resto;
-            if (const void* cr = std::memchr(riga + visti, '\r', fino - visti))
-                fine = static_cast<const char*>(cr);
-        } else {
-            fine = static_cast<const char*>(std::memchr(riga + visti, '\r', resto - visti));
-        }
+        const char* fine = FineRigaLf
+                               ? CrOLf(riga + visti, riga + resto)
+                               : static_cast<const char*>(std::memchr(riga + visti, '\r', resto - visti));
         if (!fine) {
             visti = resto;
             if (Riempi(c)) continue;

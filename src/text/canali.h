@@ -297,6 +297,7 @@ class Canali {
     Canale& Libero(int n, Vista percorso);
     void RifiutaAperto(const Trovato& file, Vista percorso);
     Vista LineInputLento(Canale& c);
+    static const char* CrOLf(const char* da, const char* fine) noexcept;
     bool Riempi(Canale& c);
     void Scarica(Canale& c);
     void FaiPosto(Canale& c, std::size_t quanti);

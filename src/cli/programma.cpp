@@ -2,8 +2,10 @@
 #include "cli/programma.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <new>
 #include <ostream>
 #include <unordered_map>
@@ -77,12 +79,36 @@ Testo ChiaveRiga(Vista riga) {
 
 Testo DaArgomento(const std::string& utf8) { return Bytes1252DaUtf8(utf8).value_or(utf8); }
 
+// A word of a command as a shell wants it.
+std::string PerShell(const std::string& parola) {
+    const auto semplice = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || std::strchr("/._-+:\\", c) != nullptr;
+    };
+    if (std::all_of(parola.begin(), parola.end(), semplice)) return parola;
+#ifdef _WIN32
+    return '"' + parola + '"';
+#else
+    std::string fra = "'";
+    for (const char c : parola) fra += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return fra + "'";
+#endif
+}
+
+constexpr const char* SenzaAppoggio =
+    "La directory Appoggio non c'è e non si è potuta creare: controllare i permessi, o togliere il file "
+    "che ha il suo nome.";
+
 // What to do about an error, for the person who reads of it.
-std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire, const std::string& programma,
-                      bool appoggio) {
+struct Circostanze {
+    bool PuoProseguire = false;
+    bool Appoggio = true;           // the work directory is there
+    bool CartellaFattibile = false; // the row's page misses a folder that --sottocartelle would make
+    std::string Programma;          // as --programma has it
+};
+std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
     const bool diRiga = !e.Riga.empty();
     const std::string prosegui =
-        diRiga && puoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
+        diRiga && come.PuoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
     switch (e.Causa.Numero) {
     case ErrArgomento:
         if (e.RigaFile > 0)
@@ -102,19 +128,18 @@ std::string Consiglio(const ErroreAvvenuto& e, bool puoProseguire, const std::st
     case ErrFineFile:
         if (diRiga) return "Il file finisce dove doveva esserci ancora una riga." + prosegui;
         return "Il file delle opzioni finisce prima del previsto: «morvella-cli opzioni --ripristina" +
-               (programma.empty() ? "" : " --programma " + programma) + "» lo rimette a posto.";
+               (come.Programma.empty() ? "" : " --programma " + PerShell(come.Programma)) +
+               "» lo rimette a posto.";
     case ErrDiscoPieno: return "Liberare spazio sul disco e ripetere: ciò che manca non è stato scritto.";
     case ErrPermesso: return "L'operazione avrebbe cambiato un sorgente del progetto, che non si tocca.";
     case ErrAccesso:
-        if (e.Motore == "mnuHTML_Click" && e.Causa.File == "Appoggio")
+        if (e.Motore == "mnuHTML_Click" && e.Causa.File == "Appoggio" && come.Appoggio)
             return "La directory Appoggio c'è ma non contiene file: toglierla, o usare prima riordina.";
+        if (e.Causa.File == "Appoggio") return SenzaAppoggio;
         return "Controllare i permessi, e che al posto del file non ci sia una directory.";
     case ErrPercorso:
-        if (!appoggio)
-            return "La directory Appoggio non c'è e non si è potuta creare: controllare i permessi, o "
-                   "togliere il file "
-                   "che ha il suo nome.";
-        if (e.Motore == "mnuHTML_Click" && diRiga)
+        if (!come.Appoggio) return SenzaAppoggio;
+        if (come.CartellaFattibile)
             return "In Appoggio manca la cartella della pagina: con --sottocartelle viene creata." + prosegui;
         return "Manca la directory del file, o al suo posto c'è un file." + prosegui;
     default: return "";
@@ -478,7 +503,10 @@ void Corsa::RaccontaErrori() {
             frase += " (" + Nativo(e.Causa.File) + ")";
         else if (diRiga && e.RigaFile > 0)
             frase += " (" + SorgenteDiRiga(e.Riga) + ":" + std::to_string(e.RigaFile) + ")";
-        const std::string consiglio = Consiglio(e, PuoProseguire(), r_.Programma, appoggio);
+        const bool pagina = e.Motore == "mnuHTML_Click" && diRiga && !r_.Sottocartelle &&
+                            e.Causa.File.starts_with(progetto_ + "\\Appoggio\\");
+        const std::string consiglio =
+            Consiglio(e, {PuoProseguire(), appoggio, pagina && CartellaFattibile(s_, e.Riga), r_.Programma});
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
     }
@@ -521,10 +549,12 @@ void Corsa::Racconta(int stato) {
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
         const bool motore = r_.Comando != "elenca" && r_.Comando != "leggi";
-        if (motore && s_.File1.ListCount() == 0 && finestra_.Avvenuto.Errori.empty() &&
-            r_.Comando != "eventi")
+        const bool pagine = r_.Comando == "documenta" || r_.Html;
+        if (motore && s_.File1.ListCount() == 0 && r_.Comando != "eventi" && stato != RispostoNo &&
+            (pagine || finestra_.Avvenuto.Errori.empty()))
             finestra_.Di(
-                "Avviso: il progetto non ha righe Form=, Module= o Class=: non c'è niente da scrivere.");
+                std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") +
+                (pagine ? "senza righe l'indice va nella radice del disco." : "non c'è niente da scrivere."));
         if (moduli > 0 || (motore && finestra_.Avvenuto.Errori.empty() && stato != RispostoNo))
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
@@ -634,7 +664,9 @@ int Corsa::Esegui() {
     if (r_.Comando == "opzioni" || r_.Comando == "guida") {
         if (r_.Comando == "opzioni")
             stato = MostraOpzioni();
-        else if (!Fai("MnuHelpHtml_Click", MnuHelpHtml_Click))
+        else if (Fai("MnuHelpHtml_Click", MnuHelpHtml_Click))
+            Riga(Nativo(s_.AppPath + "\\tavolerio.htm")); // also where no browser is started
+        else
             stato = Fermato;
         RaccontaErrori();
         return stato;

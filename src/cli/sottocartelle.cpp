@@ -76,6 +76,18 @@ std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& ri
     return cartelle;
 }
 
+bool CartellaFattibile(Stato& s, Vista riga) {
+    const auto nomi = Cartelle(riga);
+    if (!nomi) return false;
+    Testo percorso = s.Dir1Path + "\\Appoggio";
+    for (const Testo& nome : *nomi) {
+        percorso += "\\" + nome;
+        if (s.File.Dir(percorso, 16).empty()) return true;
+        if (!s.File.Dir(percorso, 0).empty()) return false;
+    }
+    return false;
+}
+
 void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
     // Pages of all rows, also of those not selected: they stay.
     std::set<Testo> pagine;
@@ -87,10 +99,11 @@ void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
         pagine.insert(
             LCase(Unita(*nomi) + "\\" + Testo(base.substr(base.find_last_of("\\/") + 1)) + ".Html"));
     }
+    const bool indice = !s.File.Dir(s.Dir1Path + "\\Appoggio\\Indice.Html", 0).empty();
     for (const std::string& cartella : cartelle) {
         const Testo percorso = s.Dir1Path + "\\Appoggio\\" + cartella;
         CopiaFigure(s, percorso);
-        if (pagine.contains(LCase(cartella + "\\Indice.Html"))) continue;
+        if (!indice || pagine.contains(LCase(cartella + "\\Indice.Html"))) continue;
         Testo casa;
         for (Lungo n = 1 + std::count(cartella.begin(), cartella.end(), '\\'); n > 0; --n) casa += "../";
         casa += "Indice.Html";

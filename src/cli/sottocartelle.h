@@ -19,8 +19,12 @@ namespace morvella::cli {
 std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& righe,
                                           std::vector<std::string>& note);
 
-/// Lays the four pictures and an "Indice.Html" that leads to the real one into each folder; the
-/// page of a row of that name stays. Raises what copying and writing raise.
+/// Whether FaiSottocartelle would make a folder that the row's page misses: it leads to a place below
+/// the work directory, and no folder on the way is a file.
+bool CartellaFattibile(Stato& s, Vista riga);
+
+/// Lays the four pictures into each folder, and where there is an index an "Indice.Html" that leads
+/// to it; the page of a row of that name stays. Raises what copying and writing raise.
 void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle);
 
 } // namespace morvella::cli

@@ -343,7 +343,14 @@ class DiscoPosix : public Disco {
         if (tramite == 0) {
             ::setsid();
             const pid_t figlio = ::fork();
-            if (figlio == 0) ::execve(argv[0], argv, environ);
+            if (figlio == 0) {
+                // Who reads this program's output must not wait for the other's end.
+                const int nulla = ::open("/dev/null", O_RDWR);
+                for (int fd = 0; fd <= 2 && nulla >= 0; ++fd)
+                    if (fd != tubo[1]) ::dup2(nulla, fd);
+                if (nulla > 2) ::close(nulla);
+                ::execve(argv[0], argv, environ);
+            }
             if (figlio <= 0) {
                 const ssize_t detto = ::write(tubo[1], "", 1);
                 ::_exit(detto == 1 ? 1 : 2);

@@ -192,6 +192,54 @@ TEST(Documenta, Errore) {
     }
 }
 
+// What to do about a page that could not be written: --sottocartelle only where it helps.
+TEST(Documenta, ConsiglioSulleCartelle) {
+    struct Caso {
+        std::vector<std::string> Righe;
+        std::vector<std::string> Opzioni;
+        bool Aiuta;
+    };
+    const Caso casi[] = {
+        {{"+sub\\M.frm"}, {}, true},
+        {{"+sub\\due\\M.frm"}, {}, true},
+        {{"+sub\\M.frm"}, {"-k"}, true},
+        {{"+..\\lib\\M.frm"}, {}, false}, // its page would not lie in the work directory
+        {{"+..\\lib\\M.frm"}, {"--sottocartelle"}, false},
+        {{"+x", "+file\\M.frm"}, {"-k"}, false}, // a file lies in the place of the folder
+    };
+    for (const Caso& caso : casi) {
+        Banco b;
+        b.Progetto(caso.Righe);
+        b.Disco.Metti("/casa/p/Appoggio/OK.LOG", "x");
+        b.Disco.Metti("/casa/p/Appoggio/file", "x");
+        std::vector<std::string> argomenti = {"documenta", "p/Prova.vbp"};
+        argomenti.insert(argomenti.begin() + 1, caso.Opzioni.begin(), caso.Opzioni.end());
+        EXPECT_EQ(b.Esegui(argomenti), 1);
+        EXPECT_TRUE(b.Dice("errore 76")) << b.Errori.str();
+        EXPECT_EQ(b.Dice("con --sottocartelle viene creata"), caso.Aiuta) << caso.Righe[0] << b.Errori.str();
+        EXPECT_EQ(b.Dice("Manca la directory del file"), !caso.Aiuta) << caso.Righe[0] << b.Errori.str();
+    }
+    // The source's own folder is missing.
+    Banco b;
+    b.Progetto({"sub\\M.frm"});
+    b.Disco.Metti("/casa/p/Appoggio/sub/x", "x");
+    b.Disco.Metti("/casa/p/Appoggio/OK.LOG", "x");
+    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Dice("errore 76, Percorso non trovato. (/casa/p/sub/M.frm)")) << b.Errori.str();
+    EXPECT_FALSE(b.Dice("--sottocartelle"));
+}
+
+TEST(Documenta, AppoggioNonSiPuoCreare) {
+    for (const char* opzione : {"-q", "--sottocartelle"}) {
+        Banco b;
+        b.Disco.Fallisci("CreaDirectory", "Appoggio", 75);
+        EXPECT_EQ(b.Esegui({"documenta", opzione, "p/Prova.vbp"}), 1);
+        EXPECT_TRUE(b.Dice("errore 75, ") && b.Dice("La directory Appoggio non c'è e non si è potuta creare"))
+            << b.Errori.str();
+        EXPECT_FALSE(b.Dice("c'è ma non contiene file"));
+    }
+}
+
 // The page in work keeps what was written, up to the line that failed.
 TEST(Documenta, LaPaginaInLavoroResta) {
     Banco b;
@@ -248,6 +296,8 @@ TEST(Documenta, ProgettoVuoto) {
     EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 0);
     EXPECT_TRUE(b.Disco.Esiste("/Indice.Html") && b.Disco.Esiste("/p2.gif"));
     EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+    const char* perche = "non ha righe Form=, Module= o Class=: senza righe l'indice va nella radice";
+    EXPECT_TRUE(b.Dice(perche)) << b.Errori.str();
 
     Banco senza;
     senza.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
@@ -255,6 +305,7 @@ TEST(Documenta, ProgettoVuoto) {
     EXPECT_EQ(senza.Esegui({"documenta", "p/Prova.vbp"}), 1);
     EXPECT_TRUE(senza.Dice("mnuHTML_Click fermato: errore 75, ") && senza.Dice("(/p2.gif)"))
         << senza.Errori.str();
+    EXPECT_TRUE(senza.Dice(perche)) << senza.Errori.str();
 }
 
 // --prosegui: a row that ends the run is left out, and the index holds every page that there is.
@@ -374,6 +425,17 @@ TEST(Sottocartelle, NonServono) {
     Banco senza;
     EXPECT_EQ(senza.Esegui({"documenta", "p/Prova.vbp"}), 0);
     EXPECT_TRUE(con == senza.Disco.TuttiIFile());
+}
+
+// A run that ends at a row writes no index: no page leads to one that is not there.
+TEST(Sottocartelle, SenzaIndice) {
+    Banco b;
+    b.Progetto({"+sub\\A.frm", "sub\\B.frm"});
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Fatto("sub/A.Html") && b.Fatto("sub/home.GIF"));
+    EXPECT_FALSE(b.Fatto("Indice.Html") || b.Fatto("sub/Indice.Html"));
+    EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "-k", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Fatto("Indice.Html") && b.Fatto("sub/Indice.Html"));
 }
 
 // Nothing is made outside the work directory, whatever a row climbs over.
@@ -574,6 +636,23 @@ TEST(Conservate, FileRovinato) {
         }
 }
 
+// The command that restores it can be given as it is told.
+TEST(Conservate, IlComandoCheRipristina) {
+    const std::pair<const char*, const char*> casi[] = {
+        {"altro", "--programma altro»"},
+        {"./a-1_b", "--programma ./a-1_b»"},
+        {"con blank", "--programma 'con blank'»"},
+        {"l'altro", "--programma 'l'\\''altro'»"},
+    };
+    for (const auto& [directory, detto] : casi) {
+        Banco b;
+        b.Disco.Metti("/casa/" + std::string(directory).substr(directory[0] == '.' ? 2 : 0) + "/Default.ini",
+                      "OK\r\n");
+        EXPECT_EQ(b.Esegui({"riordina", "-s", "-p", directory, "p/Prova.vbp"}), 1);
+        EXPECT_TRUE(b.Dice(detto)) << b.Errori.str();
+    }
+}
+
 TEST(Eventi, IniVieneCreatoDaForm_Resize) {
     for (const std::vector<std::string>& argomenti :
          {std::vector<std::string>{"eventi", "--ini", "p/Prova.vbp", "File1_Click"},
@@ -700,11 +779,13 @@ TEST(Guida, PaginaEBrowser) {
     EXPECT_EQ(b.Esegui({"guida"}), 0) << b.Errori.str();
     EXPECT_EQ(b.Disco.Leggi("/casa/programma/tavolerio.htm").size(), 4081U);
     EXPECT_EQ(b.Disco.Avviati, std::vector<std::string>{"Explorer|/casa/programma/tavolerio.htm"});
+    EXPECT_EQ(b.Uscita.str(), "/casa/programma/tavolerio.htm\n");
     EXPECT_EQ(b.Disco.DirectoryCorrente(), "/casa");
     EXPECT_FALSE(b.Disco.Esiste(Ini));
 
     b.Disco.Metti("/casa/programma/tavolerio.htm", "mia");
     EXPECT_EQ(b.Esegui({"guida", "--senza-processi"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "/casa/programma/tavolerio.htm\n");
     EXPECT_EQ(b.Disco.Leggi("/casa/programma/tavolerio.htm"), "mia");
     EXPECT_EQ(b.Disco.Avviati.size(), 1U);
 

@@ -490,6 +490,33 @@ TEST_F(DiscoPosixAvvia, NonLasciaNessuno) {
     EXPECT_TRUE(SenzaFigli());
 }
 
+// Who reads this program's output to its end does not wait for the one that was started.
+TEST_F(DiscoPosixAvvia, NonTieneLUscita) {
+    Programma("xdg-open", "#!/bin/sh\n"
+                          "while [ ! -e \"$0.via\" ]; do /bin/sleep 0.02; done\n"
+                          "echo scritto; echo scritto >&2; read -r riga; echo \"$?\" > \"$0.tmp\"\n"
+                          "/bin/mv \"$0.tmp\" \"$0.detto\"\n");
+    int tubo[2];
+    ASSERT_EQ(::pipe(tubo), 0);
+    const int uscita = ::dup(1);
+    const int errori = ::dup(2);
+    ::dup2(tubo[1], 1);
+    ::dup2(tubo[1], 2);
+    ::close(tubo[1]);
+    const int esito = Apri();
+    ::dup2(uscita, 1);
+    ::dup2(errori, 2);
+    ::close(uscita);
+    ::close(errori);
+    EXPECT_EQ(esito, 0);
+    char byte = 0;
+    EXPECT_EQ(::read(tubo[0], &byte, 1), 0); // the end, at once: nobody holds the other side
+    ::close(tubo[0]);
+    EXPECT_FALSE(fs::exists(Radice + "/xdg-open.detto"));
+    Metti("xdg-open.via", "");
+    EXPECT_EQ(Aspetta("xdg-open.detto"), "1\n"); // there is nothing to read either
+}
+
 TEST_F(DiscoPosix, Scrivibile) {
     Metti("file", "x");
     fs::permissions(Radice + "/file", fs::perms::owner_all);

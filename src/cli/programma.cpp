@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <new>
+#include <optional>
 #include <ostream>
 #include <unordered_map>
 #include <utility>
@@ -103,6 +104,7 @@ struct Circostanze {
     bool PuoProseguire = false;
     bool Appoggio = true;           // the work directory is there
     bool CartellaFattibile = false; // the row's page misses a folder that --sottocartelle would make
+    bool FileAssente = false;       // what the error names is not there
     std::string Programma;          // as --programma has it
 };
 std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
@@ -120,6 +122,8 @@ std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
                             prosegui
                       : "";
     case ErrFileAssente: {
+        if (e.Motore == "mnuLettura_Click" && come.FileAssente)
+            return "La struttura non c'è e non si è potuta scrivere: «struttura» dice perché.";
         const bool mostra = e.Motore == "mnuLettura_Click" || e.Motore == "MnuHelpHtml_Click" ||
                             (e.Motore == "mnuHTML_Click" && e.Causa.File.ends_with("\\Indice.Html"));
         if (mostra) return "Manca un programma che apra il file (di solito lo fa xdg-open).";
@@ -502,11 +506,13 @@ void Corsa::RaccontaErrori() {
         if (!e.Causa.File.empty())
             frase += " (" + Nativo(e.Causa.File) + ")";
         else if (diRiga && e.RigaFile > 0)
-            frase += " (" + SorgenteDiRiga(e.Riga) + ":" + std::to_string(e.RigaFile) + ")";
+            frase += " (" + SorgenteDiRiga(e.Riga) + ":" +
+                     std::to_string(LineeDiEditor(s_, e.Riga).Di(e.RigaFile)) + ")";
         const bool pagina = e.Motore == "mnuHTML_Click" && diRiga && !r_.Sottocartelle &&
                             e.Causa.File.starts_with(progetto_ + "\\Appoggio\\");
         const std::string consiglio =
-            Consiglio(e, {PuoProseguire(), appoggio, pagina && CartellaFattibile(s_, e.Riga), r_.Programma});
+            Consiglio(e, {PuoProseguire(), appoggio, pagina && CartellaFattibile(s_, e.Riga),
+                          !e.Causa.File.empty() && s_.File.Dir(e.Causa.File, 0).empty(), r_.Programma});
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
     }
@@ -559,10 +565,16 @@ void Corsa::Racconta(int stato) {
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
     }
-    if (r_.Controlla)
-        for (const Rilievo& rilievo : finestra_.Trovato.Rilievi())
-            Riga(SorgenteDiRiga(rilievo.Riga) + ":" + std::to_string(rilievo.RigaFile) + ": " +
-                 rilievo.Frase);
+    if (r_.Controlla) {
+        std::optional<LineeDiEditor> linee;
+        Testo diChi;
+        for (const Rilievo& rilievo : finestra_.Trovato.Rilievi()) {
+            if (!linee || diChi != rilievo.Riga) linee.emplace(s_, diChi = rilievo.Riga);
+            const auto inFile = [&](Lungo n) { return linee->Di(n); };
+            Riga(SorgenteDiRiga(rilievo.Riga) + ":" + std::to_string(inFile(rilievo.Dove.RigaFile)) + ": " +
+                 rilievo.Frase(inFile));
+        }
+    }
     ambiente_.Uscita << std::flush;
     RaccontaErrori();
 }
@@ -664,10 +676,10 @@ int Corsa::Esegui() {
     if (r_.Comando == "opzioni" || r_.Comando == "guida") {
         if (r_.Comando == "opzioni")
             stato = MostraOpzioni();
-        else if (Fai("MnuHelpHtml_Click", MnuHelpHtml_Click))
-            Riga(Nativo(s_.AppPath + "\\tavolerio.htm")); // also where no browser is started
-        else
+        else if (!Fai("MnuHelpHtml_Click", MnuHelpHtml_Click))
             stato = Fermato;
+        else if (!r_.Silenzioso)
+            Riga(Nativo(s_.AppPath + "\\tavolerio.htm")); // also where no browser is started
         RaccontaErrori();
         return stato;
     }

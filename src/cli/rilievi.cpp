@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "cli/rilievi.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "listing/decodifica.h"
 
 namespace morvella::cli {
@@ -13,8 +16,6 @@ std::string Citata(Vista linea) {
     const std::string testo = Mostrabile(Mid(linea, 1, Massimo));
     return "«" + testo + (Len(linea) > Massimo ? "…»" : "»");
 }
-
-constexpr Lungo Nominati = 20; // open blocks that a message names one by one
 
 std::string RigaDi(Lungo n) { return "riga " + std::to_string(n); }
 
@@ -40,21 +41,10 @@ void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& riga) {
         break;
     case PassoMargine::Chiude: colonne_.resize(larghe); break;
     case PassoMargine::Sbilanciata: {
-        std::string aperti;
-        Lungo quanti = 0;
-        for (std::size_t i = 0; i < colonne_.size(); ++i) {
-            if (colonne_[i].RigaFile == 0) continue;
-            if (++quanti > Nominati) continue;
-            aperti +=
-                (aperti.empty() ? "" : ", ") + RigaDi(colonne_[i].RigaFile) + " " + Citata(colonne_[i].Linea);
-        }
-        if (quanti > Nominati) aperti += " e altri " + std::to_string(quanti - Nominati);
-        std::string frase = testa_.RigaFile > 0 ? "la procedura " + Citata(testa_.Linea) + " (" +
-                                                      RigaDi(testa_.RigaFile) + ")"
-                                                : "una procedura di cui non si riconosce la testata";
-        frase += quanti == 1 ? " finisce con un blocco aperto: "
-                             : " finisce con " + std::to_string(quanti) + " blocchi aperti: ";
-        rilievi_.push_back({riga, passo.RigaFile, frase + aperti + NellElenco(passo.RigaListato)});
+        Rilievo rilievo{riga, {passo.RigaFile, Testo(passo.Testo)}, passo.RigaListato, false, testa_, {}};
+        for (const LineaTrovata& colonna : colonne_)
+            if (colonna.RigaFile != 0) rilievo.Aperti.push_back(colonna);
+        rilievi_.push_back(std::move(rilievo));
         break;
     }
     case PassoMargine::Inizio:
@@ -67,10 +57,48 @@ void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& riga) {
 
 void Sorvegliante::Osserva(const Arresto& arresto, const Testo& riga) {
     if (arresto.RigaFile == 0 || arresto.Causa.Numero != ErrArgomento) return;
-    rilievi_.push_back({riga, arresto.RigaFile,
-                        Citata(arresto.Linea) +
-                            " chiude un blocco fuori da ogni procedura e ferma la struttura: errore 5" +
-                            NellElenco(arresto.RigaListato)});
+    rilievi_.push_back({riga, {arresto.RigaFile, arresto.Linea}, arresto.RigaListato, true, {}, {}});
+}
+
+std::string Rilievo::Frase(const std::function<Lungo(Lungo)>& inFile) const {
+    const std::string nellElenco = NellElenco(RigaListato);
+    if (Ferma)
+        return Citata(Dove.Linea) +
+               " chiude un blocco fuori da ogni procedura e ferma la struttura: errore 5" + nellElenco;
+    std::string aperti;
+    for (const LineaTrovata& aperto : Aperti)
+        aperti += (aperti.empty() ? "" : ", ") + RigaDi(inFile(aperto.RigaFile)) + " " + Citata(aperto.Linea);
+    return (Testa.RigaFile > 0
+                ? "la procedura " + Citata(Testa.Linea) + " (" + RigaDi(inFile(Testa.RigaFile)) + ")"
+                : "una procedura di cui non si riconosce la testata") +
+           (Aperti.size() == 1 ? " finisce con un blocco aperto: "
+                               : " finisce con " + std::to_string(Aperti.size()) + " blocchi aperti: ") +
+           aperti + nellElenco;
+}
+
+LineeDiEditor::LineeDiEditor(Stato& s, Vista riga) {
+    try {
+        s.Canale.OpenInput(1, s.Dir1Path + "\\" + Testo(riga));
+        Lungo quanti = 0;
+        for (Lungo n = 1; !s.Canale.Eof(1); ++n) {
+            const Vista linea = s.Canale.LineInput(1);
+            const auto qui = std::count(linea.begin(), linea.end(), '\n');
+            quanti += qui;
+            if (qui > 0) dopo_.emplace_back(n, quanti);
+        }
+    } catch (const Errore&) {
+        dopo_.clear();
+    }
+    try {
+        s.Canale.Close(1);
+    } catch (const Errore&) { // it was only read
+    }
+}
+
+Lungo LineeDiEditor::Di(Lungo rigaFile) const {
+    const auto dietro = std::lower_bound(dopo_.begin(), dopo_.end(), rigaFile,
+                                         [](const auto& una, Lungo n) { return una.first < n; });
+    return rigaFile + (dietro == dopo_.begin() ? 0 : std::prev(dietro)->second);
 }
 
 } // namespace morvella::cli

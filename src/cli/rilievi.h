@@ -6,18 +6,43 @@
 // of who opened each column, as long as the margin is wide.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "shell/finestra.h"
+#include "shell/state.h"
 
 namespace morvella::cli {
 
-/// A finding: the row of File1 by its text, the line of the source (from 1), and what to say of it in UTF-8.
+/// A line of a source as the engine counts it, from 1, where lone LFs end nothing, and its text.
+struct LineaTrovata {
+    Lungo RigaFile = 0; // 0: there is none
+    Testo Linea;
+};
+
+/// A finding about a row of File1.
 struct Rilievo {
     Testo Riga;
-    Lungo RigaFile;
-    std::string Frase;
+    LineaTrovata Dove;
+    Lungo RigaListato = 0;
+    bool Ferma = false;               // a line that ends the run; else a procedure's end
+    LineaTrovata Testa;               // the procedure's head
+    std::vector<LineaTrovata> Aperti; // what opened the columns that stand, from the left
+
+    /// What to say of it in UTF-8; `inFile` gives the line of the file that an editor shows.
+    std::string Frase(const std::function<Lungo(Lungo)>& inFile) const;
+};
+
+/// The lines of a source as editors count them, who take a lone LF for a line end too. Reads the row's
+/// source through channel 1; one that cannot be read has no such LFs.
+class LineeDiEditor {
+  public:
+    LineeDiEditor(Stato& s, Vista riga);
+    Lungo Di(Lungo rigaFile) const;
+
+  private:
+    std::vector<std::pair<Lungo, Lungo>> dopo_; // a line with LFs, and how many there are up to its end
 };
 
 class Sorvegliante {
@@ -28,13 +53,8 @@ class Sorvegliante {
     const std::vector<Rilievo>& Rilievi() const noexcept { return rilievi_; }
 
   private:
-    struct Apertura {
-        Lungo RigaFile = 0; // 0: the column is blank
-        Testo Linea;
-    };
-
-    std::vector<Apertura> colonne_; // one for each three bytes of margin
-    Apertura testa_;                // the procedure's head
+    std::vector<LineaTrovata> colonne_; // one for each three bytes of margin
+    LineaTrovata testa_;                // the procedure's head
     std::vector<Rilievo> rilievi_;
 };
 

@@ -41,6 +41,11 @@ struct Ambiente {
     std::string DirectoryUtente = {};    // Disco::DirectoryUtente
 };
 
+/// UTF-8 in the encoding of this name ("ISO-8859-1"); one that the system does not know leaves it as it
+/// is. A character that is not in it comes as one like it, or as "?"; connectors come as + - = | where
+/// the encoding has no double ones. Not on Windows, whose terminal takes UTF-16.
+std::string InCodifica(const std::string& utf8, const char* codifica);
+
 /// The process's own surroundings.
 Ambiente AmbienteDelProcesso(Disco& macchina);
 

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <utility>
 
 #include "cli/terminale.h"
 
@@ -19,30 +20,63 @@ namespace morvella::cli {
 
 namespace {
 
-// A terminal in an older encoding gets its own bytes; the plain C locale says nothing of the
-// terminal, and what shows it today reads UTF-8.
+// The plain C locale says nothing of the terminal, and what shows it today reads UTF-8.
+bool SenzaLingua(const char* codifica) { return std::strcmp(codifica, "ANSI_X3.4-1968") == 0; }
+
+// A terminal in an older encoding gets its own bytes.
 std::string PerTerminale(const std::string& utf8) {
     const char* codifica = ::nl_langinfo(CODESET);
-    if (std::strcmp(codifica, "UTF-8") == 0 || std::strcmp(codifica, "ANSI_X3.4-1968") == 0) return utf8;
-    const iconv_t conversione = ::iconv_open((std::string(codifica) + "//TRANSLIT").c_str(), "UTF-8");
-    if (conversione == reinterpret_cast<iconv_t>(-1)) return utf8;
-    std::string da = utf8;
-    std::string testo;
-    char* ingresso = da.data();
-    std::size_t resta = da.size();
-    std::array<char, 512> blocco{};
-    while (resta > 0) {
-        char* uscita = blocco.data();
-        std::size_t posto = blocco.size();
-        const std::size_t esito = ::iconv(conversione, &ingresso, &resta, &uscita, &posto);
-        testo.append(blocco.data(), blocco.size() - posto);
-        if (esito != static_cast<std::size_t>(-1) || posto < 16) continue;
-        testo += '?'; // no such character there
-        ++ingresso;
-        --resta;
+    return SenzaLingua(codifica) ? utf8 : InCodifica(utf8, codifica);
+}
+
+// A conversion from UTF-8 by the system's own tables.
+class Conversione {
+  public:
+    explicit Conversione(const std::string& a) : tavola_(::iconv_open(a.c_str(), "UTF-8")) {}
+    Conversione(const Conversione&) = delete;
+    Conversione& operator=(const Conversione&) = delete;
+    ~Conversione() {
+        if (Nota()) ::iconv_close(tavola_);
     }
-    ::iconv_close(conversione);
-    return testo;
+    bool Nota() const { return tavola_ != reinterpret_cast<iconv_t>(-1); }
+    // What has no like comes as "?"; `mancano` says whether there was any.
+    std::string Di(std::string utf8, bool& mancano) {
+        std::string testo;
+        char* ingresso = utf8.data();
+        std::size_t resta = utf8.size();
+        std::array<char, 512> blocco{};
+        mancano = false;
+        while (resta > 0) {
+            char* uscita = blocco.data();
+            std::size_t posto = blocco.size();
+            const std::size_t esito = ::iconv(tavola_, &ingresso, &resta, &uscita, &posto);
+            testo.append(blocco.data(), blocco.size() - posto);
+            if (esito != static_cast<std::size_t>(-1) || posto < 16) continue;
+            mancano = true;
+            testo += '?';
+            do { // the whole character
+                ++ingresso;
+                --resta;
+            } while (resta > 0 && (static_cast<unsigned char>(*ingresso) & 0xC0) == 0x80);
+        }
+        return testo;
+    }
+
+  private:
+    iconv_t tavola_;
+};
+
+// Connectors as typewriters drew them.
+std::string SenzaConnettori(std::string utf8) {
+    static constexpr std::pair<const char*, char> Somiglianze[] = {
+        {"┌", '+'}, {"├", '+'}, {"└", '+'}, {"─", '-'}, {"│", '|'},
+        {"╔", '+'}, {"╚", '+'}, {"═", '='}, {"║", '|'},
+    };
+    for (const auto& [connettore, simile] : Somiglianze)
+        for (std::size_t posto = utf8.find(connettore); posto != std::string::npos;
+             posto = utf8.find(connettore, posto))
+            utf8.replace(posto, std::strlen(connettore), 1, simile);
+    return utf8;
 }
 
 class ImpaginatorePosix : public Impaginatore {
@@ -60,13 +94,29 @@ class ImpaginatorePosix : public Impaginatore {
 std::unique_ptr<Impaginatore> AvviaImpaginatore() {
     // A reader who leaves early must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
-    FILE* tubo = ::popen("p=${PAGER:-less}; if command -v \"${p%% *}\" >/dev/null 2>&1; then "
-                         "LESS=${LESS-FRSX}; export LESS; $p; else cat; fi",
-                         "w");
+    // Without a locale less would show the bytes of UTF-8 as numbers.
+    const std::string comando = std::string(SenzaLingua(::nl_langinfo(CODESET))
+                                                ? "LESSCHARSET=${LESSCHARSET-utf-8}; export LESSCHARSET; "
+                                                : "") +
+                                "p=${PAGER:-less}; if command -v \"${p%% *}\" >/dev/null 2>&1; then "
+                                "LESS=${LESS-FRSX}; export LESS; $p; else cat; fi";
+    FILE* tubo = ::popen(comando.c_str(), "w");
     return tubo ? std::make_unique<ImpaginatorePosix>(tubo) : nullptr;
 }
 
 } // namespace
+
+std::string InCodifica(const std::string& utf8, const char* codifica) {
+    if (std::strcmp(codifica, "UTF-8") == 0) return utf8;
+    bool mancano = false;
+    Conversione esatta(codifica);
+    Conversione simile(std::string(codifica) + "//TRANSLIT");
+    if (!esatta.Nota() || !simile.Nota()) return utf8;
+    const std::string testo = esatta.Di(utf8, mancano);
+    if (!mancano) return testo;
+    esatta.Di("║", mancano);
+    return simile.Di(mancano ? SenzaConnettori(utf8) : utf8, mancano);
+}
 
 Ambiente AmbienteDelProcesso(Disco& macchina) {
     std::setlocale(LC_CTYPE, "");

@@ -376,7 +376,8 @@ TEST(Rapporto, OggettoIntero) {
         "  \"processi\": [],\n"
         "  \"errori\": [\n"
         "    {\"motore\": \"mnuRiordina_Click\", \"numero\": 53, \"descrizione\": \"File non trovato.\", "
-        "\"file\": \"\\\\casa\\\\p\\\\Perché.bas\", \"finale\": false}\n"
+        "\"file\": \"\\\\casa\\\\p\\\\Perché.bas\", "
+        "\"riga\": \"Perché.bas\", \"linea\": 0, \"finale\": false}\n"
         "  ]\n"
         "}\n");
 }

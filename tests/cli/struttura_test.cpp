@@ -277,6 +277,36 @@ TEST(Controlla, ApertoNellaSezioneDeiControlli) {
     EXPECT_NE(rilievi[0].find("riga 2 della struttura"), std::string::npos) << rilievi[0];
 }
 
+// An editor ends a line at a lone LF too, the engine does not: what is told is the editor's line.
+TEST(Controlla, LfSoli) {
+    Banco b;
+    b.Riga("F.frm",
+           "VERSION\r\nAttribute VB_Exposed = False\r\n'a\n'b\n'c\r\nSub a()\r\n'd\n'e\r\nIf x Then y\r\n"
+           "End Sub\r\n#End If\r\n");
+    EXPECT_EQ(b.Esegui({"struttura", "--controlla", "p/Prova.vbp"}), 4);
+    const auto rilievi = b.Rilievi();
+    ASSERT_EQ(rilievi.size(), 2U);
+    EXPECT_EQ(rilievi[0], "p/F.frm:10: la procedura «Sub a()» (riga 6) finisce con un blocco aperto: riga 9 "
+                          "«If x Then y» (riga 5 della struttura)");
+    EXPECT_TRUE(rilievi[1].starts_with("p/F.frm:11: «#End If» ")) << rilievi[1];
+    EXPECT_NE(b.Errori.str().find("(p/F.frm:11)"), std::string::npos) << b.Errori.str();
+}
+
+// Every block is named, however many stand open.
+TEST(Controlla, MoltiAperti) {
+    Banco b;
+    std::vector<std::string> codice = {"Sub a()"};
+    for (int i = 0; i < 300; ++i) codice.push_back("If a" + std::to_string(i) + " Then");
+    codice.push_back("End Sub");
+    b.Riga("F.frm", Form(codice));
+    EXPECT_EQ(b.Esegui({"struttura", "--controlla", "p/Prova.vbp"}), 4);
+    ASSERT_EQ(b.Rilievi().size(), 1U);
+    const std::string frase = b.Rilievi()[0];
+    EXPECT_NE(frase.find("con 300 blocchi aperti: "), std::string::npos);
+    for (int i = 0; i < 300; ++i)
+        EXPECT_NE(frase.find("«If a" + std::to_string(i) + " Then»"), std::string::npos) << i;
+}
+
 TEST(Controlla, NienteDaDire) {
     for (const char* comando : {"struttura", "esegui"}) {
         Banco b;

@@ -298,6 +298,16 @@ TEST(Decodifica, LeFetteSonoGliStessiTratti) {
     }
 }
 
+// The same bytes stand for a column and for a text that begins like one, and the column it is: only
+// the byte and two blanks at the very begin are taken so.
+TEST(Decodifica, UnTestoComeUnaColonna) {
+    EXPECT_EQ(Parti("000007        \xB3  For i"), "N[000007     ]S[   ]C[│  ]S[For i]");
+    EXPECT_EQ(Parti("000007        \xBA  x"), "N[000007     ]S[   ]L[║  ]S[x]");
+    EXPECT_EQ(Tutto("000007        \xB3 x"), "000007        ³ x");
+    EXPECT_EQ(Tutto("000007        x \xB3  y"), "000007        x ³  y");
+    EXPECT_EQ(Tutto("000007        \xB3\xB3  y"), "000007        ³³  y");
+}
+
 TEST(Decodifica, UnSegnoPerByte) {
     EXPECT_EQ(Segno(Tratto::Ciclo, '\xC9'), u'╔');
     EXPECT_EQ(Segno(Tratto::Barra, '\xCD'), u'═');

@@ -2,7 +2,10 @@
 //
 // Whole runs. A case is tests/casi/SUBSYSTEM/CASE with
 //   progetto/   what the user has; it holds one *.vbp, at any depth
-//   progetto-da in the place of progetto/: a directory of the repository that is the project
+//   progetto-da in the place of progetto/: a directory of the repository that is the project;
+//               with more lines than one, directories laid over it in their order
+//               (listing/form-davanti puts a form in front of modules, whose listings would be
+//               empty without one)
 //   opzioni     the command line, one argument a line; without a command among them the
 //               subsystem's own (rewriter: riordina)
 //   atteso/     the whole work directory afterwards
@@ -89,7 +92,9 @@ class Caso : public testing::Test {
         }
         SenzaLuogo(scritto, qui);
         Confronta(LeggiAlbero(caso_ / "atteso"), scritto, quale);
-        Albero resto = LeggiAlbero(progetto_);
+        Albero resto;
+        for (const fs::path& strato : progetto_)
+            for (auto& [file, bytes] : LeggiAlbero(strato)) resto[file] = bytes;
         for (auto& [file, bytes] : LeggiAlbero(caso_ / "fuori")) resto[file] = bytes;
         Albero avuto = LeggiAlbero(qui / "progetto");
         SenzaLuogo(avuto, qui);
@@ -101,7 +106,7 @@ class Caso : public testing::Test {
     }
 
     fs::path caso_;
-    fs::path progetto_;
+    std::vector<fs::path> progetto_;
 };
 
 } // namespace

@@ -99,14 +99,19 @@ std::vector<std::string> Differenze(const Albero& atteso, const Albero& avuto) {
     return diverse;
 }
 
-fs::path ProgettoDiCaso(const fs::path& caso, const fs::path& radice) {
-    return fs::exists(caso / "progetto-da") ? radice / Righe(caso / "progetto-da").at(0) : caso / "progetto";
+std::vector<fs::path> ProgettoDiCaso(const fs::path& caso, const fs::path& radice) {
+    if (!fs::exists(caso / "progetto-da")) return {caso / "progetto"};
+    std::vector<fs::path> strati;
+    for (const std::string& strato : Righe(caso / "progetto-da")) strati.push_back(radice / strato);
+    return strati;
 }
 
 fs::path PreparaCaso(const fs::path& caso, const fs::path& qui, const fs::path& radice) {
     fs::remove_all(qui);
     fs::create_directories(qui);
-    fs::copy(ProgettoDiCaso(caso, radice), qui / "progetto", fs::copy_options::recursive);
+    for (const fs::path& strato : ProgettoDiCaso(caso, radice))
+        fs::copy(strato, qui / "progetto",
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     for (const char* figura : Figure) std::ofstream(qui / figura) << "figura";
     for (const auto& voce : fs::recursive_directory_iterator(qui / "progetto"))
         if (voce.path().extension() == ".vbp" && voce.path().parent_path().filename() != "Appoggio")

@@ -32,7 +32,8 @@ std::vector<std::string> Differenze(const Albero& atteso, const Albero& avuto);
 /// the program lies. Gives the project file. `radice` is the repository.
 std::filesystem::path PreparaCaso(const std::filesystem::path& caso, const std::filesystem::path& qui,
                                   const std::filesystem::path& radice);
-/// Where the case's project comes from.
-std::filesystem::path ProgettoDiCaso(const std::filesystem::path& caso, const std::filesystem::path& radice);
+/// Where the case's project comes from: directories laid one over the other, the last on top.
+std::vector<std::filesystem::path> ProgettoDiCaso(const std::filesystem::path& caso,
+                                                  const std::filesystem::path& radice);
 
 } // namespace morvella::prove

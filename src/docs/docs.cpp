@@ -94,6 +94,7 @@ void RaccogliMostrati(Stato& s) {
 // A directory that holds no plain file counts as missing, and MkDir then fails: meant.
 Testo PreparaDirectory(Stato& s) {
     const Testo directory = s.Dir1Path + "\\Appoggio";
+    s.File.SganciaLavoro(); // an earlier run's
     if (s.File.Dir(directory + "\\*.*", 0).empty()) {
         s.File.ChDir(s.Dir1Path);
         s.File.MkDir("Appoggio");

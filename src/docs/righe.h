@@ -34,11 +34,12 @@ struct RigheUnite {
     static constexpr auto Valori = static_cast<std::size_t>(std::count(Unito.begin(), Unito.end(), '@'));
     static constexpr std::array<Vista, Valori + 1> Pezzi = [] {
         std::array<Vista, Valori + 1> pezzi;
-        auto inizio = Unito.begin();
+        std::size_t inizio = 0;
         for (Vista& pezzo : pezzi) {
-            const auto fine = std::find(inizio, Unito.end(), '@');
-            pezzo = Vista(inizio, static_cast<std::size_t>(fine - inizio));
-            if (fine != Unito.end()) inizio = fine + 1;
+            std::size_t fine = inizio;
+            while (fine < Misura && Unito[fine] != '@') ++fine;
+            pezzo = Vista(Unito.data() + inizio, fine - inizio);
+            inizio = fine + 1;
         }
         return pezzi;
     }();

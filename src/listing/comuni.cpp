@@ -44,10 +44,10 @@ constexpr Sagoma ContinuaDoppia = Colonna(connettore::DoppiaColonna, ' ', ' ');
 
 // What a class does with the last column of the margin.
 struct Disegno {
-    unsigned char Minima =
-        255;                   // bytes that the margin must have on the line, 255 where nothing is drawn here
-    unsigned char Largo = 0;   // those of the margin that are new with the line,
-    unsigned char Stretto = 0; // and those that go with it, down to Minima
+    // Bytes that the margin must have on the line; 255 for a class that is not drawn here.
+    unsigned char Minima = 255;
+    unsigned char Largo = 0;             // those of the margin that are new with the line,
+    unsigned char Stretto = 0;           // and those that go with it, down to Minima
     const Sagoma* Tiene = &TieneIntorno; // what stays of the column,
     const Sagoma* Qui = &Niente;         // what comes into it on the line,
     const Sagoma* Dopo = &Niente;        // and behind it
@@ -82,7 +82,8 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
     std::memcpy(&cifre, s.Numero.data(), sizeof cifre);
     std::size_t larga = s.Margine.size();
     Striscia margine(s.Margine.data());
-    const bool senzaCommenti = s.TogliCommenti == 1;
+    const auto se = [](bool questo) { return static_cast<unsigned>(questo); }; // so that nothing branches
+    const unsigned senzaCommenti = se(s.TogliCommenti == 1);
     char* dove = spazio.Dove;
     char* storia = s.StoriaBlocchi.Coda(2 * righe.size());
     std::size_t fatte = 0;
@@ -91,13 +92,14 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
         const char* const testo = riga.Letta.Testo;
         const std::size_t lunga = riga.Letta.Lunga;
         const std::size_t questa = larga + disegno.Largo;
-        const bool commento = (testo[0] == '\'') & (senzaCommenti | (testo[1] == '*')) & (lunga > 0);
         // A margin that is too narrow is an error; at a line of a certain length the listing may
         // start anew; the block may be full: all that is for the way one by one.
-        const bool altra = commento | (questa < disegno.Minima) | (questa > Striscia::Misura) |
-                           ((lunga == FineControlli.size()) & (testo[0] == FineControlli[0])) |
-                           (lunga + Striscia::Misura + 13 > static_cast<std::size_t>(fondo - dove));
-        if (altra) break;
+        const unsigned commento =
+            se(testo[0] == '\'') & (senzaCommenti | se(testo[1] == '*')) & se(lunga > 0);
+        const unsigned altra = commento | se(questa < disegno.Minima) | se(questa > Striscia::Misura) |
+                               (se(lunga == FineControlli.size()) & se(testo[0] == FineControlli[0])) |
+                               se(lunga + Striscia::Misura + 13 > static_cast<std::size_t>(fondo - dove));
+        if (altra != 0) break;
         cifre += std::uint64_t{1} << 40;
         for (int posto = 40; (cifre >> posto & 0xFF) > '9'; posto -= 8)
             cifre += (std::uint64_t{1} << (posto - 8)) - (std::uint64_t{10} << posto);

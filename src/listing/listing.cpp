@@ -41,6 +41,7 @@ void AvanzaNumero(TestoLargo& numero, Lungo n) {
 Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte, Lungo scritto) {
     if (s.StatoTesta != 7 || s.ContaRighe != scritto) return 0;
     const auto restano = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
+    s.Riga = {}; // of none of these
     const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), restano))));
     s.ContaRighe += comuni;
     s.RigaFile += comuni;

@@ -19,7 +19,7 @@ namespace morvella {
 /// mend ends the run in silence, with word of it to Finestra::MotoreFermato.
 void mnuRiordina_Click(Stato& s);
 
-/// Writes the line in Riga at its margin to channel 2 and moves Margine and StoriaBlocchi on.
+/// Writes the line in Riga, which is of class `classe`, at its margin to channel 2 and moves Margine and StoriaBlocchi on.
 /// Raises FineMotore when a write fails.
 void RiscriviRiga(Stato& s, Classe classe);
 

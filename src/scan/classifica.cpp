@@ -103,9 +103,14 @@ constexpr std::uint16_t Due(const Forma& forma, std::size_t dove) {
 
 // The forms of one box, in the order of the table.
 struct Gruppo {
+    std::uint32_t Inizio = 0;
     std::array<Forma, 8> Forme{};
     std::size_t Quante = 0;
     Classe Altrimenti = RigaAltra;
+};
+struct Gruppi {
+    std::array<Gruppo, 32> Tutti{};
+    std::size_t Quanti = 0;
 };
 
 constexpr void Aggiungi(Gruppo& gruppo, const Forma& forma) {
@@ -120,27 +125,33 @@ constexpr void Aggiungi(Gruppo& gruppo, const Forma& forma) {
     gruppo.Forme[gruppo.Quante++] = forma;
 }
 
-// A row of three letters that stands behind all others of its box takes what they leave.
-constexpr bool Ultima(std::size_t i) {
-    std::size_t altre = 0;
-    for (std::size_t j = 0; j < std::size(Prove); ++j)
-        if (Tre(FormaDi(Prove[j])) == Tre(FormaDi(Prove[i]))) altre = j > i ? 100 : altre + 1;
-    return Prove[i].Inizio.size() == 3 && altre > 1 && altre < 100;
+constexpr Gruppo& GruppoDi(Gruppi& gruppi, std::uint32_t tre) {
+    for (std::size_t i = 0; i < gruppi.Quanti; ++i)
+        if (gruppi.Tutti[i].Inizio == tre) return gruppi.Tutti[i];
+    Gruppo& nuovo = gruppi.Tutti[gruppi.Quanti++];
+    nuovo.Inizio = tre;
+    nuovo.Altrimenti = RigaAltra;
+    return nuovo;
 }
 
-constexpr Gruppo GruppoDi(std::uint32_t tre) {
-    Gruppo gruppo;
-    for (std::size_t i = 0; i < std::size(Prove); ++i)
+constexpr Gruppi Raggruppa() {
+    Gruppi gruppi;
+    for (const Prova& prova : Prove)
         for (const char dietro : {' ', '\r'}) {
-            const Forma forma = FormaDi(Prove[i], dietro);
-            if (Tre(forma) != tre) continue;
-            if (Ultima(i))
-                gruppo.Altrimenti = Prove[i].Esito;
-            else
+            const Forma forma = FormaDi(prova, dietro);
+            Gruppo& gruppo = GruppoDi(gruppi, Tre(forma));
+            // A row of three letters that stands behind all others of its box takes what they leave.
+            if (prova.Inizio.size() == 3 && gruppo.Quante > 1)
+                gruppo.Altrimenti = prova.Esito;
+            else if (gruppo.Altrimenti == RigaAltra)
                 Aggiungi(gruppo, forma);
+            else
+                throw "a row behind the one that takes all others of its box";
         }
-    return gruppo;
+    return gruppi;
 }
+
+constexpr Gruppi Raggruppati = Raggruppa();
 
 // The first place at which two letters tell the forms of a box apart, and by the factor have each a
 // place of its own; 0 when there is none.
@@ -159,52 +170,51 @@ constexpr std::size_t DoveDiverse(const Gruppo& gruppo, std::uint32_t fattore) {
     return 0;
 }
 
-// Whether the factors keep everything apart; fills the boxes if so.
-constexpr bool Riempi(Schedario& s) {
-    s.TreLettere = TreLettere;
-    s.DueLettere = DueLettere;
-    s.Caselle.fill(Casella());
-    s.Confronti.fill(Confronto());
-    std::array<bool, 128> piena{};
-    unsigned char libero = 1;
-    for (const Prova& prova : Prove)
-        for (const char dietro : {' ', '\r'}) {
-            const std::uint32_t tre = Tre(FormaDi(prova, dietro));
-            Casella& casella = s.Caselle[s.Posto(tre)];
-            if (piena[s.Posto(tre)]) {
-                if (casella.Inizio != tre) return false;
-                continue;
-            }
-            piena[s.Posto(tre)] = true;
-            const Gruppo gruppo = GruppoDi(tre);
-            casella = {.Inizio = tre, .Da = libero, .Altrimenti = gruppo.Altrimenti};
-            if (gruppo.Quante > 1) {
-                casella.Posti = 7;
-                casella.Dove = static_cast<unsigned char>(DoveDiverse(gruppo, s.Fattori[1]));
-                if (casella.Dove == 0) return false;
-            }
-            libero = static_cast<unsigned char>(libero + casella.Posti + 1);
-            for (std::size_t i = 0; i < gruppo.Quante; ++i) {
-                const Forma& forma = gruppo.Forme[i];
-                Confronto& confronto = s.Confronti[s.Posto(casella, Due(forma, casella.Dove))];
-                confronto = {
-                    .Minima = forma.Minima, .Oltre = forma.Massima - forma.Minima, .Esito = forma.Esito};
-                for (const std::size_t meta : {0U, 1U}) {
-                    confronto.Maschera[meta] = Lettere<std::uint64_t>(forma, 8 * meta, true);
-                    confronto.Inizio[meta] = Lettere<std::uint64_t>(forma, 8 * meta, false);
-                }
-            }
-        }
+// Whether the first factor gives each box a place of its own, and the second each form in its box.
+constexpr bool TieneLontani(const Schedario& s) {
+    std::array<bool, 128> piene{};
+    for (std::size_t i = 0; i < Raggruppati.Quanti; ++i) {
+        bool& piena = piene[s.Posto(Raggruppati.Tutti[i].Inizio)];
+        if (piena) return false;
+        piena = true;
+    }
+    for (std::size_t i = 0; i < Raggruppati.Quanti; ++i)
+        if (Raggruppati.Tutti[i].Quante > 1 && DoveDiverse(Raggruppati.Tutti[i], s.Fattori[1]) == 0)
+            return false;
     return true;
 }
 
 constexpr Schedario Ordinato = [] {
-    for (std::uint32_t fattore = 0x9E3779B1U;; fattore += 0x01000193U * 2) {
-        Schedario s;
-        s.Fattori[0] = fattore;
-        s.Fattori[1] = fattore * 0x85EBCA6BU;
-        if (Riempi(s)) return s;
+    Schedario s;
+    s.TreLettere = TreLettere;
+    s.DueLettere = DueLettere;
+    s.Caselle.fill(Casella());
+    s.Confronti.fill(Confronto());
+    for (s.Fattori[0] = 0x9E3779B1U;; s.Fattori[0] += 2) {
+        s.Fattori[1] = s.Fattori[0] * 0x85EBCA6BU;
+        if (TieneLontani(s)) break;
     }
+    unsigned char libero = 1;
+    for (std::size_t i = 0; i < Raggruppati.Quanti; ++i) {
+        const Gruppo& gruppo = Raggruppati.Tutti[i];
+        Casella& casella = s.Caselle[s.Posto(gruppo.Inizio)];
+        casella = {.Inizio = gruppo.Inizio, .Da = libero, .Altrimenti = gruppo.Altrimenti};
+        if (gruppo.Quante > 1) {
+            casella.Posti = 7;
+            casella.Dove = static_cast<unsigned char>(DoveDiverse(gruppo, s.Fattori[1]));
+        }
+        libero = static_cast<unsigned char>(libero + casella.Posti + 1);
+        for (std::size_t j = 0; j < gruppo.Quante; ++j) {
+            const Forma& forma = gruppo.Forme[j];
+            Confronto& confronto = s.Confronti[s.Posto(casella, Due(forma, casella.Dove))];
+            confronto = {.Minima = forma.Minima, .Oltre = forma.Massima - forma.Minima, .Esito = forma.Esito};
+            for (const std::size_t meta : {0U, 1U}) {
+                confronto.Maschera[meta] = Lettere<std::uint64_t>(forma, 8 * meta, true);
+                confronto.Inizio[meta] = Lettere<std::uint64_t>(forma, 8 * meta, false);
+            }
+        }
+    }
+    return s;
 }();
 static_assert(Ordinato.Confronti[0].Minima > 255 && Ordinato.Caselle[0].Altrimenti == RigaAltra);
 // A shorter row would have to lie in many boxes, a longer one does not fit.

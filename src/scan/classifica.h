@@ -55,7 +55,7 @@ struct Casella {
     std::uint32_t Inizio = 0;      // the three letters
     unsigned char Dove = 0;        // where in the line the two letters stand
     unsigned char Da = 0;          // the box's first place,
-    unsigned char Posti = 0;       // and how many it has behind that one
+    unsigned char Posti = 0;       // and a mask: 0 where it has no other, 7 where it has eight
     Classe Altrimenti = RigaAltra; // of a line with these three letters that matches no row
 };
 struct Confronto {
@@ -114,7 +114,7 @@ inline Classe ClassificaRiga(Vista riga) noexcept {
     return ClassificaInMemoria(inizio, riga.size());
 }
 
-/// The two-digit block codes that the classes append to StoriaBlocchi; most have none.
+/// The two-digit block code of a class, "" for most.
 struct CodiceBlocco {
     char Cifre[3] = {};
     unsigned char Quante = 0; // 2 or 0
@@ -122,6 +122,7 @@ struct CodiceBlocco {
     operator Vista() const noexcept { return {Cifre, Quante}; }
 };
 extern const std::array<CodiceBlocco, NumeroClassi> CodiciBlocco;
+/// Appends the code of a class to StoriaBlocchi.
 inline void AnnotaBlocco(TestoLargo& storia, Classe classe) {
     const CodiceBlocco& codice = CodiciBlocco[classe];
     storia.AggiungiDue(codice.Cifre, codice.Quante);

@@ -38,7 +38,8 @@ class RigheSorgente {
     }
 
     /// Those of the next lines that are read already and lie in the memory of the channel, where Fetta bytes
-    /// from any place of theirs on can be looked at. `Salta` passes over the first of them.
+    /// from any place of theirs on can be looked at. They hold until Finita or Prossima reads on. `Salta`
+    /// passes over the first of them.
     std::span<const RigaSorgente> Pronte() const {
         return {righe_.data() + date_, inMemoria_ ? quante_ - date_ : 0};
     }

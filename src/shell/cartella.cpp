@@ -20,6 +20,7 @@ void SaltaSeFallisce(Stato& s, F&& statement) {
 
 void ScriviDir(Stato& s, Vista mdir) {
     const Testo marca = Testo(mdir) + "\\OK.LOG";
+    s.File.SganciaLavoro(); // an earlier run's
     // A plain file of the directory's name counts as the directory: none is made then, and the
     // engines meet it at their first output.
     if (s.File.Dir(mdir, 16).empty()) {

@@ -119,10 +119,14 @@ Testo Archivio::Aggancia(Gancio gancio, const std::string& percorso) {
 }
 
 void Archivio::AgganciaLavoro(Vista testo) {
-    Radice& lavoro = ganci_[static_cast<std::size_t>(Gancio::Lavoro)];
-    lavoro = {};
+    SganciaLavoro();
     std::string percorso = Trova(testo).Percorso;
-    lavoro = {Testo(testo), std::move(percorso)};
+    ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {Testo(testo), std::move(percorso)};
+    visto_.reset();
+}
+
+void Archivio::SganciaLavoro() {
+    ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {};
     visto_.reset();
 }
 

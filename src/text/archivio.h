@@ -59,6 +59,9 @@ class Archivio {
     Testo Aggancia(Gancio gancio, const std::string& percorso);
     /// Hooks the work directory by its text, spelled as the system builds it.
     void AgganciaLavoro(Vista testo);
+    /// Lets go of the work directory, whose text leads where it says again: it may be gone by now, or
+    /// be another.
+    void SganciaLavoro();
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
     /// output, deleting it or copying onto it raises 70. Replaces the list of before; paths

@@ -88,7 +88,8 @@ class Canali {
     /// made or touched.
     void OpenOutput(int n, Vista percorso);
     /// `Close #n` and `Open` of the same file for output as #n, at once: it is empty again, and what
-    /// had been printed and still waited for a block never goes to the disk. Raises 52 when the number is not
+    /// had been printed and still waited for a block never goes to the disk. Where that fails the file and
+    /// what waits stay. Raises 52 when the number is not
     /// open for output, 57 and the like when the file cannot be emptied.
     void Ricomincia(int n);
     /// `Close #n`; nothing when the number is not open. Raises 61 or 57 when the last bytes did
@@ -111,11 +112,11 @@ class Canali {
         return lunga < Fetta ? Vista(riga, lunga) : LineInputLento(c);
     }
 
-    /// `Line Input #n` and `Trim` of it for as many lines as lie ready in memory, `massimo` of them at
-    /// most, and for one where none does. Calls `prendi(riga, inMemoria)` for each and gives their number;
-    /// the lines hold until the next call for `n`. `inMemoria`: behind the trimmed line stands a blank or
-    /// a CR, and from its begin on Fetta bytes can be looked at. Raises 52 when the number is not open for
-    /// input, 62 at the end of the file.
+    /// `Line Input #n` and `Trim` of it for as many lines as lie ready in memory, `massimo` (from 1 on) of
+    /// them at most, and for one where none does. Calls `prendi(riga, inMemoria)` for each and gives their
+    /// number; the lines hold until the next call for `n`. `inMemoria`: behind the trimmed line stands a
+    /// blank or a CR, and from its begin on Fetta bytes can be looked at. Raises 52 when the number is not
+    /// open for input, 62 at the end of the file.
     template <class F>
     std::size_t LineInputTrim(int n, std::size_t massimo, F&& prendi) {
         Canale& c = Aperto(n, Modo::Lettura);
@@ -217,6 +218,8 @@ class Canali {
         std::memcpy(dove + riga.size(), "\r\n", 2);
         c.Fine += totale;
     }
+    /// The same for pieces in a row, of which the last has to end with the line end.
+    void PrintPezzi(int n, std::span<const Vista> pezzi) { PrintLungo(Aperto(n, Modo::Scrittura), pezzi); }
     /// The memory in which what is printed next to channel `n` waits, for who writes several lines there
     /// himself: `Stampato` then says how much, with all line ends. Up to `Fetta` bytes behind `Posto` may be
     /// written over. Nothing where the number is not open for output.
@@ -231,9 +234,6 @@ class Canali {
         return {c.Memoria.data() + c.Fine, Blocco - c.Fine};
     }
     void Stampato(int n, std::size_t quanti) { Aperto(n, Modo::Scrittura).Fine += quanti; }
-    /// The same for pieces in a row, of which the last has to be the line end.
-    void PrintPezzi(int n, std::span<const Vista> pezzi) { PrintLungo(Aperto(n, Modo::Scrittura), pezzi); }
-
     /// A lone LF ends a line too, when reading.
     bool FineRigaLf = false;
 

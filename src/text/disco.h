@@ -57,7 +57,8 @@ class FileAperto {
     virtual std::size_t Leggi(char* dove, std::size_t n) = 0;
     /// Writes all `n` bytes, or raises 61 or 57.
     virtual void Scrivi(const char* da, std::size_t n) = 0;
-    /// Empties the file, which is open for writing: what is written next is its begin.
+    /// Empties the file, which is open for writing: what is written next is its begin. Where it fails
+    /// the file stays as it is, and what is written next is its end.
     virtual void Svuota() = 0;
     virtual void Chiudi() = 0;
     /// What tells the file apart; nothing where the disk has to be asked by its path.

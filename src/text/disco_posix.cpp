@@ -72,7 +72,7 @@ class FilePosix : public FileAperto {
     }
 
     void Svuota() override {
-        if (::lseek(fd_, 0, SEEK_SET) != 0 || ::ftruncate(fd_, 0) != 0) Solleva();
+        if (::ftruncate(fd_, 0) != 0 || ::lseek(fd_, 0, SEEK_SET) != 0) Solleva();
     }
 
     void Chiudi() override {

@@ -143,7 +143,12 @@ class FileWindows : public FileAperto {
     }
 
     void Svuota() override {
-        if (!::SetFilePointerEx(file_, {}, nullptr, FILE_BEGIN) || !::SetEndOfFile(file_)) Solleva();
+        if (!::SetFilePointerEx(file_, {}, nullptr, FILE_BEGIN)) Solleva();
+        if (::SetEndOfFile(file_)) return;
+        const DWORD errore = ::GetLastError(); // another program has it in its memory, say
+        ::SetFilePointerEx(file_, {}, nullptr, FILE_END);
+        ::SetLastError(errore);
+        Solleva();
     }
 
     void Chiudi() override {

@@ -21,8 +21,8 @@ namespace morvella {
 using Testo = std::string;
 using Vista = std::string_view;
 
-/// A text of the engine's own that stands in front of every line: it can be copied in one
-/// stride, whatever its length, since so many bytes behind its end are there too.
+/// A text of the engine's own that goes with every line, in front of it or as its history: it can be
+/// copied in one stride, whatever its length, since so many bytes behind its end are there too.
 class TestoLargo {
   public:
     static constexpr std::size_t Passo = 32;

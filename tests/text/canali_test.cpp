@@ -272,12 +272,17 @@ TEST(Canali, Ricomincia) {
         b.Canale.Close(2);
         EXPECT_EQ(b.Disco.Leggi("/p/out"), "dopo\r\n");
     }
-    // A file that cannot be emptied.
+    // A file that cannot be emptied keeps all that was printed.
+    Testo tutte;
     b.Canale.OpenOutput(2, "\\p\\out");
-    for (std::size_t i = 0; i < 20000; ++i) b.Canale.Print(2, "prima del principio");
+    for (std::size_t i = 0; i < 40000; ++i) {
+        b.Canale.Print(2, CStr(static_cast<long long>(i)));
+        tutte += CStr(static_cast<long long>(i)) + "\r\n";
+    }
     b.Disco.Fallisci("Svuota", "out", 57, 1);
     EXPECT_EQ(NumeroDi([&] { b.Canale.Ricomincia(2); }), 57);
     b.Canale.Close(2);
+    EXPECT_EQ(b.Disco.Leggi("/p/out"), tutte);
 }
 
 TEST(Canali, DaStampare) {

@@ -5,12 +5,12 @@
 #   bench/run.sh --micro    Google Benchmarks; what follows goes to them (--benchmark_filter=...)
 # Set from outside: BUILD    build directory (otherwise that of the preset "release")
 #                   TMPDIR   where projects are generated (otherwise /dev/shm or /tmp); removed at the end
-#                   GIRI     runs of each kind, the best counts (7); three where growth is measured
+#                   GIRI     runs of each kind, the best counts (15); three where growth is measured
 set -eu
 LC_ALL=C
 export LC_ALL
 radice=$(cd "$(dirname "$0")/.." && pwd)
-giri=${GIRI:-7}
+giri=${GIRI:-15}
 giri_crescita=$((giri < 3 ? giri : 3))
 
 # Limits

@@ -40,8 +40,8 @@ TEST(Unita, Portatile) {
                     "610 26 0:60 / /run/user/1000 rw,nosuid shared:540 - tmpfs tmpfs rw,uid=1000\n"
                     "625 610 0:61 / /run/user/1000/gvfs rw shared:555 - fuse.gvfsd-fuse gvfsd-fuse rw\n"
                     "640 610 0:62 / /run/user/1000/doc rw shared:560 - fuse.portal portal rw\n"
-                    "655 28 8:17 / /media/anna/CHIAVE\\040USB rw,nosuid shared:570 - vfat /dev/sdb1 rw\n"),
-              "C: / | D: /home | E: /media/anna/CHIAVE USB");
+                    "655 28 8:17 / /media/utente/CHIAVE\\040USB rw,nosuid shared:570 - vfat /dev/sdb1 rw\n"),
+              "C: / | D: /home | E: /media/utente/CHIAVE USB");
 }
 
 TEST(Unita, Scatole) {
@@ -67,8 +67,8 @@ TEST(Unita, Contenitore) {
         "702 700 0:74 / /dev rw - tmpfs tmpfs rw,size=65536k\n"
         "705 700 8:1 /contenitori/12/resolv.conf /etc/resolv.conf rw - ext4 /dev/sda1 rw\n"
         "706 700 8:1 /contenitori/12/hosts /etc/hosts rw - ext4 /dev/sda1 rw\n"
-        "707 700 8:1 /home/anna/licenza.txt /licenza.txt rw - ext4 /dev/sda1 rw\n"
-        "708 700 8:1 /home/anna/progetti /lavoro rw - ext4 /dev/sda1 rw\n"
+        "707 700 8:1 /home/utente/licenza.txt /licenza.txt rw - ext4 /dev/sda1 rw\n"
+        "708 700 8:1 /home/utente/progetti /lavoro rw - ext4 /dev/sda1 rw\n"
         "709 700 0:80 / /segreti ro - tmpfs tmpfs ro\n"
         "710 700 0:81 / /mnt/memoria rw - tmpfs tmpfs rw\n";
     std::vector<std::string> chiesti;
@@ -82,7 +82,7 @@ TEST(Unita, Rete) {
         Unite("29 1 8:2 / / rw - ext4 /dev/sda2 rw\n"
               "50 29 0:50 /progetti /lavoro rw,relatime shared:9 - nfs4 server:/progetti rw,vers=4.2\n"
               "51 29 0:51 / /srv/ufficio rw - cifs //nas/ufficio rw,vers=3.1.1\n"
-              "52 29 0:52 / /home/anna/remoto rw - fuse.sshfs anna@server: rw,user_id=1000\n"
+              "52 29 0:52 / /home/utente/remoto rw - fuse.sshfs utente@server: rw,user_id=1000\n"
               "53 29 0:53 / /host rw - 9p cartella rw,trans=virtio\n"
               "54 29 0:54 / /mnt/nas rw - autofs systemd-1 rw,fd=42\n"
               "55 54 0:55 / /mnt/nas rw - nfs server:/nas rw,vers=3\n"
@@ -90,7 +90,7 @@ TEST(Unita, Rete) {
               "57 29 0:57 / /usr/lib/host rw - 9p librerie rw\n"
               "58 29 0:58 / /mnt/c rw,noatime - 9p C:\\134 rw,aname=drvfs\n",
               {}, &chiesti),
-        "C: / | D: /home/anna/remoto | E: /host | F: /lavoro | G: /mnt/c | H: /mnt/nas | I: /srv/ufficio");
+        "C: / | D: /home/utente/remoto | E: /host | F: /lavoro | G: /mnt/c | H: /mnt/nas | I: /srv/ufficio");
     EXPECT_TRUE(chiesti.empty()); // a server that has gone is not waited for
 }
 
@@ -118,7 +118,7 @@ TEST(Unita, Luoghi) {
         {"2 1 8:9 / /bootleg rw - ext4 /dev/sda9 rw", "C: / | D: /bootleg"}, // whole names
         {"2 1 8:9 / /efi rw - vfat /dev/sda9 rw", "C: /"},
         {"2 1 8:9 / /run/dischi rw - ext4 /dev/sda9 rw", "C: /"},
-        {"2 1 8:9 / /run/media/anna/x rw - ext4 /dev/sda9 rw", "C: / | D: /run/media/anna/x"},
+        {"2 1 8:9 / /run/media/utente/x rw - ext4 /dev/sda9 rw", "C: / | D: /run/media/utente/x"},
         {"2 1 0:9 / /run/media rw - tmpfs tmpfs rw", "C: /"},
         {"2 1 0:9 / /media rw - tmpfs tmpfs rw", "C: /"}, // holds volumes, is none
         {"2 1 8:9 / /mnt rw - ext4 /dev/sda9 rw", "C: / | D: /mnt"},
@@ -165,7 +165,7 @@ TEST(Unita, LettereFinoAZ) {
 
 TEST(Unita, UnitaDi) {
     const std::vector<Unita> posix = {
-        {"C:", "/", "/"}, {"D:", "/home", ""}, {"E:", "/home/anna/remoto", ""}, {"F:", "/mnt/a b", ""}};
+        {"C:", "/", "/"}, {"D:", "/home", ""}, {"E:", "/home/utente/remoto", ""}, {"F:", "/mnt/a b", ""}};
     struct Caso {
         const char* Percorso;
         const char* Lettera;
@@ -175,11 +175,11 @@ TEST(Unita, UnitaDi) {
         {"/etc", "C:"},
         {"/home", "D:"},
         {"/home/", "D:"},
-        {"/home/anna", "D:"},
-        {"/homer/anna", "C:"}, // whole names
+        {"/home/utente", "D:"},
+        {"/homer/utente", "C:"}, // whole names
         {"/Home", "C:"},
-        {"/home/anna/remoto/x/y", "E:"}, // the longest
-        {"/home/anna/remoto2", "D:"},
+        {"/home/utente/remoto/x/y", "E:"}, // the longest
+        {"/home/utente/remoto2", "D:"},
         {"/mnt/a b/c", "F:"},
         {"/mnt/a", "C:"},
         {"", ""},

@@ -14,13 +14,13 @@ namespace {
 using prove::DiscoFinto;
 
 const std::string Programma = "/usr/libexec/morvella";
-const std::string Sua = "/home/anna/.local/share/morvella";
+const std::string Sua = "/home/utente/.local/share/morvella";
 const std::vector<std::string> Figure = {"p2.gif",  "Dario.gif", "BLULETHR.GIF", "home.GIF",
                                          "A01.jpg", "A02.jpg",   "A03.jpg"};
 
 // An installation below "/usr", which this user can only read, and a home of his.
 struct Banco {
-    DiscoFinto Disco{"/home/anna"};
+    DiscoFinto Disco{"/home/utente"};
 
     Banco() {
         for (const std::string& nome : Figure) Disco.Metti(Programma + "/" + nome, "installed " + nome);
@@ -42,7 +42,7 @@ TEST(Dimora, DoveSiPuoScrivereEQuellaDelProgramma) {
     const Dimora dimora = b.Trova();
     EXPECT_EQ(dimora.Directory, Programma);
     EXPECT_FALSE(dimora.Utente);
-    EXPECT_FALSE(b.Disco.Esiste("/home/anna/.local"));
+    EXPECT_FALSE(b.Disco.Esiste("/home/utente/.local"));
     EXPECT_EQ(b.Disco.TuttiIFile(), prima); // no trace of having tried
 }
 
@@ -101,7 +101,7 @@ TEST(Dimora, SenzaUnaDirectorySuaRestaQuellaDelProgramma) {
     EXPECT_EQ(b.Trova("").Directory, Programma);
     b.Disco.SolaLettura = {"/usr", "/home"}; // neither can be written
     EXPECT_EQ(b.Trova().Directory, Programma);
-    EXPECT_FALSE(b.Disco.Esiste("/home/anna/.local"));
+    EXPECT_FALSE(b.Disco.Esiste("/home/utente/.local"));
     for (const char* operazione : {"CreaDirectory", "Elenca"}) {
         Banco senza;
         senza.Disco.Fallisci(operazione, "/morvella", ErrAccesso);
@@ -110,9 +110,9 @@ TEST(Dimora, SenzaUnaDirectorySuaRestaQuellaDelProgramma) {
         EXPECT_FALSE(dimora.Utente);
     }
     Banco file; // a plain file stands in the way
-    file.Disco.Metti("/home/anna/.local", "x");
+    file.Disco.Metti("/home/utente/.local", "x");
     EXPECT_EQ(file.Trova().Directory, Programma);
-    EXPECT_EQ(file.Disco.Leggi("/home/anna/.local"), "x");
+    EXPECT_EQ(file.Disco.Leggi("/home/utente/.local"), "x");
 }
 
 TEST(Dimora, UnaSuaChePiuNonSiScriveServePurcheSiaIntera) {
@@ -147,7 +147,7 @@ TEST(Dimora, UnAltroAvvioCheLaFaIntantoNonDisturba) {
             DiscoFinto::CreaDirectory(percorso);
             throw Errore(ErrAccesso);
         }
-    } disco{"/home/anna"};
+    } disco{"/home/utente"};
     disco.Metti(Programma + "/p2.gif", "x");
     disco.SolaLettura = {"/usr"};
     EXPECT_EQ(TrovaDimora(disco, Programma, Sua).Directory, Sua);

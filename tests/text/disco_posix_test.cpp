@@ -565,11 +565,11 @@ TEST_F(DiscoPosix, DirectoryUtente) {
     const struct {
         const char *Dati, *Casa, *Attesa;
     } casi[] = {
-        {nullptr, "/home/anna", "/home/anna/.local/share/morvella"},
-        {"", "/home/anna", "/home/anna/.local/share/morvella"},
-        {"/dati", "/home/anna", "/dati/morvella"},
+        {nullptr, "/home/utente", "/home/utente/.local/share/morvella"},
+        {"", "/home/utente", "/home/utente/.local/share/morvella"},
+        {"/dati", "/home/utente", "/dati/morvella"},
         {"/dati/", nullptr, "/dati/morvella"},
-        {"dati", "/home/anna", "/home/anna/.local/share/morvella"}, // not a whole path
+        {"dati", "/home/utente", "/home/utente/.local/share/morvella"}, // not a whole path
         {nullptr, "/", "/.local/share/morvella"},
         {nullptr, nullptr, ""},
         {"dati", "", ""},

@@ -43,7 +43,7 @@ std::vector<Testo> NomiScritti(Stato& s, const Testo& riga, Uscite uscite) {
 bool FiniRigaLf(Stato& s, Vista percorso) {
     try {
         const auto file = s.File.ApriLettura(s.File.Trova(percorso), percorso);
-        std::vector<char> blocco(16 * 1024);
+        std::vector<char> blocco(std::size_t{16} * 1024);
         const std::size_t letti = file->Leggi(blocco.data(), blocco.size());
         std::size_t soli = 0;
         std::size_t cr = 0;

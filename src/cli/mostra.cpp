@@ -53,7 +53,7 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
                     if (*colore) testo += "\x1b[0m";
                 }
                 testo += '\n';
-                if (testo.size() < 32 * 1024) continue;
+                if (testo.size() < std::size_t{32} * 1024) continue;
                 if (!scrivi(testo)) return stato; // the reader has seen enough
                 testo.clear();
             }

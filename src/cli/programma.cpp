@@ -450,9 +450,9 @@ int Corsa::Eventi() {
         const bool selezione = evento.rfind(Seleziona, 0) == 0 &&
                                evento.find_first_not_of("0123456789,", 10) == std::string::npos;
         if (nota || selezione) continue;
-        std::string noti;
-        for (const Operazione& o : Operazioni) noti += std::string(o.Nome) + ", ";
-        throw UsoErrato{"evento sconosciuto: " + evento + "; ci sono " + noti + "seleziona=0,2,5"};
+        std::string detto = "evento sconosciuto: " + evento + "; ci sono ";
+        for (const Operazione& o : Operazioni) detto.append(o.Nome).append(", ");
+        throw UsoErrato{detto + "seleziona=0,2,5"};
     }
     for (const std::string& evento : r_.Resto) {
         if (evento.rfind(Seleziona, 0) == 0) {

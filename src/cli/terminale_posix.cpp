@@ -38,6 +38,7 @@ class Conversione {
     ~Conversione() {
         if (Nota()) ::iconv_close(tavola_);
     }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     bool Nota() const { return tavola_ != reinterpret_cast<iconv_t>(-1); }
     // What has no like comes as "?"; `mancano` says whether there was any.
     std::string Di(std::string utf8, bool& mancano) {
@@ -112,7 +113,7 @@ std::string InCodifica(const std::string& utf8, const char* codifica) {
     Conversione esatta(codifica);
     Conversione simile(std::string(codifica) + "//TRANSLIT");
     if (!esatta.Nota() || !simile.Nota()) return utf8;
-    const std::string testo = esatta.Di(utf8, mancano);
+    std::string testo = esatta.Di(utf8, mancano);
     if (!mancano) return testo;
     esatta.Di("║", mancano);
     return simile.Di(mancano ? SenzaConnettori(utf8) : utf8, mancano);

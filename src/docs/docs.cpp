@@ -93,7 +93,7 @@ void RaccogliMostrati(Stato& s) {
 
 // A directory that holds no plain file counts as missing, and MkDir then fails: meant.
 Testo PreparaDirectory(Stato& s) {
-    const Testo directory = s.Dir1Path + "\\Appoggio";
+    Testo directory = s.Dir1Path + "\\Appoggio";
     s.File.SganciaLavoro(); // an earlier run's
     if (s.File.Dir(directory + "\\*.*", 0).empty()) {
         s.File.ChDir(s.Dir1Path);
@@ -134,7 +134,8 @@ void mnuHTML_Click(Stato& s) {
         s.TotaleRighe = 0;
         const Testo pagina = Testo(BaseDiRiga(voce)) + ".Html";
         const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
-        s.FileUscita = radice ? dirPagine + pagina : dirPagine + "\\" + pagina;
+        s.FileUscita = dirPagine;
+        s.FileUscita.append(radice ? "" : "\\").append(pagina);
         if (!s.File.Dir(s.FileUscita, 0).empty()) s.File.Kill(s.FileUscita);
         s.FileSorgente = s.Dir1Path + "\\" + voce;
         // The place in the whole list, from 0, over the number selected: "9/3" can be.

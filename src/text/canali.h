@@ -73,10 +73,10 @@ class Canali {
     /// File numbers go from 1 to this; the system uses 1, 2 and 7.
     static constexpr int NumeroMassimo = 7;
     /// Bytes in a block that is written.
-    static constexpr std::size_t Blocco = 128 * 1024;
+    static constexpr std::size_t Blocco = std::size_t{128} * 1024;
     /// Bytes in a block that is read: most modules are one block, and it is kept from the first
     /// pass over a module to the second. Only a line that is longer makes a buffer grow.
-    static constexpr std::size_t BloccoLetto = 256 * 1024;
+    static constexpr std::size_t BloccoLetto = std::size_t{256} * 1024;
 
     explicit Canali(Archivio& archivio) : archivio_(archivio) {}
 

@@ -220,7 +220,7 @@ class DiscoPosix : public Disco {
         FilePosix sorgente(fd);
         FilePosix destinazione(Apri(a, O_WRONLY | O_CREAT | O_TRUNC));
         if (!destinazione.CopiaDentro(sorgente)) {
-            std::string blocco(128 * 1024, '\0');
+            std::string blocco(std::size_t{128} * 1024, '\0');
             while (const std::size_t letti = sorgente.Leggi(blocco.data(), blocco.size()))
                 destinazione.Scrivi(blocco.data(), letti);
         }
@@ -317,9 +317,9 @@ class DiscoPosix : public Disco {
         const char* dove = std::getenv("PATH");
         std::istringstream directory(dove ? dove : "/usr/local/bin:/usr/bin:/bin");
         for (std::string questa; std::getline(directory, questa, ':');) {
-            const std::string file = questa + '/' + programma;
-            // Not in the current directory, which is the project's.
-            if (questa.starts_with('/') && eseguibile(file)) return file;
+            if (!questa.starts_with('/')) continue; // not in the current directory, which is the project's
+            questa.append("/").append(programma);
+            if (eseguibile(questa)) return questa;
         }
         return "";
     }

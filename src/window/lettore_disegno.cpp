@@ -218,7 +218,7 @@ void Griglia::Riga(QPainter& penna, qreal x, qreal y, Vista riga, const std::vec
     QColor coloreCorsa;
     const Carattere* carattereCorsa = nullptr;
     const auto scrivi = [&] {
-        if (glifi.isEmpty()) return;
+        if (glifi.isEmpty() || !carattereCorsa) return;
         QGlyphRun corsa;
         corsa.setRawFont(carattereCorsa->Font);
         corsa.setGlyphIndexes(glifi);

@@ -88,9 +88,9 @@ class Canali {
     /// made or touched.
     void OpenOutput(int n, Vista percorso);
     /// `Close #n` and `Open` of the same file for output as #n, at once: it is empty again, and what
-    /// had been printed and still waited for a block never goes to the disk. Where that fails the file and
-    /// what waits stay. Raises 52 when the number is not
-    /// open for output, 57 and the like when the file cannot be emptied.
+    /// had been printed and still waited for a block never goes to the disk. Where that fails the
+    /// file and what waits stay. Raises 52 when the number is not open for output, 57 and the like
+    /// when the file cannot be emptied.
     void Ricomincia(int n);
     /// `Close #n`; nothing when the number is not open. Raises 61 or 57 when the last bytes did
     /// not reach the file; it is closed all the same. A failure already raised is not repeated.

@@ -22,6 +22,22 @@ std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) 
     return altre;
 }
 
+// The directory that an earlier run worked in may be gone by the next, and be made anew as it is told.
+TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
+    Banco b;
+    b.Riga("A.bas", "x\n");
+    b.Disco.Metti("/p/appoggio/x", "");
+    ASSERT_EQ(b.Documenta(), 0);
+    ASSERT_TRUE(b.C("/p/appoggio/A.Html"));
+    for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
+        if (percorso.starts_with("/p/appoggio/")) b.Disco.Cancella(percorso);
+    b.Disco.Cancella("/p/appoggio");
+    ASSERT_FALSE(b.C("/p/appoggio"));
+    EXPECT_EQ(b.Documenta(), 0);
+    EXPECT_TRUE(b.C("/p/Appoggio/A.Html") && b.C("/p/Appoggio/OK.LOG"));
+    EXPECT_FALSE(b.C("/p/appoggio"));
+}
+
 TEST(Corsa, OrdineDelleIstruzioni) {
     Banco b;
     b.Riga("A.bas", "x\n");

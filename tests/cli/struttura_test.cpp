@@ -281,15 +281,15 @@ TEST(Controlla, ApertoNellaSezioneDeiControlli) {
 TEST(Controlla, LfSoli) {
     Banco b;
     b.Riga("F.frm",
-           "VERSION\r\nAttribute VB_Exposed = False\r\n'a\n'b\n'c\r\nSub a()\r\n'd\n'e\r\nIf x Then y\r\n"
+           "VERSION\r\nAttribute VB_Exposed = False\r\n'a\n'b\n'c\r\nSub a()\r\n'd\n'e\r\nIf x Then y\n'f\r\n"
            "End Sub\r\n#End If\r\n");
     EXPECT_EQ(b.Esegui({"struttura", "--controlla", "p/Prova.vbp"}), 4);
     const auto rilievi = b.Rilievi();
     ASSERT_EQ(rilievi.size(), 2U);
-    EXPECT_EQ(rilievi[0], "p/F.frm:10: la procedura «Sub a()» (riga 6) finisce con un blocco aperto: riga 9 "
-                          "«If x Then y» (riga 5 della struttura)");
-    EXPECT_TRUE(rilievi[1].starts_with("p/F.frm:11: «#End If» ")) << rilievi[1];
-    EXPECT_NE(b.Errori.str().find("(p/F.frm:11)"), std::string::npos) << b.Errori.str();
+    EXPECT_EQ(rilievi[0], "p/F.frm:11: la procedura «Sub a()» (riga 6) finisce con un blocco aperto: riga 9 "
+                          "«If x Then y␊'f» (riga 5 della struttura)");
+    EXPECT_TRUE(rilievi[1].starts_with("p/F.frm:12: «#End If» ")) << rilievi[1];
+    EXPECT_NE(b.Errori.str().find("(p/F.frm:12)"), std::string::npos) << b.Errori.str();
 }
 
 // Every block is named, however many stand open.

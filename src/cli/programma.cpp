@@ -338,6 +338,11 @@ int Corsa::MostraOpzioni() {
     if (cambia) {
         // As in the window: the control is set, and stored when it loses the focus.
         SpuntaOpzioni();
+        const Lungo tronca = RigaCheTronca(s_.Text1);
+        if (tronca > 0)
+            finestra_.Di("Avviso: la riga " + std::to_string(tronca) +
+                         " del testo dell'intestazione è soltanto OK o KO: chi rilegge il file delle opzioni "
+                         "ferma lì il testo, e prende la riga per «Senza chiedere conferma».");
         if (!Fai("Opzione_LostFocus", Opzione_LostFocus)) return Fermato;
         // What is stored is what a next start finds: a line "OK" ends the text, blank lines go.
         if (!Fai("CaricaOpzioni", CaricaOpzioni)) return Fermato;

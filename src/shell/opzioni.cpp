@@ -30,6 +30,8 @@ bool Acceso(Vista riga) { return riga == "OK"; }
 
 Vista Sigla(bool acceso) { return acceso ? "OK" : "KO"; }
 
+bool FinisceIlTesto(Vista riga) { return riga == "OK" || riga == "KO"; }
+
 } // namespace
 
 Testo PercorsoOpzioni(const Stato& s) { return s.AppPath + "\\Default.ini"; }
@@ -45,13 +47,22 @@ void CaricaOpzioni(Stato& s) {
     s.TestoIntestazione.clear();
     s.Text1.clear();
     Vista riga = flusso.ReadLine();
-    for (; riga != "OK" && riga != "KO"; riga = flusso.ReadLine()) {
+    for (; !FinisceIlTesto(riga); riga = flusso.ReadLine()) {
         if (Trim(riga).empty()) continue;
         s.Text1.append(riga).append("\r\n"); // as read, not trimmed
         s.TestoIntestazione = s.Text1;
     }
     s.OpzSenzaConferma = Acceso(riga);
     s.Check2 = s.OpzSenzaConferma ? 1 : 0;
+}
+
+Lungo RigaCheTronca(Vista testo) {
+    for (Lungo numero = 1;; ++numero) {
+        const std::size_t fine = testo.find("\r\n");
+        if (FinisceIlTesto(testo.substr(0, fine))) return numero;
+        if (fine == Vista::npos) return 0;
+        testo.remove_prefix(fine + 2);
+    }
 }
 
 void SalvaOpzioni(Stato& s) {

@@ -25,6 +25,10 @@ void OpzioniDefault(Stato& s);
 /// Writes the file from the controls and sets Module1's fields. Raises as OpzioniDefault.
 void SalvaOpzioni(Stato& s);
 
+/// The first line of a header text, counted from 1, that a loading would take for the end of it and
+/// for the state of Check2; 0 when there is none.
+Lungo RigaCheTronca(Vista testo);
+
 /// The option step of the window's first appearance: loads the file, or writes the default one.
 void Form_Resize(Stato& s);
 /// "Ripristina Default".

@@ -742,6 +742,23 @@ TEST(Opzioni, Mostrate) {
     EXPECT_TRUE(b.Scrive("Procedure:   sì"));
 }
 
+// A line of the text that reads OK is stored, ends the text when read and turns "Senza conferma" on:
+// so it is told.
+TEST(Opzioni, TestoCheSiTronca) {
+    Banco tronco;
+    tronco.Disco.Metti("/casa/t.txt", "'uno\n\nOK\n'due\n");
+    EXPECT_EQ(tronco.Esegui({"opzioni", "--testo-intestazione=t.txt"}), 0);
+    EXPECT_EQ(tronco.Disco.Leggi(Ini), "KO\r\nKO\r\n'uno\r\n\r\nOK\r\n'due\r\n\r\nKO\r\n");
+    EXPECT_TRUE(
+        tronco.Scrive("Senza chiedere conferma:  sì\nTesto dell'intestazione:  \n'uno\n")); // as a next start
+    EXPECT_TRUE(tronco.Dice("la riga 3 del testo dell'intestazione è soltanto OK o KO"))
+        << tronco.Errori.str();
+    Banco b;
+    b.Disco.Metti("/casa/t.txt", "'uno OK\n");
+    EXPECT_EQ(b.Esegui({"opzioni", "--testo-intestazione=t.txt"}), 0);
+    EXPECT_FALSE(b.Dice("Avviso"));
+}
+
 TEST(Opzioni, Uso) {
     for (const std::vector<std::string>& argomenti : {std::vector<std::string>{"opzioni", "p/Prova.vbp"},
                                                       {"opzioni", "--togli-commenti=forse"},

@@ -276,6 +276,26 @@ TEST(CaricaOpzioni, Errori) {
 }
 
 // Reader and writer are not each other's reverse.
+TEST(Opzioni, RigaCheTronca) {
+    const std::pair<Vista, Lungo> casi[] = {
+        {"", 0},
+        {"OK", 1},
+        {"KO", 1},
+        {"OK\r\n", 1},
+        {"'a\r\nKO\r\nOK\r\n", 2},
+        {"'a\r\nOK", 2},
+        {"\r\n\r\nOK\r\n", 3},
+        {"ok\r\nko\r\n", 0},
+        {"'OK\r\n OK\r\n", 0},
+        {"OK \r\n", 0},
+        {"OKKO\r\n", 0},
+        {"'a\nOK\nb\r\n", 0},
+        {"'a\rOK\r\n", 0},
+    };
+    for (const auto& [testo, riga] : casi)
+        EXPECT_EQ(RigaCheTronca(testo), riga) << testing::PrintToString(testo);
+}
+
 TEST(Opzioni, SalvateERilette) {
     struct Caso {
         Testo Prima, Dopo;

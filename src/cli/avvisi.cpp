@@ -38,6 +38,11 @@ std::vector<Testo> NomiScritti(Stato& s, const Testo& riga, Uscite uscite) {
     return nomi;
 }
 
+void AvvisaLf(Stato& s, Vista nome, std::vector<std::string>& avvisi) {
+    if (!s.Canale.FineRigaLf && FiniRigaLf(s, s.Dir1Path + "\\" + Testo(nome)))
+        avvisi.push_back(Tra(nome) + RimedioLf);
+}
+
 } // namespace
 
 bool FiniRigaLf(Stato& s, Vista percorso) {
@@ -57,13 +62,16 @@ bool FiniRigaLf(Stato& s, Vista percorso) {
     }
 }
 
+std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& righe) {
+    std::vector<std::string> avvisi;
+    AvvisaLf(s, s.File1Leggi.Scelto(), avvisi);
+    for (const Lungo i : righe) AvvisaLf(s, s.File1.List(i), avvisi);
+    return avvisi;
+}
+
 std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite) {
     std::vector<std::string> avvisi;
-    const auto lf = [&](Vista nome) {
-        if (!s.Canale.FineRigaLf && FiniRigaLf(s, s.Dir1Path + "\\" + Testo(nome)))
-            avvisi.push_back(Tra(nome) + RimedioLf);
-    };
-    lf(s.File1Leggi.Scelto());
+    AvvisaLf(s, s.File1Leggi.Scelto(), avvisi);
     if (uscite == Uscite::Nessuna) return avvisi;
 
     const std::string lavoro = s.File.Trova(s.Dir1Path + "\\Appoggio").Percorso + "/";
@@ -75,7 +83,7 @@ std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscit
                 avvisi.push_back(Tra(riga) + " manca: il progetto lo nomina, ma il file non c'è.");
                 continue;
             }
-            lf(riga);
+            AvvisaLf(s, riga, avvisi);
             if (Len(riga) < 4) continue;
             bool detto = false;
             for (const Testo& nome : NomiScritti(s, riga, uscite)) {

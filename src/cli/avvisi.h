@@ -19,6 +19,10 @@ bool FiniRigaLf(Stato& s, Vista percorso);
 /// Which outputs a command writes for its rows.
 enum class Uscite { Nessuna, Testi, Strutture, Pagine };
 
+/// The sentences of Avvisi about LF line ends alone: such a file is read as one line, so nothing in it
+/// was examined.
+std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& righe);
+
 /// UTF-8 sentences about the chosen project file and, for the given rows, about missing
 /// files, LF line ends, outputs beside the work directory and outputs of two rows in one file.
 std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite);

@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "cli/opzioni.h"
 #include "listing/decodifica.h"
 
 namespace morvella::cli {
@@ -17,12 +18,6 @@ std::string TestoDiBox(const Stato& s, Vista testo) {
     std::string utf8 = s.File.Utf8DiTesto(testo);
     std::replace(utf8.begin(), utf8.end(), '\r', '\n');
     return utf8;
-}
-
-bool DiceSi(std::string risposta) {
-    while (!risposta.empty() && (risposta.back() == '\r' || risposta.back() == ' ')) risposta.pop_back();
-    return risposta == "s" || risposta == "S" || risposta == "si" || risposta == "Si" || risposta == "SI" ||
-           risposta == "s\xC3\xAC" || risposta == "S\xC3\xAC"; // sì
 }
 
 } // namespace

@@ -24,6 +24,20 @@ const char* Colore(Tratto::Genere che) {
     return "";
 }
 
+// Whether a listing came out of a version control system with its line ends changed: none is written
+// without a CR LF in its first lines.
+bool SoloLf(Ambiente& ambiente, const std::string& file) {
+    const auto aperto = ambiente.Macchina.ApriLettura(file);
+    std::string blocco(std::size_t{64} * 1024, '\0');
+    blocco.resize(aperto->Leggi(blocco.data(), blocco.size()));
+    return blocco.find('\n') != std::string::npos && blocco.find("\r\n") == std::string::npos;
+}
+
+const char* Consiglio(const Errore& e) {
+    return e.Numero == ErrAccesso ? "Controllare i permessi, e che non sia una directory."
+                                  : "Le strutture stanno in Appoggio, nella directory del progetto.";
+}
+
 } // namespace
 
 int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
@@ -43,7 +57,9 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
     std::string testo;
     for (const std::string& file : richiesta.Resto) {
         try {
-            canali.OpenInput(1, Archivio::TestoDiPercorso(ambiente.Macchina.Assoluto(file)));
+            const std::string percorso = ambiente.Macchina.Assoluto(file);
+            canali.FineRigaLf = SoloLf(ambiente, percorso);
+            canali.OpenInput(1, Archivio::TestoDiPercorso(percorso));
             if (richiesta.Resto.size() > 1) testo += "==> " + file + " <==\n";
             while (!canali.Eof(1)) {
                 DecodificaRiga(canali.LineInput(1), tratti);
@@ -61,7 +77,7 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
         } catch (const Errore& e) {
             ambiente.Errori << ambiente.Codifica("morvella-cli: " + file + ": errore " +
                                                  std::to_string(e.Numero) + ", " +
-                                                 Utf8Da1252(Descrizione(e.Numero)))
+                                                 Utf8Da1252(Descrizione(e.Numero)) + "\n  " + Consiglio(e))
                             << '\n';
             canali.Close(1);
             stato = Fermato;

@@ -9,11 +9,8 @@ namespace morvella::cli {
 
 namespace {
 
-bool SiNo(const std::string& valore) {
-    if (valore.empty() || valore == "si" || valore == "s\xC3\xAC") return true;
-    if (valore == "no") return false;
-    throw UsoErrato{"il valore può essere si o no, non «" + valore + "»"};
-}
+// A value of "[si|no]", or none: that is a yes.
+bool SiNo(const std::string& valore) { return valore.empty() || DiceSi(valore); }
 
 // clang-format off
 constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Documenta;
@@ -21,16 +18,26 @@ constexpr unsigned DiProgetto = Lavorano | Legge | Elenca | Eventi;
 constexpr unsigned Tutti = ~0U;
 
 constexpr Comando TabellaComandi[] = {
-    {Esegue,    "esegui",    "PROGETTO.vbp",           "Chiede, poi riscrive i moduli e la struttura."},
-    {Riordina,  "riordina",  "PROGETTO.vbp [RIGA...]", "Riscrive i moduli indicati, o tutti."},
-    {Struttura, "struttura", "PROGETTO.vbp [RIGA...]", "Scrive la struttura dei moduli, o di tutti."},
-    {Legge,     "leggi",     "PROGETTO.vbp [RIGA...]", "Apre le strutture in un lettore."},
-    {MostraQui, "mostra",    "FILE.log...",            "Mostra qui una struttura, coi connettori."},
-    {Documenta, "documenta", "PROGETTO.vbp [RIGA...]", "Scrive le pagine HTML e il loro indice."},
-    {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto."},
-    {Eventi,    "eventi",    "PROGETTO.vbp EVENTO...", "Operazioni della finestra (per script)."},
-    {Conserva,  "opzioni",   "",                       "Mostra le opzioni conservate, o le cambia."},
-    {Guida,     "guida",     "",                       "Apre la pagina di aiuto nel browser."},
+    {Esegue,    "esegui",    "PROGETTO.vbp",           "Chiede, poi riscrive i moduli e la struttura.",
+     "--si --togli-commenti Magazzino/Magazzino.vbp"},
+    {Riordina,  "riordina",  "PROGETTO.vbp [RIGA...]", "Riscrive i moduli indicati, o tutti.",
+     "Magazzino/Magazzino.vbp frmArticoli.frm"},
+    {Struttura, "struttura", "PROGETTO.vbp [RIGA...]", "Scrive la struttura dei moduli, o di tutti.",
+     "--controlla Magazzino/Magazzino.vbp"},
+    {Legge,     "leggi",     "PROGETTO.vbp [RIGA...]", "Apre le strutture in un lettore.",
+     "Magazzino/Magazzino.vbp frmArticoli.frm"},
+    {MostraQui, "mostra",    "FILE.log...",            "Mostra qui una struttura, coi connettori.",
+     "Magazzino/Appoggio/modGenerale.log"},
+    {Documenta, "documenta", "PROGETTO.vbp [RIGA...]", "Scrive le pagine HTML e il loro indice.",
+     "--apri Magazzino/Magazzino.vbp"},
+    {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto.",
+     "Magazzino/Magazzino.vbp"},
+    {Eventi,    "eventi",    "PROGETTO.vbp EVENTO...", "Operazioni della finestra (per script).",
+     "Magazzino/Magazzino.vbp File1Leggi_Click"},
+    {Conserva,  "opzioni",   "",                       "Mostra le opzioni conservate, o le cambia.",
+     "--togli-commenti=no"},
+    {Guida,     "guida",     "",                       "Apre la pagina di aiuto nel browser.",
+     "--senza-processi"},
 };
 
 constexpr Opzione TabellaOpzioni[] = {
@@ -81,6 +88,20 @@ constexpr Opzione TabellaOpzioni[] = {
 };
 // clang-format on
 
+std::string Minuscolo(std::string testo) {
+    for (char& c : testo)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    return testo;
+}
+
+// Whether `parola`, blanks around it aside, is one of `fra`, in any case of its ASCII letters.
+bool Una(const std::string& parola, std::initializer_list<const char*> fra) {
+    const std::size_t da = parola.find_first_not_of(" \t\r");
+    if (da == std::string::npos) return false;
+    const std::string sola = Minuscolo(parola.substr(da, parola.find_last_not_of(" \t\r") - da + 1));
+    return std::find(fra.begin(), fra.end(), sola) != fra.end();
+}
+
 const Opzione& Trova(const std::string& scritta, bool lunga) {
     for (const Opzione& opzione : TabellaOpzioni)
         if (lunga ? scritta == opzione.Lunga : scritta[0] == opzione.Corta) return opzione;
@@ -101,6 +122,12 @@ std::string Riempito(std::string testo, std::size_t colonne) {
 
 } // namespace
 
+bool DiceSi(const std::string& parola) {
+    return Una(parola, {"s", "si", "s\xC3\xAC", "s\xC3\x8C"}); // sì, sÌ
+}
+
+bool DiceNo(const std::string& parola) { return Una(parola, {"n", "no"}); }
+
 std::span<const Comando> Comandi() { return TabellaComandi; }
 std::span<const Opzione> Opzioni() { return TabellaOpzioni; }
 
@@ -120,6 +147,9 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         }
         if (opzione.Argomento && valore && valore->empty())
             throw UsoErrato{"il valore dell'opzione " + scritta + " è vuoto"};
+        if (valore && opzione.Argomento[0] == '[' && !DiceSi(*valore) && !DiceNo(*valore))
+            throw UsoErrato{"il valore dell'opzione " + scritta + " può essere si o no, non «" + *valore +
+                            "»"};
         opzione.Applica(richiesta, valore.value_or(""));
         usate.push_back(&opzione);
     };
@@ -140,9 +170,10 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
                 const Opzione& opzione = Trova(a.substr(c, 1), false);
                 const bool vuole = opzione.Argomento && opzione.Argomento[0] != '[';
                 const bool attaccato = vuole && c + 1 < a.size();
+                const bool uguale = opzione.Argomento && !vuole && c + 1 < a.size() && a[c + 1] == '=';
                 applica(opzione, a.substr(0, 1) + a[c],
-                        attaccato ? std::optional(a.substr(c + 1)) : std::nullopt);
-                if (vuole) break;
+                        attaccato || uguale ? std::optional(a.substr(c + (uguale ? 2 : 1))) : std::nullopt);
+                if (vuole || uguale) break;
             }
         }
     }
@@ -173,10 +204,14 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
     richiesta.Progetto = liberi[1];
     richiesta.Resto.assign(liberi.begin() + 2, liberi.end());
-    if (!richiesta.Resto.empty() && (richiesta.Comando == "esegui" || richiesta.Comando == "elenca"))
-        throw UsoErrato{
-            "il comando " + richiesta.Comando +
-            " vale per tutto il progetto; per alcune righe: morvella-cli riordina PROGETTO.vbp RIGA..."};
+    const std::string progetto = Minuscolo(richiesta.Progetto);
+    if (progetto.size() < 4 || progetto.compare(progetto.size() - 4, 4, ".vbp") != 0)
+        throw UsoErrato{"«" + richiesta.Progetto + "» non è un file di progetto: ci vuole un PROGETTO.vbp"};
+    if (!richiesta.Resto.empty() && comando->Chi == Elenca)
+        throw UsoErrato{"il comando elenca non vuole altro: " + richiesta.Resto[0]};
+    if (!richiesta.Resto.empty() && comando->Chi == Esegue)
+        throw UsoErrato{"il comando esegui vale per tutto un progetto; per alcune righe: morvella-cli "
+                        "riordina PROGETTO.vbp RIGA..."};
     if (richiesta.Resto.empty() && richiesta.Comando == "eventi")
         throw UsoErrato{"manca l'evento, per esempio: morvella-cli eventi PROGETTO.vbp File1Leggi_Click"};
     return richiesta;
@@ -185,6 +220,7 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
 std::string TestoAiuto(const std::string& comando) {
     std::string testo;
     unsigned chi = 0;
+    const Comando* di = TabellaComandi; // whose example it is
     if (comando.empty()) {
         testo = "morvella-cli COMANDO [OPZIONI] ...\n"
                 "Riscrive in Appoggio il codice di un progetto Visual Basic 5 o 6 e ne scrive la\n"
@@ -196,6 +232,7 @@ std::string TestoAiuto(const std::string& comando) {
     for (const Comando& c : TabellaComandi) {
         if (comando != c.Nome) continue;
         chi = c.Chi;
+        di = &c;
         testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Righe + "\n" + c.Aiuto + "\n\n";
     }
     for (const Opzione& o : TabellaOpzioni) {
@@ -207,9 +244,7 @@ std::string TestoAiuto(const std::string& comando) {
         testo += "  " + Riempito(nome, 38) + o.Aiuto + "\n";
     }
     testo += "\nUscita: 0 fatto, 1 fermato da un errore, 2 uso errato, 3 risposto No, 4 rilievi.\n";
-    return testo + (chi == MostraQui
-                        ? "Esempio: morvella-cli mostra Magazzino/Appoggio/modGenerale.log\n"
-                        : "Esempio: morvella-cli esegui --si --togli-commenti Magazzino/Magazzino.vbp\n");
+    return testo + "Esempio: morvella-cli " + di->Nome + " " + di->Esempio + "\n";
 }
 
 } // namespace morvella::cli

@@ -65,6 +65,7 @@ struct Comando {
     const char* Nome;
     const char* Righe; // what may follow the project, for the help text
     const char* Aiuto;
+    const char* Esempio; // what follows the name in one
 };
 
 struct Opzione {
@@ -75,6 +76,10 @@ struct Opzione {
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);
 };
+
+/// Whether a word of the user's is a yes or a no, in any case and with blanks around it.
+bool DiceSi(const std::string& parola);
+bool DiceNo(const std::string& parola);
 
 std::span<const Comando> Comandi();
 std::span<const Opzione> Opzioni();

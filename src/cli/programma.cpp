@@ -117,10 +117,9 @@ std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
             return "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
                    "#End If)." +
                    prosegui;
-        return diRiga ? "La riga del progetto è più corta di 4 caratteri, o la data del file è mezzanotte "
-                        "esatta." +
-                            prosegui
-                      : "";
+        if (!diRiga) return "";
+        return std::string("La riga del progetto è più corta di 4 caratteri") +
+               (e.Motore == "mnuHTML_Click" ? ", o la data del file è mezzanotte esatta." : ".") + prosegui;
     case ErrFileAssente: {
         if (e.Motore == "mnuLettura_Click" && come.FileAssente)
             return "La struttura non c'è e non si è potuta scrivere: «struttura» dice perché.";
@@ -140,7 +139,7 @@ std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
         if (e.Motore == "mnuHTML_Click" && e.Causa.File == "Appoggio" && come.Appoggio)
             return "La directory Appoggio c'è ma non contiene file: toglierla, o usare prima riordina.";
         if (e.Causa.File == "Appoggio") return SenzaAppoggio;
-        return "Controllare i permessi, e che al posto del file non ci sia una directory.";
+        return "Controllare i permessi, e che al posto del file non ci sia una directory." + prosegui;
     case ErrPercorso:
         if (!come.Appoggio) return SenzaAppoggio;
         if (come.CartellaFattibile)
@@ -177,7 +176,7 @@ class Corsa {
     void ScegliRighe();
     void ScegliProgramma();
     bool CaricaIni();
-    Testo LeggiIntestazione();
+    Testo LeggiIntestazione(bool avvisa);
     void SpuntaOpzioni();
     int MostraOpzioni();
     void Documenta();
@@ -194,8 +193,10 @@ class Corsa {
     void RaccontaErrori();
     bool PuoProseguire() const { return !r_.Prosegui && r_.Comando != "leggi" && r_.Comando != "eventi"; }
     bool StrutturaVuota(const Prodotto& prodotto);
+    void AvvisaVuote();
+    void AvvisaSenzaRighe(const char* conseguenza);
     void RifiutaRapporto() const;
-    void ScriviRapporto();
+    bool ScriviRapporto();
     void Riga(const std::string& utf8);
     std::string Nativo(Vista percorso);
     std::string Breve(Vista percorso);
@@ -260,7 +261,10 @@ void Corsa::Riga(const std::string& utf8) {
 
 void Corsa::ScegliProgramma() {
     if (!r_.Programma.empty()) {
-        s_.AppPath = s_.File.Aggancia(Gancio::Programma, ambiente_.Macchina.Assoluto(r_.Programma));
+        const std::string directory = ambiente_.Macchina.Assoluto(r_.Programma);
+        if (!r_.Silenzioso && ambiente_.Macchina.Esamina(directory).Tipo != TipoVoce::Directory)
+            finestra_.Di("Avviso: --programma: la directory «" + r_.Programma + "» non c'è.");
+        s_.AppPath = s_.File.Aggancia(Gancio::Programma, directory);
         return;
     }
     const Dimora dimora =
@@ -291,7 +295,9 @@ bool Corsa::CaricaIni() {
     return Fai("CaricaOpzioni", CaricaOpzioni);
 }
 
-Testo Corsa::LeggiIntestazione() {
+// What --testo-intestazione names, as the text box would hold it. The file is in UTF-8 or, where it
+// is no UTF-8, in Windows-1252.
+Testo Corsa::LeggiIntestazione(bool avvisa) {
     std::string testo;
     try {
         const auto file = ambiente_.Macchina.ApriLettura(r_.TestoIntestazione);
@@ -303,7 +309,12 @@ Testo Corsa::LeggiIntestazione() {
     }
     // The text box holds Windows-1252 and ends its lines in CR LF, wherever the text was written.
     if (testo.compare(0, 3, "\xEF\xBB\xBF") == 0) testo.erase(0, 3);
-    testo = DaArgomento(testo);
+    if (const auto bytes = Bytes1252DaUtf8ConPunti(testo)) {
+        if (avvisa && !Bytes1252DaUtf8(testo))
+            finestra_.Di("Avviso: " + r_.TestoIntestazione +
+                         " ha caratteri che Windows-1252 non ha: al loro posto si scrive «?».");
+        testo = *bytes;
+    }
     Testo casella;
     for (std::size_t i = 0; i < testo.size(); ++i) {
         if (testo[i] == '\n' && (i == 0 || testo[i - 1] != '\r')) casella += '\r';
@@ -319,7 +330,7 @@ void Corsa::SpuntaOpzioni() {
     if (r_.SenzaConferma) s_.Check2 = *r_.SenzaConferma ? 1 : 0;
     // Who says No on the command line has nothing run, whatever is stored.
     if (!r_.SenzaConferma && r_.Risposta == false) s_.OpzSenzaConferma = false;
-    if (!r_.TestoIntestazione.empty()) s_.Text1 = LeggiIntestazione();
+    if (!r_.TestoIntestazione.empty()) s_.Text1 = LeggiIntestazione(!r_.Silenzioso);
     if (r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty())
         RaccogliOpzioni(s_);
     if (r_.IntestazioneProcedure.value_or(false) && s_.Text1.empty() && !r_.Silenzioso)
@@ -332,7 +343,7 @@ int Corsa::MostraOpzioni() {
     const bool cambia =
         r_.TogliCommenti || r_.IntestazioneProcedure || r_.SenzaConferma || !r_.TestoIntestazione.empty();
     const bool esiste = !s_.File.Dir(PercorsoOpzioni(s_), 0).empty();
-    if (!r_.TestoIntestazione.empty()) LeggiIntestazione(); // wrong usage before anything changes
+    if (!r_.TestoIntestazione.empty()) LeggiIntestazione(false); // wrong usage before anything changes
     if (r_.Ripristina && !Fai("Command2_Click", Command2_Click)) return Fermato;
     if (!r_.Ripristina && (esiste || cambia) && !Fai("Form_Resize", Form_Resize)) return Fermato;
     if (cambia) {
@@ -529,6 +540,23 @@ bool Corsa::StrutturaVuota(const Prodotto& prodotto) {
     });
 }
 
+// Without a form before it in the run, a module whose head does not end is listed from nowhere on.
+void Corsa::AvvisaVuote() {
+    for (const Prodotto& prodotto : finestra_.Prodotti)
+        if (prodotto.Righe > 0 && StrutturaVuota(prodotto))
+            finestra_.Di("Avviso: la struttura di «" + Utf8Da1252(prodotto.Riga) +
+                         "» è vuota: nessun form viene prima" +
+                         (r_.Prosegui && !finestra_.Avvenuto.Errori.empty()
+                              ? " nella corsa, che dietro un errore ricomincia"
+                              : "") +
+                         ", e la testata del modulo non finisce mai.");
+}
+
+void Corsa::AvvisaSenzaRighe(const char* conseguenza) {
+    if (s_.File1.ListCount() == 0)
+        finestra_.Di(std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") + conseguenza);
+}
+
 // One line a module with what was written, warnings, totals and time.
 void Corsa::Racconta(int stato) {
     finestra_.TogliProgresso();
@@ -551,24 +579,26 @@ void Corsa::Racconta(int stato) {
                               : r_.Comando == "documenta" ? Uscite::Pagine
                               : lavorate_.empty()         ? Uscite::Nessuna
                                                           : Uscite::Testi;
-        for (const Prodotto& prodotto : finestra_.Prodotti)
-            if (prodotto.Righe > 0 && StrutturaVuota(prodotto))
-                finestra_.Di("Avviso: la struttura di «" + Utf8Da1252(prodotto.Riga) +
-                             "» è vuota: nessun form viene prima, e la testata del modulo non finisce mai.");
+        AvvisaVuote();
         for (const std::string& nota : note_) finestra_.Di("Avviso: " + nota);
         for (const std::string& avviso : Avvisi(s_, lavorate_, uscite)) finestra_.Di("Avviso: " + avviso);
         const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - inizio_;
         const auto moduli = static_cast<Lungo>(finestra_.Prodotti.size());
         const bool motore = r_.Comando != "elenca" && r_.Comando != "leggi";
         const bool pagine = r_.Comando == "documenta" || r_.Html;
-        if (motore && s_.File1.ListCount() == 0 && r_.Comando != "eventi" && stato != RispostoNo &&
-            (pagine || finestra_.Avvenuto.Errori.empty()))
-            finestra_.Di(
-                std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") +
-                (pagine ? "senza righe l'indice va nella radice del disco." : "non c'è niente da scrivere."));
+        if (r_.Comando != "eventi" && stato != RispostoNo && (pagine || finestra_.Avvenuto.Errori.empty()))
+            AvvisaSenzaRighe(pagine   ? "senza righe l'indice va nella radice del disco."
+                             : motore ? "non c'è niente da scrivere."
+                                      : "non c'è niente da mostrare.");
         if (moduli > 0 || (motore && finestra_.Avvenuto.Errori.empty() && stato != RispostoNo))
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
+    } else if (r_.Controlla) {
+        // Silence about findings is a promise: what nobody examined is told.
+        AvvisaVuote();
+        for (const std::string& avviso : AvvisiLf(s_, lavorate_)) finestra_.Di("Avviso: " + avviso);
+        if (stato != RispostoNo && finestra_.Avvenuto.Errori.empty())
+            AvvisaSenzaRighe("non c'è niente da controllare.");
     }
     if (r_.Controlla) {
         std::optional<LineeDiEditor> linee;
@@ -593,19 +623,26 @@ void Corsa::RifiutaRapporto() const {
             throw UsoErrato{"--rapporto: " + r_.Rapporto + " è un file di un progetto e non si sovrascrive"};
 }
 
-void Corsa::ScriviRapporto() {
-    if (r_.Rapporto.empty()) return;
+// False, with the reason told, when the report could not be written: the run itself is done.
+bool Corsa::ScriviRapporto() {
+    if (r_.Rapporto.empty()) return true;
     const std::string json = Json(s_, finestra_.Avvenuto);
     if (r_.Rapporto == "-") {
         ambiente_.Uscita << json;
-        return;
+        return true;
     }
     try {
         const auto file = ambiente_.Macchina.ApriScrittura(r_.Rapporto);
         file->Scrivi(json.data(), json.size());
         file->Chiudi();
+        return true;
     } catch (const Errore& e) {
-        throw Errore(e.Numero == ErrFileAssente ? ErrPercorso : e.Numero, "--rapporto " + r_.Rapporto);
+        const int numero = e.Numero == ErrFileAssente ? ErrPercorso : e.Numero;
+        finestra_.Di("morvella-cli: errore " + std::to_string(numero) + ", " +
+                     Utf8Da1252(Descrizione(numero)) + " (--rapporto " + r_.Rapporto +
+                     ")\n  Il resto è fatto, il rapporto no: controllare che la sua directory ci sia e vi "
+                     "si possa scrivere.");
+        return false;
     }
 }
 
@@ -665,7 +702,10 @@ void Corsa::SuRighe() {
     } else if (r_.Comando == "documenta") {
         Documenta();
     } else {
-        Fai("mnuLettura_Click", mnuLettura_Click);
+        // Without a structure the reading writes all of them, which leaves no row to open.
+        if (Fai("mnuLettura_Click", mnuLettura_Click) && !finestra_.Prodotti.empty())
+            note_.push_back("una struttura mancava: sono state scritte ora, e quelle che mancano ancora non "
+                            "si sono aperte. Ripetere il comando, o usare «morvella-cli mostra».");
     }
 }
 
@@ -711,8 +751,7 @@ int Corsa::Esegui() {
     if (!finestra_.Avvenuto.Errori.empty()) stato = Fermato;
     if (r_.Controlla && !finestra_.Trovato.Rilievi().empty()) stato = Trovato;
     Racconta(stato);
-    ScriviRapporto();
-    return stato;
+    return ScriviRapporto() || stato != Fatto ? stato : Fermato;
 }
 
 int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente) {

@@ -51,6 +51,27 @@ bool PrendiPunto(std::string_view& resto, unsigned& punto) {
     return true;
 }
 
+// With `punti` a character that Windows-1252 does not have becomes a "?"; without, there is no text.
+std::optional<std::string> In1252(std::string_view utf8, bool punti) {
+    if (SoloAscii(utf8)) return std::string(utf8);
+    std::string bytes;
+    bytes.reserve(utf8.size());
+    while (!utf8.empty()) {
+        unsigned punto = 0;
+        if (!PrendiPunto(utf8, punto)) return std::nullopt;
+        const auto* alto = std::find(Alti.begin(), Alti.end(), punto);
+        if (alto != Alti.end())
+            bytes += static_cast<char>(128 + (alto - Alti.begin()));
+        else if (punto < 0x80 || (punto >= 0xA0 && punto < 0x100))
+            bytes += static_cast<char>(punto);
+        else if (punti)
+            bytes += '?';
+        else
+            return std::nullopt;
+    }
+    return bytes;
+}
+
 } // namespace
 
 std::string Utf8Da1252(std::string_view bytes) {
@@ -64,23 +85,9 @@ std::string Utf8Da1252(std::string_view bytes) {
     return uscita;
 }
 
-std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8) {
-    if (SoloAscii(utf8)) return std::string(utf8);
-    std::string bytes;
-    bytes.reserve(utf8.size());
-    while (!utf8.empty()) {
-        unsigned punto = 0;
-        if (!PrendiPunto(utf8, punto)) return std::nullopt;
-        const auto* alto = std::find(Alti.begin(), Alti.end(), punto);
-        if (alto != Alti.end())
-            bytes += static_cast<char>(128 + (alto - Alti.begin()));
-        else if (punto < 0x80 || (punto >= 0xA0 && punto < 0x100))
-            bytes += static_cast<char>(punto);
-        else
-            return std::nullopt;
-    }
-    return bytes;
-}
+std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8) { return In1252(utf8, false); }
+
+std::optional<std::string> Bytes1252DaUtf8ConPunti(std::string_view utf8) { return In1252(utf8, true); }
 
 bool SoloAscii(std::string_view bytes) noexcept {
     std::size_t i = 0;

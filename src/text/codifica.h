@@ -19,6 +19,10 @@ std::string Utf8Da1252(std::string_view bytes);
 /// character that Windows-1252 does not have.
 std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8);
 
+/// The same with a "?" for each character that Windows-1252 does not have; nothing when `utf8` is not
+/// well-formed.
+std::optional<std::string> Bytes1252DaUtf8ConPunti(std::string_view utf8);
+
 /// Whether every byte is below 128.
 bool SoloAscii(std::string_view bytes) noexcept;
 

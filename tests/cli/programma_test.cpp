@@ -121,6 +121,45 @@ TEST(Uso, OpzioniInOgniForma) {
     EXPECT_EQ(r.Resto, std::vector<std::string>{"-a.bas"});
     EXPECT_EQ(Analizza({"elenca", "-rf", "p.vbp"}).Rapporto, "f"); // a value may stick to its letter
     EXPECT_EQ(Analizza({"elenca", "-r", "-", "p.vbp"}).Rapporto, "-");
+    for (const char* no : {"-t=no", "-qt=NO", "--togli-commenti=No"})
+        EXPECT_EQ(Analizza({"riordina", no, "p.vbp"}).TogliCommenti, false) << no;
+    for (const char* si : {"-t", "-tq", "-t=si", "-qt=SI", "--togli-commenti=Sì", "--togli-commenti=SÌ"})
+        EXPECT_EQ(Analizza({"riordina", si, "P.VBP"}).TogliCommenti, true) << si;
+}
+
+TEST(Uso, DiceCheCosaCiVuole) {
+    const std::pair<std::vector<std::string>, const char*> casi[] = {
+        {{"riordina", "--togli-commenti=forse", "p/Prova.vbp"},
+         "il valore dell'opzione --togli-commenti può essere si o no, non «forse»"},
+        {{"riordina", "-t=forse", "p/Prova.vbp"},
+         "il valore dell'opzione -t può essere si o no, non «forse»"},
+        {{"riordina", "-t=", "p/Prova.vbp"}, "il valore dell'opzione -t è vuoto"},
+        {{"riordina", "p/C.frm"}, "«p/C.frm» non è un file di progetto: ci vuole un PROGETTO.vbp"},
+        {{"esegui", "p"}, "«p» non è un file di progetto"},
+        {{"elenca", "p/Prova.vbp", "A.bas"}, "il comando elenca non vuole altro: A.bas"},
+        {{"esegui", "p/Prova.vbp", "A.bas"}, "per alcune righe: morvella-cli riordina PROGETTO.vbp RIGA..."},
+    };
+    for (const auto& [argomenti, detto] : casi) {
+        Banco b;
+        EXPECT_EQ(b.Esegui(argomenti), 2) << detto;
+        EXPECT_TRUE(b.C(detto)) << b.Errori.str();
+        EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
+    }
+}
+
+TEST(Uso, ProgrammaCheNonCE) {
+    Banco b;
+    EXPECT_EQ(b.Esegui({"elenca", "-p", "manca", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.C("Avviso: --programma: la directory «manca» non c'è.")) << b.Errori.str();
+    EXPECT_EQ(b.Esegui({"elenca", "-p", "p", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(b.Errori.str(), "");
+}
+
+TEST(Elenca, SenzaRighe) {
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+    EXPECT_EQ(b.Esegui({"elenca", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(b.C("non ha righe Form=, Module= o Class=: non c'è niente da mostrare.")) << b.Errori.str();
 }
 
 TEST(Elenca, RigheInOrdineSenzaScrivere) {
@@ -154,8 +193,9 @@ TEST(Esegui, SiScriveTutto) {
 }
 
 TEST(Esegui, DomandaSulTerminale) {
-    const std::pair<const char*, int> risposte[] = {{"s\n", 0}, {"S\r\n", 0}, {"sì\n", 0}, {"si\n", 0},
-                                                    {"n\n", 3}, {"\n", 3},    {"", 3},     {"sa\n", 3}};
+    const std::pair<const char*, int> risposte[] = {{"s\n", 0},  {"S\r\n", 0}, {"sì\n", 0}, {"si\n", 0},
+                                                    {"SÌ\n", 0}, {" s \n", 0}, {"n\n", 3},  {"\n", 3},
+                                                    {"", 3},     {"sa\n", 3}};
     for (const auto& [detto, stato] : risposte) {
         Banco b;
         b.Terminale = true;
@@ -214,6 +254,24 @@ TEST(Opzioni, TestoIn1252RestaComE) {
     EXPECT_NE(b.Scritto("c.txt").find("False\r\n'Perch\xE9 s\xEC\r\n"), std::string::npos);
 }
 
+// Text that is UTF-8 stays text: a character that Windows-1252 does not have becomes "?".
+TEST(Opzioni, TestoConAltriAlfabeti) {
+    Banco b;
+    b.Disco.Metti("/casa/programma/home.GIF", "");
+    b.Disco.Metti("/casa/t.txt", "'* Società è 日\n");
+    EXPECT_EQ(b.Esegui({"riordina", "-i", "--testo-intestazione=t.txt", "p/Prova.vbp"}), 0);
+    EXPECT_NE(b.Scritto("c.txt").find("'* Societ\xE0 \xE8 ?\r\n"), std::string::npos) << b.Scritto("c.txt");
+    EXPECT_TRUE(b.C("t.txt ha caratteri che Windows-1252 non ha: al loro posto si scrive «?»."))
+        << b.Errori.str();
+    EXPECT_EQ(b.Esegui({"opzioni", "--testo-intestazione=t.txt"}), 0);
+    const std::string detto = b.Errori.str();
+    EXPECT_EQ(detto.find("Avviso"), detto.rfind("Avviso")); // once
+    b.Disco.Metti("/casa/t.txt", "'* Societ\xE0 €\n");      // no UTF-8: as it is
+    EXPECT_EQ(b.Esegui({"riordina", "-i", "--testo-intestazione=t.txt", "p/Prova.vbp"}), 0);
+    EXPECT_NE(b.Scritto("c.txt").find("'* Societ\xE0 \xE2\x82\xAC\r\n"), std::string::npos);
+    EXPECT_FALSE(b.C("Windows-1252"));
+}
+
 TEST(Opzioni, IntestazioneSenzaTestoAvvisa) {
     Banco b;
     EXPECT_EQ(b.Esegui({"riordina", "-i", "p/Prova.vbp"}), 0);
@@ -232,6 +290,17 @@ TEST(Errori, FileMancanteFermaESiDice) {
     EXPECT_TRUE(b.Fatto("a.txt"));
     EXPECT_FALSE(b.Fatto("a.bas")); // the second stage never ran
     EXPECT_FALSE(b.Fatto("z.txt"));
+}
+
+TEST(Errori, SorgenteCheNonSiLegge) {
+    Banco b;
+    b.Disco.Fallisci("ApriLettura", "B.bas", ErrAccesso);
+    EXPECT_EQ(b.Esegui({"riordina", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.C("alla riga «B.bas»: errore 75") &&
+                b.C("una directory. Con --prosegui si passa alla riga seguente."))
+        << b.Errori.str();
+    EXPECT_EQ(b.Esegui({"riordina", "-k", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Fatto("c.frm") && !b.C("--prosegui"));
 }
 
 TEST(Errori, ProseguiCompletaIlResto) {

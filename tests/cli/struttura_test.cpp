@@ -483,6 +483,27 @@ TEST(Mostra, LasciareIlPager) {
     EXPECT_EQ(b.Pager.Chiusi, 1);
 }
 
+// As a version control system may give it back.
+TEST(Mostra, SoloLf) {
+    Banco b;
+    b.Disco.Metti("/casa/x.log", "000001        x\n000002        y\n");
+    EXPECT_EQ(b.Esegui({"mostra", "x.log"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "000001        x\n000002        y\n");
+    // A lone LF inside a line stays in it where lines end as they were written.
+    b.Disco.Metti("/casa/x.log", "000001        x\ny\nz\r\n");
+    EXPECT_EQ(b.Esegui({"mostra", "x.log"}), 0);
+    EXPECT_EQ(b.Uscita.str(), "000001        x␊y␊z\n");
+}
+
+TEST(Mostra, Consigli) {
+    Banco b;
+    b.Disco.Metti("/casa/d/x", "");
+    EXPECT_EQ(b.Esegui({"mostra", "manca.log", "d"}), 1);
+    EXPECT_TRUE(b.Avvertito("manca.log: errore 53") && b.Avvertito("\n  Le strutture stanno in Appoggio"));
+    EXPECT_TRUE(b.Avvertito("d: errore 75") && b.Avvertito("\n  Controllare i permessi, e che non sia una"))
+        << b.Errori.str();
+}
+
 TEST(Leggi, UnLettorePerStruttura) {
     Banco b;
     b.Riga("A.frm", Form({"x"}));
@@ -506,8 +527,10 @@ TEST(Leggi, StrutturaMancante) {
     EXPECT_EQ(b.Esegui({"leggi", "p/Prova.vbp"}), 0);
     EXPECT_TRUE(b.Fatto("A.log"));
     EXPECT_TRUE(b.Disco.Avviati.empty());
+    EXPECT_TRUE(b.Avvertito("Avviso: una struttura mancava")) << b.Errori.str();
     EXPECT_EQ(b.Esegui({"leggi", "p/Prova.vbp"}), 0);
     EXPECT_EQ(b.Disco.Avviati.size(), 1U);
+    EXPECT_FALSE(b.Avvertito("Avviso"));
 }
 
 TEST(Leggi, SenzaLettore) {
@@ -550,6 +573,58 @@ TEST(Eventi, LetturaSenzaProcessi) {
     EXPECT_TRUE(b.Detto("Notepad.exe \\\\casa\\\\p\\\\Appoggio\\\\B.Log"));
     EXPECT_TRUE(b.Detto("\"flag\": 64, \"titolo\": \"Lettura Ottimizzata\", \"risposta\": 1"));
     EXPECT_TRUE(b.Disco.Avviati.empty());
+}
+
+// Silence about findings says that all was examined: where it was not, that is told in spite of -q.
+TEST(Controlla, InSilenzioDiceCheCosaNonHaVisto) {
+    Banco senza;
+    senza.Riga("A.bas", "Attribute VB_Name = \"A\"\r\nSub a()\r\nDo\r\nEnd Sub\r\n");
+    EXPECT_EQ(senza.Esegui({"struttura", "--controlla", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(senza.Avvertito("Avviso: la struttura di «A.bas» è vuota")) << senza.Errori.str();
+    EXPECT_EQ(senza.Esegui({"struttura", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(senza.Errori.str(), "");
+
+    Banco lf;
+    lf.Riga("A.frm", "VERSION 5.00\nAttribute VB_Exposed = False\nSub a()\nDo\nEnd Sub\n");
+    EXPECT_EQ(lf.Esegui({"struttura", "--controlla", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(lf.Avvertito("Avviso: «A.frm» ha fine riga LF")) << lf.Errori.str();
+    EXPECT_FALSE(lf.Avvertito("«Prova.vbp»"));
+    EXPECT_EQ(lf.Esegui({"struttura", "--controlla", "-q", "--lf", "p/Prova.vbp"}), 4);
+    EXPECT_EQ(lf.Errori.str(), "");
+
+    Banco vuoto;
+    vuoto.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+    EXPECT_EQ(vuoto.Esegui({"esegui", "-s", "--controlla", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_TRUE(vuoto.Avvertito("non ha righe Form=, Module= o Class=: non c'è niente da controllare."));
+
+    Banco bene;
+    bene.Riga("A.frm", Form({"Sub a()", "End Sub"}));
+    EXPECT_EQ(bene.Esegui({"struttura", "--controlla", "-q", "p/Prova.vbp"}), 0);
+    EXPECT_EQ(bene.Errori.str() + bene.Uscita.str(), "");
+}
+
+// A report that cannot be written does not hide that something was found.
+TEST(Controlla, ConUnRapportoImpossibile) {
+    Banco b;
+    b.Riga("A.frm", Form({"Sub a()", "Do", "End Sub"}));
+    EXPECT_EQ(b.Esegui({"struttura", "--controlla", "-r", "nessuna/r.json", "p/Prova.vbp"}), 4);
+    EXPECT_EQ(b.Rilievi().size(), 1U);
+    EXPECT_TRUE(b.Avvertito("errore 76, ") && b.Avvertito("(--rapporto /casa/nessuna/r.json)") &&
+                b.Avvertito("Il resto è fatto, il rapporto no"))
+        << b.Errori.str();
+    EXPECT_EQ(b.Esegui({"struttura", "-r", "nessuna/r.json", "p/Prova.vbp"}), 1);
+}
+
+// The second run of --prosegui has no form before its modules any more.
+TEST(Prosegui, LaCorsaRicomincia) {
+    Banco b;
+    b.Riga("A.frm", Form({"x"}));
+    b.Riga("B.frm", Form({"Sub b()", "End Sub", "#End If", "x"}));
+    b.Riga("D.bas", "Attribute VB_Name = \"D\"\r\n");
+    EXPECT_EQ(b.Esegui({"struttura", "-k", "p/Prova.vbp"}), 1);
+    EXPECT_TRUE(b.Avvertito("«D.bas» è vuota: nessun form viene prima nella corsa, che dietro un errore "
+                            "ricomincia, e la testata"))
+        << b.Errori.str();
 }
 
 TEST(Eventi, ConControlla) {

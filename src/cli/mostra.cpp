@@ -33,9 +33,13 @@ bool SoloLf(Ambiente& ambiente, const std::string& file) {
     return blocco.find('\n') != std::string::npos && blocco.find("\r\n") == std::string::npos;
 }
 
-const char* Consiglio(const Errore& e) {
-    return e.Numero == ErrAccesso ? "Controllare i permessi, e che non sia una directory."
-                                  : "Le strutture stanno in Appoggio, nella directory del progetto.";
+const char* Consiglio(int numero) {
+    switch (numero) {
+    case ErrFileAssente:
+    case ErrPercorso: return "\n  Le strutture stanno in Appoggio, nella directory del progetto.";
+    case ErrAccesso: return "\n  Controllare i permessi, e che non sia una directory.";
+    default: return "";
+    }
 }
 
 } // namespace
@@ -77,7 +81,7 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
         } catch (const Errore& e) {
             ambiente.Errori << ambiente.Codifica("morvella-cli: " + file + ": errore " +
                                                  std::to_string(e.Numero) + ", " +
-                                                 Utf8Da1252(Descrizione(e.Numero)) + "\n  " + Consiglio(e))
+                                                 Utf8Da1252(Descrizione(e.Numero)) + Consiglio(e.Numero))
                             << '\n';
             canali.Close(1);
             stato = Fermato;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "text/codifica.h"
+#include "text/testo.h"
 
 namespace morvella::cli {
 
@@ -88,18 +89,10 @@ constexpr Opzione TabellaOpzioni[] = {
 };
 // clang-format on
 
-std::string Minuscolo(std::string testo) {
-    for (char& c : testo)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    return testo;
-}
-
-// Whether `parola`, blanks around it aside, is one of `fra`, in any case of its ASCII letters.
-bool Una(const std::string& parola, std::initializer_list<const char*> fra) {
-    const std::size_t da = parola.find_first_not_of(" \t\r");
-    if (da == std::string::npos) return false;
-    const std::string sola = Minuscolo(parola.substr(da, parola.find_last_not_of(" \t\r") - da + 1));
-    return std::find(fra.begin(), fra.end(), sola) != fra.end();
+// A word as it is compared: without blanks around it and in lower case, accents too.
+Testo Piegata(std::string parola) {
+    std::erase(parola, '\r');
+    return LCase(Trim(Bytes1252DaUtf8(parola).value_or(parola)));
 }
 
 const Opzione& Trova(const std::string& scritta, bool lunga) {
@@ -123,10 +116,14 @@ std::string Riempito(std::string testo, std::size_t colonne) {
 } // namespace
 
 bool DiceSi(const std::string& parola) {
-    return Una(parola, {"s", "si", "s\xC3\xAC", "s\xC3\x8C"}); // sì, sÌ
+    const Testo detta = Piegata(parola);
+    return detta == "s" || detta == "si" || detta == "s\xEC"; // sì
 }
 
-bool DiceNo(const std::string& parola) { return Una(parola, {"n", "no"}); }
+bool DiceNo(const std::string& parola) {
+    const Testo detta = Piegata(parola);
+    return detta == "n" || detta == "no";
+}
 
 std::span<const Comando> Comandi() { return TabellaComandi; }
 std::span<const Opzione> Opzioni() { return TabellaOpzioni; }
@@ -169,11 +166,11 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
             for (std::size_t c = 1; c < a.size(); ++c) {
                 const Opzione& opzione = Trova(a.substr(c, 1), false);
                 const bool vuole = opzione.Argomento && opzione.Argomento[0] != '[';
-                const bool attaccato = vuole && c + 1 < a.size();
-                const bool uguale = opzione.Argomento && !vuole && c + 1 < a.size() && a[c + 1] == '=';
-                applica(opzione, a.substr(0, 1) + a[c],
-                        attaccato || uguale ? std::optional(a.substr(c + (uguale ? 2 : 1))) : std::nullopt);
-                if (vuole || uguale) break;
+                std::optional<std::string> attaccato;
+                if (vuole && c + 1 < a.size()) attaccato = a.substr(c + 1);
+                if (opzione.Argomento && !vuole && a.compare(c + 1, 1, "=") == 0) attaccato = a.substr(c + 2);
+                applica(opzione, a.substr(0, 1) + a[c], attaccato);
+                if (vuole || attaccato) break;
             }
         }
     }
@@ -204,8 +201,7 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
     richiesta.Progetto = liberi[1];
     richiesta.Resto.assign(liberi.begin() + 2, liberi.end());
-    const std::string progetto = Minuscolo(richiesta.Progetto);
-    if (progetto.size() < 4 || progetto.compare(progetto.size() - 4, 4, ".vbp") != 0)
+    if (LCase(Right(richiesta.Progetto, 4)) != ".vbp")
         throw UsoErrato{"«" + richiesta.Progetto + "» non è un file di progetto: ci vuole un PROGETTO.vbp"};
     if (!richiesta.Resto.empty() && comando->Chi == Elenca)
         throw UsoErrato{"il comando elenca non vuole altro: " + richiesta.Resto[0]};

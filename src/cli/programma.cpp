@@ -309,11 +309,13 @@ Testo Corsa::LeggiIntestazione(bool avvisa) {
     }
     // The text box holds Windows-1252 and ends its lines in CR LF, wherever the text was written.
     if (testo.compare(0, 3, "\xEF\xBB\xBF") == 0) testo.erase(0, 3);
-    if (const auto bytes = Bytes1252DaUtf8ConPunti(testo)) {
-        if (avvisa && !Bytes1252DaUtf8(testo))
+    if (const auto bytes = Bytes1252DaUtf8(testo)) {
+        testo = *bytes;
+    } else if (const auto conPunti = Bytes1252DaUtf8ConPunti(testo)) {
+        testo = *conPunti;
+        if (avvisa)
             finestra_.Di("Avviso: " + r_.TestoIntestazione +
                          " ha caratteri che Windows-1252 non ha: al loro posto si scrive «?».");
-        testo = *bytes;
     }
     Testo casella;
     for (std::size_t i = 0; i < testo.size(); ++i) {
@@ -616,8 +618,7 @@ void Corsa::Racconta(int stato) {
 
 // A slip like "-r Progetto.vbp" must not cost a source.
 void Corsa::RifiutaRapporto() const {
-    const Testo fine =
-        LCase(Vista(r_.Rapporto).substr(r_.Rapporto.size() - std::min<std::size_t>(r_.Rapporto.size(), 4)));
+    const Testo fine = LCase(Right(r_.Rapporto, 4));
     for (const char* sorgente : {".vbp", ".frm", ".bas", ".cls", ".frx", ".ctl", ".dsr", ".pag", ".res"})
         if (fine == sorgente && ambiente_.Macchina.Esamina(r_.Rapporto).Esiste())
             throw UsoErrato{"--rapporto: " + r_.Rapporto + " è un file di un progetto e non si sovrascrive"};
@@ -704,8 +705,8 @@ void Corsa::SuRighe() {
     } else {
         // Without a structure the reading writes all of them, which leaves no row to open.
         if (Fai("mnuLettura_Click", mnuLettura_Click) && !finestra_.Prodotti.empty())
-            note_.push_back("una struttura mancava: sono state scritte ora, e quelle che mancano ancora non "
-                            "si sono aperte. Ripetere il comando, o usare «morvella-cli mostra».");
+            note_.push_back("una struttura mancava: le strutture sono state riscritte, ma da quella in poi "
+                            "non se n'è aperta nessuna. Ripetere il comando, o usare «morvella-cli mostra».");
     }
 }
 

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <cstdio>
 
-#include "window/vornok.h"
+#include "window/vornok/vornok.h"
 
 int main(int argc, char** argv) {
     QApplication applicazione(argc, argv);

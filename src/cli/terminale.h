@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "text/disco.h"
+#include "text/disco/disco.h"
 
 namespace morvella::cli {
 

@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "cli/terminale.h"
-#include "text/utf16_windows.h"
+#include "text/disco/utf16.h"
 
 #include <shellapi.h>
 

@@ -19,7 +19,7 @@
 #include <span>
 #include <vector>
 
-#include "text/archivio.h"
+#include "text/disco/archivio.h"
 #include "text/fetta.h"
 
 namespace morvella {

@@ -5,7 +5,7 @@
 // the option file alone. A line ends at CR LF and at nothing else, and bytes are bytes.
 #pragma once
 
-#include "text/archivio.h"
+#include "text/disco/archivio.h"
 
 namespace morvella {
 

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "text/archivio.h"
+#include "text/disco/archivio.h"
 
 namespace fs = std::filesystem;
 

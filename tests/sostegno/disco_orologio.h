@@ -5,7 +5,7 @@
 // bytes on any day: 21/11/2026, 14:30:05.
 #pragma once
 
-#include "text/disco.h"
+#include "text/disco/disco.h"
 
 namespace morvella::prove {
 

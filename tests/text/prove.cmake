@@ -6,12 +6,12 @@ morvella_prova(text_test
   text/errore_test.cpp
   text/fetta_test.cpp
   text/canali_test.cpp
-  text/archivio_test.cpp
+  text/disco/archivio_test.cpp
   text/flusso_test.cpp
-  text/unita_test.cpp)
+  text/disco/unita_test.cpp)
 if(NOT WIN32)
-  morvella_prova(disco_posix_test text/disco_posix_test.cpp)
+  morvella_prova(disco_posix_test text/disco/disco_posix_test.cpp)
 endif()
 if(WIN32)
-  morvella_prova(disco_windows_test text/disco_windows_test.cpp)
+  morvella_prova(disco_windows_test text/disco/disco_windows_test.cpp)
 endif()

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// text/disco/unita.h
+//
+// The drives that a person may choose from. Where the system has no letters they are given
+// here: "C:" is the root, and each further mounted volume that a person would know takes the
+// next letter in the order of the mount points, so that the letters stay as long as the
+// volumes do. A volume that comes or goes moves the letters behind its own.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace morvella {
+
+struct Unita {
+    std::string Lettera;   // "C:"
+    std::string Directory; // platform path of the drive's top: a mount point, or "D:/"
+    std::string Nome;      // UTF-8: what a person reads beside the letter; may be ""
+    bool operator==(const Unita&) const = default;
+};
+
+/// The letter of the drive that a platform path in whole lies on; "" when it is on none.
+std::string UnitaDi(const std::vector<Unita>& unita, const std::string& percorso);
+
+/// The drives of a Linux system, from the text of its /proc/self/mountinfo. A mount may show a
+/// single file of another file system in a place of its own; `directory` is asked of the few
+/// that could be such and of no other, since asking a server that has gone can take for ever.
+std::vector<Unita> UnitaDaMontaggi(std::string_view mountinfo,
+                                   const std::function<bool(const std::string&)>& directory);
+
+} // namespace morvella

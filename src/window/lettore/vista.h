@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// window/lettore/vista.h
+//
+// Shows a listing: draws the lines and columns that can be seen and nothing else, moves a caret,
+// selects, copies, zooms. Where to go is the window's business; what stands where, the file's.
+#pragma once
+
+#include <optional>
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+
+#include "window/lettore/disegno.h"
+#include "window/lettore/file.h"
+
+namespace morvella::lettore {
+
+class VistaStruttura : public QAbstractScrollArea {
+    Q_OBJECT
+
+  public:
+    /// Percent; one step of the zoom is a tenth of the usual size.
+    static constexpr int ZoomMinimo = 50, ZoomMassimo = 400, ZoomPasso = 10;
+    /// More than this is not copied: nobody pastes it, and it would be held twice.
+    static constexpr Lungo LimiteCopia = Lungo{128} * 1024 * 1024;
+
+    explicit VistaStruttura(QWidget* sopra = nullptr);
+
+    /// Takes on a listing, or none; it has to outlive the view. The same again after Carica.
+    void Mostra(Struttura* struttura);
+    /// What is written where there are no lines.
+    void DiceVuota(const QString& testo);
+
+    Posizione Cursore() const noexcept { return cursore_; }
+    Posizione Ancora() const noexcept { return ancora_; }
+    bool Scelto() const noexcept { return cursore_ != ancora_; }
+    /// Moves the caret and shows it; `estende` keeps the other end of the selection.
+    void Vai(Posizione dove, bool estende = false);
+    /// Selects from `da` to `a` and shows it, in the middle when it was out of sight.
+    void Scegli(Posizione da, Posizione a);
+    void ScegliTutto();
+    /// The selection as a text, lines apart by LF; nothing when it is too large.
+    std::optional<QString> TestoScelto();
+    /// To the clipboard; false when it is too large.
+    bool Copia();
+
+    /// Shows every place of a text that is in sight; an empty one shows none.
+    void Evidenzia(const Ago& ago);
+
+    int Zoom() const noexcept { return zoom_; }
+    void MettiZoom(int percento);
+
+    Lungo PrimaRiga() const;
+    void MettiPrimaRiga(Lungo riga);
+    Lungo RigheInVista() const; // whole ones, 1 at the least
+    const Griglia& Celle() const noexcept { return griglia_; }
+    const Colori& Tinte() const noexcept { return colori_; }
+    /// The place that a point of the viewport shows.
+    Posizione PostoDi(const QPoint& punto);
+    /// The text of the line with the caret, as a reader of screens says it.
+    QString RigaDetta() const;
+
+  signals:
+    void CursoreMosso();
+    void ZoomCambiato(int percento);
+    void CopiaTroppoGrande();
+
+  protected:
+    void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void wheelEvent(QWheelEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseMoveEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void timerEvent(QTimerEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
+    bool event(QEvent* evento) override;
+
+  private:
+    enum class Misura { Byte, Parola, Riga };
+
+    void Ricalcola(); // the grid
+    void MettiBarre();
+    void MostraCursore(bool alCentro = false);
+    void Sposta(Posizione dove, bool estende, bool tieniColonna = false);
+    void TrascinaA(const QPoint& punto);
+    Posizione Limita(Posizione dove);
+    std::pair<Posizione, Posizione> Estesa(Posizione dove, Misura misura);
+    Lungo Lunghezza(Lungo riga) { return Len(struttura_->Riga(riga)); }
+    Lungo Righe() const { return struttura_ ? struttura_->Righe() : 0; }
+    Lungo ColonneInVista() const;
+    qreal Sinistra() const;
+    void DisegnaUna(QPainter& penna, Lungo riga, qreal y);
+
+    Struttura* struttura_ = nullptr;
+    QString detto_;
+    Griglia griglia_;
+    qreal scala_ = 0;
+    Colori colori_;
+    Ago ago_;
+    Posizione cursore_, ancora_;
+    Lungo colonna_ = 0; // that the caret strives for when it moves up and down
+    int zoom_ = 100;
+    int rotella_ = 0;
+    Misura misura_ = Misura::Byte;
+    std::pair<Posizione, Posizione> presa_; // what the pressed button took
+    bool trascina_ = false;
+    QPoint ultimo_;
+    QBasicTimer scorre_;
+    QPoint doppio_;
+    qint64 quandoDoppio_ = -1;
+    std::vector<Porzione> fette_;
+};
+
+/// Lets readers of screens say the line with the caret. To be called once.
+void AccessibilitaDellaVista();
+
+} // namespace morvella::lettore

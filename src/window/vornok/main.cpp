@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QStyleFactory>
+#include <cstdio>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+#include "shell/dimora.h"
+#include "window/testo_qt.h"
+#include "window/vornok/vornok.h"
+
+#ifndef MORVELLA_VERSIONE
+#define MORVELLA_VERSIONE "0"
+#endif
+
+namespace {
+
+constexpr const char* Aiuto = "Uso: morvella [DIRECTORY | PROGETTO.vbp]\n"
+                              "\n"
+                              "Riordina, elenca e documenta i progetti di Visual Basic 5 e 6.\n"
+                              "  DIRECTORY       apre la finestra su questa directory\n"
+                              "  PROGETTO.vbp    apre la finestra e sceglie il progetto, come con un clic\n"
+                              "  -h, --aiuto     mostra questo testo\n"
+                              "  --versione      mostra la versione\n"
+                              "Senza argomenti parte dalla directory corrente se avviato da un terminale,\n"
+                              "altrimenti dai documenti dell'utente.\n";
+
+bool DaTerminale() {
+#ifdef Q_OS_UNIX
+    return ::isatty(STDIN_FILENO) || ::isatty(STDOUT_FILENO) || ::isatty(STDERR_FILENO);
+#else
+    return false;
+#endif
+}
+
+// Where the window starts when it is not told: a person at a terminal is somewhere already.
+std::string Partenza(morvella::Disco& disco) {
+    if (DaTerminale()) return disco.DirectoryCorrente();
+    for (const auto dove : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
+        const QString directory = QStandardPaths::writableLocation(dove);
+        if (!directory.isEmpty() && QFileInfo(directory).isDir()) return directory.toStdString();
+    }
+    return disco.DirectoryCorrente();
+}
+
+// In the bytes that were given, where names are bytes. What Qt takes for itself is gone from
+// argv by now.
+std::string PrimoArgomento([[maybe_unused]] char** argv, [[maybe_unused]] const QStringList& argomenti) {
+#ifdef Q_OS_WIN
+    return argomenti.front().toStdString();
+#else
+    return argv[1];
+#endif
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string argomento = argv[i];
+        if (argomento == "-h" || argomento == "--aiuto" || argomento == "--help") {
+            std::fputs(Aiuto, stdout);
+            return 0;
+        }
+        if (argomento == "--versione" || argomento == "--version") {
+            std::fputs("morvella " MORVELLA_VERSIONE "\n", stdout);
+            return 0;
+        }
+    }
+
+    QApplication::setApplicationName("morvella");
+    QApplication::setApplicationVersion(MORVELLA_VERSIONE);
+    QApplication::setDesktopFileName("morvella");
+    QApplication applicazione(argc, argv);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+
+    const QStringList argomenti = QApplication::arguments().mid(1);
+    if (argomenti.size() > 1 || (argomenti.size() == 1 && argomenti.front().startsWith("-"))) {
+        std::fputs(Aiuto, stderr);
+        return 2;
+    }
+
+    const std::unique_ptr<morvella::Disco> disco = morvella::DiscoReale();
+    // In whole before the window goes to a directory of its own.
+    const std::string argomento =
+        argomenti.isEmpty() ? std::string() : disco->Assoluto(PrimoArgomento(argv, argomenti));
+    // What could not be copied into a user's own directory is told where it is missed.
+    const morvella::Dimora dimora = morvella::TrovaDimora(
+        *disco, QApplication::applicationDirPath().toStdString(), disco->DirectoryUtente());
+    morvella::VornOK finestra(*disco, dimora.Directory, Partenza(*disco));
+    finestra.show();
+    if (!finestra.Finita() && !argomento.empty()) finestra.Apri(argomento);
+    return finestra.Finita() ? finestra.Codice() : QApplication::exec();
+}

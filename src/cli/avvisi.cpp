@@ -27,7 +27,7 @@ std::string Destinazione(Stato& s, const Testo& nome, Uscite uscite) {
 // The names of a row's outputs below the work directory. The rewriter's second one is the
 // module's own name, and comes only where the first did not end flat.
 std::vector<Testo> NomiScritti(Stato& s, const Testo& riga, Uscite uscite) {
-    const Testo base(BaseDiRiga(riga));
+    const Testo base(BaseDiVoce(riga));
     switch (uscite) {
     case Uscite::Strutture: return {base + ".log"};
     case Uscite::Pagine: return {base + ".Html"};

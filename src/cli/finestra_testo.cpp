@@ -104,9 +104,9 @@ void FinestraTesto::TogliProgresso() {
 
 void FinestraTesto::MotoreFermato(const Arresto& arresto) {
     Avvenuto.Errori.push_back(
-        {Testo(arresto.Motore), arresto.Causa, false, TestoDiRiga(arresto.Riga), arresto.RigaFile});
+        {Testo(arresto.Motore), arresto.Causa, false, TestoDiVoce(arresto.Voce), arresto.Riga});
     Fermi.insert_or_assign(Testo(arresto.Motore), arresto);
-    if (Sorveglia) Trovato.Osserva(arresto, TestoDiRiga(arresto.Riga));
+    if (Sorveglia) Trovato.Osserva(arresto, TestoDiVoce(arresto.Voce));
 }
 
 void FinestraTesto::ErroreSaltato(const Errore& causa) {
@@ -114,16 +114,16 @@ void FinestraTesto::ErroreSaltato(const Errore& causa) {
 }
 
 void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo riga) {
-    Avvenuto.Errori.push_back({Testo(operazione), causa, true, TestoDiRiga(riga), 0});
+    Avvenuto.Errori.push_back({Testo(operazione), causa, true, TestoDiVoce(riga), 0});
 }
 
-Testo FinestraTesto::TestoDiRiga(Lungo riga) const {
+Testo FinestraTesto::TestoDiVoce(Lungo riga) const {
     return S && riga >= 0 && riga < S->File1.ListCount() ? S->File1.List(riga) : Testo();
 }
 
 void FinestraTesto::FileScritto(Lungo riga, Vista percorso, Lungo righe) {
     const auto [posto, nuovo] = posti_.try_emplace({S ? S->File1.Versione() : 0, riga}, Prodotti.size());
-    if (nuovo) Prodotti.push_back({TestoDiRiga(riga), {}, 0});
+    if (nuovo) Prodotti.push_back({TestoDiVoce(riga), {}, 0});
     Prodotto& prodotto = Prodotti[posto->second];
     const Testo file(percorso);
     if (std::find(prodotto.File.begin(), prodotto.File.end(), file) == prodotto.File.end())

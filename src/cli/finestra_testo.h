@@ -17,7 +17,7 @@ namespace morvella::cli {
 
 /// What the engines wrote for one row.
 struct Prodotto {
-    Testo Riga; // its text
+    Testo Voce; // its text
     std::vector<Testo> File;
     Lungo Righe = 0;
 };
@@ -37,7 +37,7 @@ class FinestraTesto : public Finestra {
     void ErroreSaltato(const Errore& causa) override;
     void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
     bool SegueMargine() const override { return Sorveglia; }
-    void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo, TestoDiRiga(passo.Riga)); }
+    void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo, TestoDiVoce(passo.Voce)); }
 
     /// An error that nobody trapped.
     void ErroreFinale(Vista operazione, const Errore& causa, Lungo riga);
@@ -61,7 +61,7 @@ class FinestraTesto : public Finestra {
     std::vector<Prodotto> Prodotti; // in the order in which they came
 
   private:
-    Testo TestoDiRiga(Lungo riga) const;
+    Testo TestoDiVoce(Lungo riga) const;
     void Disegna();
 
     Ambiente& ambiente_;

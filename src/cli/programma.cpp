@@ -72,7 +72,7 @@ std::string Conto(Lungo n, const char* uno, const char* molti) {
 }
 
 // A row as a user may have typed it: any case, "/" for "\".
-Testo ChiaveRiga(Vista riga) {
+Testo ChiaveVoce(Vista riga) {
     Testo chiave = LCase(riga);
     std::replace(chiave.begin(), chiave.end(), '/', '\\');
     return chiave;
@@ -108,16 +108,16 @@ struct Circostanze {
     std::string Programma;          // as --programma has it
 };
 std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
-    const bool diRiga = !e.Riga.empty();
+    const bool diVoce = !e.Voce.empty();
     const std::string prosegui =
-        diRiga && come.PuoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
+        diVoce && come.PuoProseguire ? " Con --prosegui si passa alla riga seguente." : "";
     switch (e.Causa.Numero) {
     case ErrArgomento:
-        if (e.RigaFile > 0)
+        if (e.Riga > 0)
             return "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
                    "#End If)." +
                    prosegui;
-        if (!diRiga) return "";
+        if (!diVoce) return "";
         return std::string("La riga del progetto è più corta di 4 caratteri") +
                (e.Motore == "mnuHTML_Click" ? ", o la data del file è mezzanotte esatta." : ".") + prosegui;
     case ErrFileAssente: {
@@ -126,10 +126,10 @@ std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come) {
         const bool mostra = e.Motore == "mnuLettura_Click" || e.Motore == "MnuHelpHtml_Click" ||
                             (e.Motore == "mnuHTML_Click" && e.Causa.File.ends_with("\\Indice.Html"));
         if (mostra) return "Manca un programma che apra il file (di solito lo fa xdg-open).";
-        return diRiga ? "Controllare il nome nel progetto." + prosegui : "Controllare che ci sia.";
+        return diVoce ? "Controllare il nome nel progetto." + prosegui : "Controllare che ci sia.";
     }
     case ErrFineFile:
-        if (diRiga) return "Il file finisce dove doveva esserci ancora una riga." + prosegui;
+        if (diVoce) return "Il file finisce dove doveva esserci ancora una riga." + prosegui;
         return "Il file delle opzioni finisce prima del previsto: «morvella-cli opzioni --ripristina" +
                (come.Programma.empty() ? "" : " --programma " + PerShell(come.Programma)) +
                "» lo rimette a posto.";
@@ -173,7 +173,7 @@ class Corsa {
   private:
     bool Fai(const char* nome, void (*operazione)(Stato&));
     void ScegliProgetto();
-    void ScegliRighe();
+    void ScegliVoci();
     void ScegliProgramma();
     bool CaricaIni();
     Testo LeggiIntestazione(bool avvisa);
@@ -181,7 +181,7 @@ class Corsa {
     int MostraOpzioni();
     void Documenta();
     int EseguiTutto();
-    void SuRighe();
+    void SuVoci();
     bool Scegli(bool consenti);
     void ProseguiRiordina();
     void ProseguiStruttura();
@@ -194,13 +194,13 @@ class Corsa {
     bool PuoProseguire() const { return !r_.Prosegui && r_.Comando != "leggi" && r_.Comando != "eventi"; }
     bool StrutturaVuota(const Prodotto& prodotto);
     void AvvisaVuote();
-    void AvvisaSenzaRighe(const char* conseguenza);
+    void AvvisaSenzaVoci(const char* conseguenza);
     void RifiutaRapporto() const;
     bool ScriviRapporto();
     void Riga(const std::string& utf8);
     std::string Nativo(Vista percorso);
     std::string Breve(Vista percorso);
-    std::string SorgenteDiRiga(Vista riga);
+    std::string SorgenteDiVoce(Vista riga);
     std::optional<Arresto> PrendiFermo(Vista motore);
 
     Richiesta r_;
@@ -218,13 +218,13 @@ class Corsa {
 // Runs one operation; false when an error that nobody traps ended it. Files that were open then
 // are closed, as at a program's end: what was written stays.
 bool Corsa::Fai(const char* nome, void (*operazione)(Stato&)) {
-    s_.RigaInLavoro = -1;
+    s_.Punto.Voce = -1;
     const auto chiudi = [&] {
         for (int n = 1; n <= Canali::NumeroMassimo; ++n) {
             try {
                 s_.Canale.Close(n);
             } catch (const Errore& e) {
-                finestra_.ErroreFinale(nome, e, s_.RigaInLavoro);
+                finestra_.ErroreFinale(nome, e, s_.Punto.Voce);
             }
         }
     };
@@ -232,9 +232,9 @@ bool Corsa::Fai(const char* nome, void (*operazione)(Stato&)) {
         operazione(s_);
         return true;
     } catch (const Errore& e) {
-        finestra_.ErroreFinale(nome, e, s_.RigaInLavoro);
+        finestra_.ErroreFinale(nome, e, s_.Punto.Voce);
     } catch (const std::bad_alloc&) {
-        finestra_.ErroreFinale(nome, Errore(ErrMemoria), s_.RigaInLavoro);
+        finestra_.ErroreFinale(nome, Errore(ErrMemoria), s_.Punto.Voce);
     }
     chiudi();
     return false;
@@ -403,13 +403,13 @@ void Corsa::SelezionaEsattamente(const std::vector<Lungo>& righe) {
             SelezionaFile1(s_, i, volute[static_cast<std::size_t>(i)]);
 }
 
-void Corsa::ScegliRighe() {
+void Corsa::ScegliVoci() {
     if (r_.Resto.empty()) return; // all of them, as they are
     std::unordered_multimap<Testo, Lungo> perChiave;
-    for (Lungo i = 0; i < s_.File1.ListCount(); ++i) perChiave.emplace(ChiaveRiga(s_.File1.List(i)), i);
+    for (Lungo i = 0; i < s_.File1.ListCount(); ++i) perChiave.emplace(ChiaveVoce(s_.File1.List(i)), i);
     std::vector<Lungo> righe;
     for (const std::string& nome : r_.Resto) {
-        const auto [da, fino] = perChiave.equal_range(ChiaveRiga(DaArgomento(nome)));
+        const auto [da, fino] = perChiave.equal_range(ChiaveVoce(DaArgomento(nome)));
         for (auto riga = da; riga != fino; ++riga) righe.push_back(riga->second);
         if (da == fino)
             throw UsoErrato{"il progetto non ha la riga «" + nome + "»: morvella-cli elenca " + r_.Progetto +
@@ -431,12 +431,12 @@ void Corsa::ProseguiRiordina() {
     std::vector<Lungo> sospese;
     for (;;) {
         const std::optional<Arresto> fermo = PrendiFermo("mnuRiordina_Click");
-        if (fermo && fermo->Riga < 0) return; // an error before the first row: no use
+        if (fermo && fermo->Voce < 0) return; // an error before the first row: no use
         if (fermo) {
             std::vector<Lungo> restano;
             for (const Lungo i : Selezionate()) {
-                if (i > fermo->Riga) restano.push_back(i);
-                if (i < fermo->Riga && !fermo->SecondoGiro) sospese.push_back(i);
+                if (i > fermo->Voce) restano.push_back(i);
+                if (i < fermo->Voce && !fermo->SecondoGiro) sospese.push_back(i);
             }
             SelezionaEsattamente(restano);
             if (restano.empty() && sospese.empty()) return;
@@ -454,7 +454,7 @@ void Corsa::ProseguiRiordina() {
 // The listing deselects each row before it opens it: giving the command again goes on behind.
 void Corsa::ProseguiStruttura() {
     while (const std::optional<Arresto> fermo = PrendiFermo("mnuvorn_Click")) {
-        if (fermo->Riga < 0 || Selezionate().empty()) return;
+        if (fermo->Voce < 0 || Selezionate().empty()) return;
         Fai("mnuvorn_Click", mnuvorn_Click);
     }
 }
@@ -504,7 +504,7 @@ void Corsa::Elenca() {
 }
 
 // The source of a row as editors and CI systems want it: from where the program was started.
-std::string Corsa::SorgenteDiRiga(Vista riga) {
+std::string Corsa::SorgenteDiVoce(Vista riga) {
     std::string nativo = Nativo(progetto_ + "\\" + Testo(riga));
     if (partenza_.size() > 1 && nativo.compare(0, partenza_.size() + 1, partenza_ + "/") == 0)
         nativo.erase(0, partenza_.size() + 1);
@@ -516,20 +516,20 @@ void Corsa::RaccontaErrori() {
                           s_.File.Trova(progetto_ + "\\Appoggio").Cosa.Tipo == TipoVoce::Directory ||
                           s_.File.Trova(progetto_).Cosa.Tipo != TipoVoce::Directory;
     for (const ErroreAvvenuto& e : finestra_.Avvenuto.Errori) {
-        const bool diRiga = !e.Riga.empty();
+        const bool diVoce = !e.Voce.empty();
         std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
-        if (diRiga) frase += " alla riga «" + Utf8Da1252(e.Riga) + "»";
+        if (diVoce) frase += " alla riga «" + Utf8Da1252(e.Voce) + "»";
         frase +=
             ": errore " + std::to_string(e.Causa.Numero) + ", " + Utf8Da1252(Descrizione(e.Causa.Numero));
         if (!e.Causa.File.empty())
             frase += " (" + Nativo(e.Causa.File) + ")";
-        else if (diRiga && e.RigaFile > 0)
-            frase += " (" + SorgenteDiRiga(e.Riga) + ":" +
-                     std::to_string(LineeDiEditor(s_, e.Riga).Di(e.RigaFile)) + ")";
-        const bool pagina = e.Motore == "mnuHTML_Click" && diRiga && !r_.Sottocartelle &&
+        else if (diVoce && e.Riga > 0)
+            frase += " (" + SorgenteDiVoce(e.Voce) + ":" +
+                     std::to_string(LineeDiEditor(s_, e.Voce).Di(e.Riga)) + ")";
+        const bool pagina = e.Motore == "mnuHTML_Click" && diVoce && !r_.Sottocartelle &&
                             e.Causa.File.starts_with(progetto_ + "\\Appoggio\\");
         const std::string consiglio =
-            Consiglio(e, {PuoProseguire(), appoggio, pagina && CartellaFattibile(s_, e.Riga),
+            Consiglio(e, {PuoProseguire(), appoggio, pagina && CartellaFattibile(s_, e.Voce),
                           !e.Causa.File.empty() && s_.File.Dir(e.Causa.File, 0).empty(), r_.Programma});
         if (!consiglio.empty()) frase += "\n  " + consiglio;
         finestra_.Di(frase);
@@ -546,7 +546,7 @@ bool Corsa::StrutturaVuota(const Prodotto& prodotto) {
 void Corsa::AvvisaVuote() {
     for (const Prodotto& prodotto : finestra_.Prodotti)
         if (prodotto.Righe > 0 && StrutturaVuota(prodotto))
-            finestra_.Di("Avviso: la struttura di «" + Utf8Da1252(prodotto.Riga) +
+            finestra_.Di("Avviso: la struttura di «" + Utf8Da1252(prodotto.Voce) +
                          "» è vuota: nessun form viene prima" +
                          (r_.Prosegui && !finestra_.Avvenuto.Errori.empty()
                               ? " nella corsa, che dietro un errore ricomincia"
@@ -554,7 +554,7 @@ void Corsa::AvvisaVuote() {
                          ", e la testata del modulo non finisce mai.");
 }
 
-void Corsa::AvvisaSenzaRighe(const char* conseguenza) {
+void Corsa::AvvisaSenzaVoci(const char* conseguenza) {
     if (s_.File1.ListCount() == 0)
         finestra_.Di(std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") + conseguenza);
 }
@@ -566,11 +566,11 @@ void Corsa::Racconta(int stato) {
         std::size_t larga = 0;
         Lungo totale = 0;
         for (const Prodotto& prodotto : finestra_.Prodotti) {
-            larga = std::min<std::size_t>(std::max(larga, prodotto.Riga.size()), 40);
+            larga = std::min<std::size_t>(std::max(larga, prodotto.Voce.size()), 40);
             totale += prodotto.Righe;
         }
         for (const Prodotto& prodotto : finestra_.Prodotti) {
-            const Testo& nome = prodotto.Riga;
+            const Testo& nome = prodotto.Voce;
             std::string riga =
                 "  " + Utf8Da1252(nome) + std::string(larga - std::min(larga, nome.size()), ' ') + "  ->";
             for (std::size_t f = 0; f < prodotto.File.size(); ++f)
@@ -589,9 +589,9 @@ void Corsa::Racconta(int stato) {
         const bool motore = r_.Comando != "elenca" && r_.Comando != "leggi";
         const bool pagine = r_.Comando == "documenta" || r_.Html;
         if (r_.Comando != "eventi" && stato != RispostoNo && (pagine || finestra_.Avvenuto.Errori.empty()))
-            AvvisaSenzaRighe(pagine   ? "senza righe l'indice va nella radice del disco."
-                             : motore ? "non c'è niente da scrivere."
-                                      : "non c'è niente da mostrare.");
+            AvvisaSenzaVoci(pagine   ? "senza righe l'indice va nella radice del disco."
+                            : motore ? "non c'è niente da scrivere."
+                                     : "non c'è niente da mostrare.");
         if (moduli > 0 || (motore && finestra_.Avvenuto.Errori.empty() && stato != RispostoNo))
             Riga(Conto(moduli, "modulo", "moduli") + ", " + Conto(totale, "riga", "righe") + ", " +
                  Italiano(durata.count(), 2) + " s");
@@ -600,15 +600,15 @@ void Corsa::Racconta(int stato) {
         AvvisaVuote();
         for (const std::string& avviso : AvvisiLf(s_, lavorate_)) finestra_.Di("Avviso: " + avviso);
         if (stato != RispostoNo && finestra_.Avvenuto.Errori.empty())
-            AvvisaSenzaRighe("non c'è niente da controllare.");
+            AvvisaSenzaVoci("non c'è niente da controllare.");
     }
     if (r_.Controlla) {
         std::optional<LineeDiEditor> linee;
         Testo diChi;
         for (const Rilievo& rilievo : finestra_.Trovato.Rilievi()) {
-            if (!linee || diChi != rilievo.Riga) linee.emplace(s_, diChi = rilievo.Riga);
+            if (!linee || diChi != rilievo.Voce) linee.emplace(s_, diChi = rilievo.Voce);
             const auto inFile = [&](Lungo n) { return linee->Di(n); };
-            Riga(SorgenteDiRiga(rilievo.Riga) + ":" + std::to_string(inFile(rilievo.Dove.RigaFile)) + ": " +
+            Riga(SorgenteDiVoce(rilievo.Voce) + ":" + std::to_string(inFile(rilievo.Dove.Riga)) + ": " +
                  rilievo.Frase(inFile));
         }
     }
@@ -682,8 +682,8 @@ void Corsa::Documenta() {
     if (r_.Sottocartelle && !sottocartelle([&] { cartelle = FaiSottocartelle(s_, Selezionate(), note_); }))
         return;
     while (!Fai("mnuHTML_Click", mnuHTML_Click)) {
-        if (!r_.Prosegui || s_.RigaInLavoro < 0) break;
-        SelezionaFile1(s_, s_.RigaInLavoro, false);
+        if (!r_.Prosegui || s_.Punto.Voce < 0) break;
+        SelezionaFile1(s_, s_.Punto.Voce, false);
         if (Selezionate().empty()) break;
     }
     // Also behind an error: the pages that there are get their pictures and their way home.
@@ -691,8 +691,8 @@ void Corsa::Documenta() {
 }
 
 // A command for some rows: all when none is named.
-void Corsa::SuRighe() {
-    ScegliRighe();
+void Corsa::SuVoci() {
+    ScegliVoci();
     lavorate_ = Selezionate();
     if (r_.Comando == "riordina") {
         Fai("mnuRiordina_Click", mnuRiordina_Click);
@@ -743,7 +743,7 @@ int Corsa::Esegui() {
             if (r_.Comando == "elenca")
                 Elenca();
             else
-                SuRighe();
+                SuVoci();
         }
     } catch (const UsoErrato&) {
         ScriviRapporto();

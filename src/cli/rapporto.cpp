@@ -69,8 +69,8 @@ std::string Json(const Stato& s, const Cronaca& cronaca) {
     json += ",\n  \"errori\": " + Schiera(cronaca.Errori, [](const ErroreAvvenuto& e) {
                 return "{\"motore\": " + Stringa(e.Motore) + ", \"numero\": " + Numero(e.Causa.Numero) +
                        ", \"descrizione\": " + Stringa(Descrizione(e.Causa.Numero)) +
-                       ", \"file\": " + Stringa(e.Causa.File) + ", \"riga\": " + Stringa(e.Riga) +
-                       ", \"linea\": " + Numero(e.RigaFile) + ", \"finale\": " + Logico(e.Finale) + "}";
+                       ", \"file\": " + Stringa(e.Causa.File) + ", \"riga\": " + Stringa(e.Voce) +
+                       ", \"linea\": " + Numero(e.Riga) + ", \"finale\": " + Logico(e.Finale) + "}";
             });
     return json + "\n}\n";
 }

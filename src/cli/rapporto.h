@@ -21,9 +21,9 @@ struct Messaggio {
 struct ErroreAvvenuto {
     Testo Motore; // the operation that the error ended
     Errore Causa;
-    bool Finale;        // nobody had a handler: the list of operations ends here
-    Testo Riga;         // of File1, its text; "" when it was at none
-    Lungo RigaFile = 0; // of the source, 0 when it was at none
+    bool Finale;    // nobody had a handler: the list of operations ends here
+    Testo Voce;     // the text of the row of File1; "" if it was at none
+    Lungo Riga = 0; // the line of the source, 0 if it was at none
 };
 
 struct Cronaca {

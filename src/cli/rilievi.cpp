@@ -24,26 +24,26 @@ std::string NellElenco(Lungo rigaListato) { return " (" + RigaDi(rigaListato) + 
 
 } // namespace
 
-void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& riga) {
+void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& voce) {
     const auto larghe = static_cast<std::size_t>(passo.Larghezza / 3);
     switch (passo.Che) {
     case PassoMargine::Testa:
         colonne_.clear();
-        testa_ = {passo.RigaFile, Testo(passo.Testo)};
+        testa_ = {passo.Riga, Testo(passo.Testo)};
         break;
     case PassoMargine::Apre:
         colonne_.resize(larghe);
-        colonne_.back() = {passo.RigaFile, Testo(passo.Testo)};
+        colonne_.back() = {passo.Riga, Testo(passo.Testo)};
         break;
     case PassoMargine::Mezzo: // a surplus Else draws a column that nobody opened
         colonne_.resize(larghe);
-        if (colonne_.back().RigaFile == 0) colonne_.back() = {passo.RigaFile, Testo(passo.Testo)};
+        if (colonne_.back().Riga == 0) colonne_.back() = {passo.Riga, Testo(passo.Testo)};
         break;
     case PassoMargine::Chiude: colonne_.resize(larghe); break;
     case PassoMargine::Sbilanciata: {
-        Rilievo rilievo{riga, {passo.RigaFile, Testo(passo.Testo)}, passo.RigaListato, false, testa_, {}};
+        Rilievo rilievo{voce, {passo.Riga, Testo(passo.Testo)}, passo.RigaListato, false, testa_, {}};
         for (const LineaTrovata& colonna : colonne_)
-            if (colonna.RigaFile != 0) rilievo.Aperti.push_back(colonna);
+            if (colonna.Riga != 0) rilievo.Aperti.push_back(colonna);
         rilievi_.push_back(std::move(rilievo));
         break;
     }
@@ -55,9 +55,9 @@ void Sorvegliante::Osserva(const PassoMargine& passo, const Testo& riga) {
     }
 }
 
-void Sorvegliante::Osserva(const Arresto& arresto, const Testo& riga) {
-    if (arresto.RigaFile == 0 || arresto.Causa.Numero != ErrArgomento) return;
-    rilievi_.push_back({riga, {arresto.RigaFile, arresto.Linea}, arresto.RigaListato, true, {}, {}});
+void Sorvegliante::Osserva(const Arresto& arresto, const Testo& voce) {
+    if (arresto.Riga == 0 || arresto.Causa.Numero != ErrArgomento) return;
+    rilievi_.push_back({voce, {arresto.Riga, arresto.Linea}, arresto.RigaListato, true, {}, {}});
 }
 
 std::string Rilievo::Frase(const std::function<Lungo(Lungo)>& inFile) const {
@@ -67,18 +67,17 @@ std::string Rilievo::Frase(const std::function<Lungo(Lungo)>& inFile) const {
                " chiude un blocco fuori da ogni procedura e ferma la struttura: errore 5" + nellElenco;
     std::string aperti;
     for (const LineaTrovata& aperto : Aperti)
-        aperti += (aperti.empty() ? "" : ", ") + RigaDi(inFile(aperto.RigaFile)) + " " + Citata(aperto.Linea);
-    return (Testa.RigaFile > 0
-                ? "la procedura " + Citata(Testa.Linea) + " (" + RigaDi(inFile(Testa.RigaFile)) + ")"
-                : "una procedura di cui non si riconosce la testata") +
+        aperti += (aperti.empty() ? "" : ", ") + RigaDi(inFile(aperto.Riga)) + " " + Citata(aperto.Linea);
+    return (Testa.Riga > 0 ? "la procedura " + Citata(Testa.Linea) + " (" + RigaDi(inFile(Testa.Riga)) + ")"
+                           : "una procedura di cui non si riconosce la testata") +
            (Aperti.size() == 1 ? " finisce con un blocco aperto: "
                                : " finisce con " + std::to_string(Aperti.size()) + " blocchi aperti: ") +
            aperti + nellElenco;
 }
 
-LineeDiEditor::LineeDiEditor(Stato& s, Vista riga) {
+LineeDiEditor::LineeDiEditor(Stato& s, Vista voce) {
     try {
-        s.Canale.OpenInput(1, s.Dir1Path + "\\" + Testo(riga));
+        s.Canale.OpenInput(1, s.Dir1Path + "\\" + Testo(voce));
         Lungo quanti = 0;
         for (Lungo n = 1; !s.Canale.Eof(1); ++n) {
             const Vista linea = s.Canale.LineInput(1);
@@ -95,10 +94,10 @@ LineeDiEditor::LineeDiEditor(Stato& s, Vista riga) {
     }
 }
 
-Lungo LineeDiEditor::Di(Lungo rigaFile) const {
-    const auto dietro = std::lower_bound(dopo_.begin(), dopo_.end(), rigaFile,
+Lungo LineeDiEditor::Di(Lungo riga) const {
+    const auto dietro = std::lower_bound(dopo_.begin(), dopo_.end(), riga,
                                          [](const auto& una, Lungo n) { return una.first < n; });
-    return rigaFile + (dietro == dopo_.begin() ? 0 : std::prev(dietro)->second);
+    return riga + (dietro == dopo_.begin() ? 0 : std::prev(dietro)->second);
 }
 
 } // namespace morvella::cli

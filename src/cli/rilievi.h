@@ -17,13 +17,13 @@ namespace morvella::cli {
 
 /// A line of a source as the engine counts it, from 1, where lone LFs end nothing, and its text.
 struct LineaTrovata {
-    Lungo RigaFile = 0; // 0: there is none
+    Lungo Riga = 0; // 0: there is none
     Testo Linea;
 };
 
 /// A finding about a row of File1.
 struct Rilievo {
-    Testo Riga;
+    Testo Voce;
     LineaTrovata Dove;
     Lungo RigaListato = 0;
     bool Ferma = false;               // a line that ends the run; else a procedure's end
@@ -38,8 +38,8 @@ struct Rilievo {
 /// source through channel 1; one that cannot be read has no such LFs.
 class LineeDiEditor {
   public:
-    LineeDiEditor(Stato& s, Vista riga);
-    Lungo Di(Lungo rigaFile) const;
+    LineeDiEditor(Stato& s, Vista voce);
+    Lungo Di(Lungo riga) const;
 
   private:
     std::vector<std::pair<Lungo, Lungo>> dopo_; // a line with LFs, and how many there are up to its end
@@ -47,9 +47,9 @@ class LineeDiEditor {
 
 class Sorvegliante {
   public:
-    /// `riga` is the text of the row in work.
-    void Osserva(const PassoMargine& passo, const Testo& riga);
-    void Osserva(const Arresto& arresto, const Testo& riga);
+    /// `voce` is the text of the row in work.
+    void Osserva(const PassoMargine& passo, const Testo& voce);
+    void Osserva(const Arresto& arresto, const Testo& voce);
     const std::vector<Rilievo>& Rilievi() const noexcept { return rilievi_; }
 
   private:

@@ -95,7 +95,7 @@ void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
         const Testo& riga = s.File1.List(i);
         const auto nomi = Cartelle(riga);
         if (!nomi || Len(riga) < 4) continue;
-        const Vista base = BaseDiRiga(riga);
+        const Vista base = BaseDiVoce(riga);
         pagine.insert(
             LCase(Unita(*nomi) + "\\" + Testo(base.substr(base.find_last_of("\\/") + 1)) + ".Html"));
     }

@@ -123,7 +123,7 @@ void MnuHelpHtml_Click(Stato& s) {
         }
         s.Canale.Close(1);
     }
-    s.Casa.Avvia("Explorer " + pagina, 3);
+    s.Fronte.Avvia("Explorer " + pagina, 3);
 }
 
 } // namespace morvella

@@ -125,14 +125,14 @@ void mnuHTML_Click(Stato& s) {
     ValoriPendenti pendenti;
     for (s.IndiceFile = 0; s.IndiceFile <= s.File1.ListCount() - 1; ++s.IndiceFile) {
         if (!s.File1.Selected(s.IndiceFile)) continue;
-        s.RigaInLavoro = s.IndiceFile;
+        s.Punto.Voce = s.IndiceFile;
         const Testo& voce = s.File1.List(s.IndiceFile);
         // No page depends on these three; they are left as this sets them.
         s.Numero = Space(5);
         s.Margine = Space(5);
         s.StoriaBlocchi = "00";
         s.TotaleRighe = 0;
-        const Testo pagina = Testo(BaseDiRiga(voce)) + ".Html";
+        const Testo pagina = Testo(BaseDiVoce(voce)) + ".Html";
         const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
         s.FileUscita = dirPagine;
         s.FileUscita.append(radice ? "" : "\\").append(pagina);
@@ -143,9 +143,9 @@ void mnuHTML_Click(Stato& s) {
         RaccogliMostrati(s);
         PreparaProgress(s);
         ScriviPagina(s, voce, pendenti);
-        s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+        s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
     }
-    s.RigaInLavoro = -1;
+    s.Punto.Voce = -1;
     CopiaFigure(s, dirPagine);
     ScriviLabel2(s, "");
     ScriviIndice(s, dirPagine);
@@ -191,7 +191,7 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
         colonna.append("<a href=\"")
             .append(dirPagine)
             .append("\\")
-            .append(BaseDiRiga(voce))
+            .append(BaseDiVoce(voce))
             .append(".Html\">");
         colonna.append(voce).append("<br>");
     }
@@ -203,9 +203,9 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
     s.Canale.Close(1);
 
     const Testo domanda = "Documentazione HTML riuscita." + Chr(13) + "Vuoi visualizzare l'indice?";
-    if (s.Casa.MsgBox(domanda, SiNoDomanda, "Visualizzazione Documentazione HTML") != RispostaSi) return;
+    if (s.Fronte.MsgBox(domanda, SiNoDomanda, "Visualizzazione Documentazione HTML") != RispostaSi) return;
     s.File.ChDir(dirPagine);
-    s.Casa.Avvia("Explorer " + indice, 3);
+    s.Fronte.Avvia("Explorer " + indice, 3);
     s.File.ChDir(s.Dir1Path);
 }
 

@@ -73,7 +73,7 @@ constexpr std::array<Disegno, NumeroClassi> Disegni = [] {
 
 std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
     if constexpr (std::endian::native != std::endian::little) return 0;
-    if (s.MargineSeguito || s.Margine.size() > Striscia::Misura || s.Numero.size() != 11) return 0;
+    if (s.Punto.MargineSeguito || s.Margine.size() > Striscia::Misura || s.Numero.size() != 11) return 0;
     Canali::Spazio spazio = s.Canale.DaStampare(2);
     if (spazio.Dove == nullptr) return 0;
     const char* const fondo = spazio.Dove + spazio.Posto;

@@ -20,8 +20,8 @@ void Scrivi(Stato& s, const Pezzi&... pezzi) {
 }
 
 void Di(Stato& s, PassoMargine::Genere che, Lungo larghezza) {
-    if (!s.MargineSeguito) return;
-    s.Casa.MargineMosso({che, s.RigaInLavoro, s.RigaFile, s.ContaRighe, larghezza, s.Margine, s.Riga});
+    if (!s.Punto.MargineSeguito) return;
+    s.Fronte.MargineMosso({che, s.Punto.Voce, s.Punto.Riga, s.ContaRighe, larghezza, s.Margine, s.Riga});
 }
 
 // Margine = Mid(Margine, 1, Len(Margine) - 3). Error 5 on a margin that has no 3 bytes: behind

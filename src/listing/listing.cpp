@@ -44,7 +44,7 @@ Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte, Lungo scritto
     s.Riga = {}; // of none of these
     const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), restano))));
     s.ContaRighe += comuni;
-    s.RigaFile += comuni;
+    s.Punto.Riga += comuni;
     AvanzaBarra(s, s.Progress, comuni);
     return comuni;
 }
@@ -56,10 +56,10 @@ void ElencaFile(Stato& s, const Testo& voce) {
     s.Margine = Space(3);
     s.TotaleRighe = 0;
     s.StoriaBlocchi = "00";
-    s.RigaFile = 0;
+    s.Punto.Riga = 0;
 
     s.FileUscita =
-        Istruzione(s, [&] { return s.Dir1Path + "\\Appoggio\\" + Testo(BaseDiRiga(voce)) + ".log"; });
+        Istruzione(s, [&] { return s.Dir1Path + "\\Appoggio\\" + Testo(BaseDiVoce(voce)) + ".log"; });
     s.FileSorgente = s.Dir1Path + "\\" + voce;
 
     RaccogliShow(s, true);
@@ -69,9 +69,9 @@ void ElencaFile(Stato& s, const Testo& voce) {
     Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
     Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
     IniziaTestaStruttura(s);
-    s.MargineSeguito = s.Casa.SegueMargine();
-    if (s.MargineSeguito)
-        s.Casa.MargineMosso({PassoMargine::Inizio, s.RigaInLavoro, 0, 0, Len(s.Margine), s.Margine, {}});
+    s.Punto.MargineSeguito = s.Fronte.SegueMargine();
+    if (s.Punto.MargineSeguito)
+        s.Fronte.MargineMosso({PassoMargine::Inizio, s.Punto.Voce, 0, 0, Len(s.Margine), s.Margine, {}});
     Lungo scritto = -1; // the number that stands in Numero
     RigheSorgente sorgente(s);
     while (!sorgente.Finita()) {
@@ -81,7 +81,7 @@ void ElencaFile(Stato& s, const Testo& voce) {
             continue;
         }
         ++s.ContaRighe;
-        ++s.RigaFile;
+        ++s.Punto.Riga;
         AvanzaBarra(s, s.Progress);
         const RigaSorgente& riga = sorgente.Prossima();
         s.Riga = riga.Letta.Trimmata();
@@ -103,8 +103,8 @@ void ElencaFile(Stato& s, const Testo& voce) {
     }
     Istruzione(s, [&] { s.Canale.Close(1); });
     Istruzione(s, [&] { s.Canale.Close(2); });
-    s.RigaFile = 0;
-    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+    s.Punto.Riga = 0;
+    s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
 
 void Elenca(Stato& s) {
@@ -119,7 +119,7 @@ void Elenca(Stato& s) {
         if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
             PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
         if (!s.File1.Selected(s.IndiceFile)) continue;
-        s.RigaInLavoro = s.IndiceFile;
+        s.Punto.Voce = s.IndiceFile;
         SelezionaFile1(s, s.IndiceFile, false); // done from here on, whatever happens to it
         ElencaFile(s, s.File1.List(s.IndiceFile));
     }
@@ -164,18 +164,18 @@ void mnuvorn_Click(Stato& s) {
 void mnuLettura_Click(Stato& s) {
     for (;;) {
         s.FileUscita.clear();
-        s.Casa.MsgBox("Per visualizzare l'Identazione in maniera ottimizzata" + Chr(13) +
-                          "Selezionare il carattere TERMINAL - Normale",
-                      OkInformazione, "Lettura Ottimizzata");
+        s.Fronte.MsgBox("Per visualizzare l'Identazione in maniera ottimizzata" + Chr(13) +
+                            "Selezionare il carattere TERMINAL - Normale",
+                        OkInformazione, "Lettura Ottimizzata");
         bool manca = false;
         for (s.IndiceFile = 0; s.IndiceFile <= s.File1.ListCount() - 1 && !manca;) {
             if (s.File1.Selected(s.IndiceFile)) {
-                s.RigaInLavoro = s.IndiceFile;
+                s.Punto.Voce = s.IndiceFile;
                 // ".Log" here and ".log" where it is written name one file.
                 s.FileUscita = PercorsoCorto(s, s.Dir1Path + "\\Appoggio\\" +
-                                                    Testo(BaseDiRiga(s.File1.List(s.IndiceFile))) + ".Log");
+                                                    Testo(BaseDiVoce(s.File1.List(s.IndiceFile))) + ".Log");
                 manca = s.File.Dir(s.FileUscita, 0).empty();
-                if (!manca) s.Casa.Avvia("Notepad.exe " + s.FileUscita, 3);
+                if (!manca) s.Fronte.Avvia("Notepad.exe " + s.FileUscita, 3);
             }
             if (!manca) ++s.IndiceFile;
         }
@@ -187,9 +187,9 @@ void mnuLettura_Click(Stato& s) {
         const Lungo cercata = s.IndiceFile;
         mnuvorn_Click(s);
         if (s.File1.ContaSelezionate() >= prima) {
-            s.RigaInLavoro = cercata;
-            s.RigaFile = 0;
-            s.Casa.MotoreFermato(FaiArresto(s, "mnuLettura_Click", manca53));
+            s.Punto.Voce = cercata;
+            s.Punto.Riga = 0;
+            s.Fronte.MotoreFermato(FaiArresto(s, "mnuLettura_Click", manca53));
             return;
         }
     }

@@ -40,10 +40,10 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     s.Margine = Space(5);
     s.TotaleRighe = 0;
     s.StoriaBlocchi = "00";
-    s.RigaFile = 0;
+    s.Punto.Riga = 0;
 
     s.FileUscita =
-        Istruzione(s, [&] { return s.File.Piega(s.DirAppoggio + "\\" + Testo(BaseDiRiga(voce)) + ".Txt"); });
+        Istruzione(s, [&] { return s.File.Piega(s.DirAppoggio + "\\" + Testo(BaseDiVoce(voce)) + ".Txt"); });
     if (!Istruzione(s, [&] { return s.File.Dir(s.FileUscita, 0); }).empty())
         Istruzione(s, [&] { s.File.Kill(s.FileUscita); });
     s.FileSorgente = s.Dir1Path + "\\" + voce;
@@ -59,7 +59,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     RigheSorgente sorgente(s);
     while (!sorgente.Finita()) {
         ++s.ContaRighe;
-        ++s.RigaFile;
+        ++s.Punto.Riga;
         AvanzaBarra(s, s.Progress);
         const RigaSorgente& riga = sorgente.Prossima();
         s.Riga = riga.Letta.Intera();
@@ -68,21 +68,21 @@ void RiscriviFile(Stato& s, const Testo& voce) {
     ScriviChiusura(s);
     Istruzione(s, [&] { s.Canale.Close(1); });
     Istruzione(s, [&] { s.Canale.Close(2); });
-    s.RigaFile = 0;
-    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
+    s.Punto.Riga = 0;
+    s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
 
 void CopiaSeEsiste(Stato& s) {
     if (Istruzione(s, [&] { return s.File.Dir(s.FileSorgente, 0); }).empty()) return;
     Istruzione(s, [&] { s.File.FileCopy(s.FileSorgente, s.FileUscita); });
-    s.Casa.FileScritto(s.IndiceFile, s.FileUscita, 0);
+    s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, 0);
 }
 
 // Second stage, one selected row: the rewritten text under the module's own name, and the
 // form's binary companion. A row with a directory that is missing below the work directory has
 // its text flat there, where this does not look for it: such a row gets no copy of its own.
 void CopiaFile(Stato& s, const Testo& voce) {
-    const Testo base(Istruzione(s, [&] { return BaseDiRiga(voce); }));
+    const Testo base(Istruzione(s, [&] { return BaseDiVoce(voce); }));
     s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + voce);
     if (!Istruzione(s, [&] { return s.File.Dir(s.DirAppoggio + "\\" + base + ".txt", 0); }).empty())
         s.FileSorgente = s.File.Piega(s.DirAppoggio + "\\" + base + ".txt");
@@ -106,20 +106,20 @@ void Riordina(Stato& s) {
         if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
             PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
         if (!s.File1.Selected(s.IndiceFile)) continue;
-        s.RigaInLavoro = s.IndiceFile;
+        s.Punto.Voce = s.IndiceFile;
         RiscriviFile(s, s.File1.List(s.IndiceFile));
     }
     MostraBarra(s, s.ProgressBar1, false);
     ScriviLabel2(s, "");
     MostraBarra(s, s.Progress, false);
 
-    s.SecondoGiro = true;
+    s.Punto.SecondoGiro = true;
     MostraBarra(s, s.Progress, true);
     LimitaBarra(s, s.Progress, righe + 10);
     PortaBarra(s, s.Progress, 0);
     for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
         if (!s.File1.Selected(s.IndiceFile)) continue;
-        s.RigaInLavoro = s.IndiceFile;
+        s.Punto.Voce = s.IndiceFile;
         AvanzaBarra(s, s.Progress);
         CopiaFile(s, s.File1.List(s.IndiceFile));
     }

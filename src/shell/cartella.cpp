@@ -12,7 +12,7 @@ void SaltaSeFallisce(Stato& s, F&& statement) {
     try {
         statement();
     } catch (const Errore& e) {
-        if (e.Numero == ErrDiscoPieno || e.Numero == ErrDispositivo) s.Casa.ErroreSaltato(e);
+        if (e.Numero == ErrDiscoPieno || e.Numero == ErrDispositivo) s.Fronte.ErroreSaltato(e);
     }
 }
 
@@ -35,7 +35,7 @@ void ScriviDir(Stato& s, Vista mdir) {
     if (!Trim(progetto).empty())
         SaltaSeFallisce(
             s, [&] { s.File.FileCopy(s.Dir1Path + "\\" + progetto, Testo(mdir) + "\\" + progetto); });
-    s.Casa.AggiornaDir1();
+    s.Fronte.AggiornaDir1();
 }
 
 Testo PercorsoCorto(Stato& s, Vista percorso) {

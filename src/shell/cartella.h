@@ -18,7 +18,7 @@ inline constexpr Vista FraseOkLog = "Ok! Directory Creata, ora mettiamoci al lav
 void ScriviDir(Stato& s, Vista mdir);
 
 /// The row without its last 4 bytes, whatever they are. Raises 5 for a row of fewer.
-inline Vista BaseDiRiga(Vista riga) { return Mid(riga, 1, Len(riga) - 4); }
+inline Vista BaseDiVoce(Vista riga) { return Mid(riga, 1, Len(riga) - 4); }
 
 /// The short form of a path for a viewer's command line, cut to 50 bytes; the path itself when
 /// it has none. Where the platform knows no short paths it is the path itself, uncut.

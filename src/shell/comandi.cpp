@@ -36,7 +36,7 @@ void Command1_Click(Stato& s) {
         const Testo domanda =
             "Vuoi riordinare il Codice di tutti i form, moduli e classi presenti nel progetto" + Chr(13) +
             Testo(s.File1Leggi.Scelto());
-        s.IndiceFile = s.Casa.MsgBox(domanda, SiNoInformazione, "Identazione");
+        s.IndiceFile = s.Fronte.MsgBox(domanda, SiNoInformazione, "Identazione");
     }
     if (s.IndiceFile != RispostaSi) return;
     mnuRiordina_Click(s);
@@ -44,8 +44,8 @@ void Command1_Click(Stato& s) {
 }
 
 void Form_Unload(Stato& s) {
-    s.Casa.MsgBox("Procedura di Dario Fenzoni" + Chr(13) + "E-mail: " + Testo(IndirizzoContatto),
-                  OkInformazione, "Bye bye");
+    s.Fronte.MsgBox("Procedura di Dario Fenzoni" + Chr(13) + "E-mail: " + Testo(IndirizzoContatto),
+                    OkInformazione, "Bye bye");
 }
 
 } // namespace morvella

@@ -25,9 +25,9 @@ enum RispostaMsgBox : int { RispostaOk = 1, RispostaSi = 6, RispostaNo = 7 };
 /// An engine that the handler ended. The window says nothing of it.
 struct Arresto {
     Vista Motore;             // the operation that was called, "mnuRiordina_Click"
-    Lungo Riga = -1;          // the row of File1 in work, -1 before the first
+    Lungo Voce = -1;          // the row of File1 in work, -1 before the first
     bool SecondoGiro = false; // the rewriter's second stage: the earlier rows are complete
-    Lungo RigaFile = 0;       // the line of the source in work, from 1; 0 when none was
+    Lungo Riga = 0;           // the line of the source in work, from 1; 0 if none was
     Lungo RigaListato = 0;    // the same line as the listing numbers it
     Testo Linea;              // the line, trimmed
     Errore Causa{0};
@@ -46,8 +46,8 @@ struct PassoMargine {
         Fine,        // a procedure's end, behind its balance test
     };
     Genere Che;
-    Lungo Riga;        // of File1
-    Lungo RigaFile;    // of the source, from 1
+    Lungo Voce;        // the row of File1
+    Lungo Riga;        // of the source, from 1
     Lungo RigaListato; // as the listing numbers it
     Lungo Larghezza;   // of the margin, in bytes
     Vista Margine;
@@ -73,15 +73,15 @@ class Finestra {
     /// The focus goes to Text1.
     virtual void PortaFuocoSuText1() = 0;
 
-    /// Word for a home that reports what the window keeps silent about.
+    /// For a front end that reports what the window keeps silent about.
     virtual void MotoreFermato(const Arresto& arresto) = 0;
     /// Bytes did not reach a file in a place that passes over its errors.
     virtual void ErroreSaltato(const Errore& causa) = 0;
-    /// A file of row `riga` was written whole; `percorso` is its text, `righe` the lines read
+    /// A file of row `voce` was written whole; `percorso` is its text, `righe` the lines read
     /// for it, 0 for a copy.
-    virtual void FileScritto(Lungo riga, Vista percorso, Lungo righe) = 0;
-    /// Whether this home wants to hear of the margin: MargineMosso is called only then. Asked once a
-    /// file; without it a listing is made faster, with the same bytes.
+    virtual void FileScritto(Lungo voce, Vista percorso, Lungo righe) = 0;
+    /// Whether this front end watches the margin: MargineMosso is called only then. Asked once per
+    /// file; a listing nobody watches is made faster, with the same bytes.
     virtual bool SegueMargine() const { return true; }
     /// The listing's margin moved.
     virtual void MargineMosso(const PassoMargine& passo) = 0;

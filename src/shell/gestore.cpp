@@ -48,17 +48,17 @@ Seguito Gestisci(Stato& s, const Errore& e, bool& invano) {
     try {
         ChiudiCanali(s);
     } catch (const Errore& chiusura) {
-        s.Casa.MotoreFermato(FaiArresto(s, "Close", chiusura));
+        s.Fronte.MotoreFermato(FaiArresto(s, "Close", chiusura));
     }
     throw FineMotore{e};
 }
 
 Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa) {
-    const bool inRiga = s.RigaFile > 0;
+    const bool inRiga = s.Punto.Riga > 0;
     return {motore,
-            s.RigaInLavoro,
-            s.SecondoGiro,
-            s.RigaFile,
+            s.Punto.Voce,
+            s.Punto.SecondoGiro,
+            s.Punto.Riga,
             inRiga ? s.ContaRighe : 0,
             inRiga ? Testo(s.Riga) : Testo(),
             causa};
@@ -67,8 +67,8 @@ Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa) {
 void ProteggiSorgenti(Stato& s) {
     // A command given again and again for the rows that are left must not look at every row
     // each time.
-    if (s.ProtettaVersione == s.File1.Versione() && s.ProtettaDirectory == s.Dir1Path &&
-        s.ProtettoProgetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
+    if (s.Protetto.Versione == s.File1.Versione() && s.Protetto.Directory == s.Dir1Path &&
+        s.Protetto.Progetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
         return;
     std::vector<Testo> percorsi;
     percorsi.reserve(static_cast<std::size_t>(s.File1.ListCount()) * 2 + 1);
@@ -79,11 +79,11 @@ void ProteggiSorgenti(Stato& s) {
             percorsi.push_back(s.Dir1Path + "\\" + Testo(Mid(riga, 1, Len(riga) - 4)) + ".Frx");
     }
     percorsi.push_back(s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
-    s.ProtettaVersione = -1; // half a protection is none
+    s.Protetto.Versione = -1; // half a protection is none
     s.File.Proteggi(percorsi);
-    s.ProtettaVersione = s.File1.Versione();
-    s.ProtettaDirectory = s.Dir1Path;
-    s.ProtettoProgetto = s.File1Leggi.Scelto();
+    s.Protetto.Versione = s.File1.Versione();
+    s.Protetto.Directory = s.Dir1Path;
+    s.Protetto.Progetto = s.File1Leggi.Scelto();
 }
 
 } // namespace morvella

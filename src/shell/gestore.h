@@ -61,10 +61,10 @@ void ProteggiSorgenti(Stato& s);
 /// meanwhile.
 template <class F>
 void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
-    s.RigaInLavoro = -1;
+    s.Punto.Voce = -1;
     s.Riga = s.RigaLetta = {}; // of an engine that was stopped in a line
-    s.RigaFile = 0;
-    s.SecondoGiro = false;
+    s.Punto.Riga = 0;
+    s.Punto.SecondoGiro = false;
     try {
         try {
             ProteggiSorgenti(s);
@@ -74,7 +74,7 @@ void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
             Gestisci(s, Errore(ErrMemoria), invano);
         }
     } catch (const FineMotore& fine) {
-        s.Casa.MotoreFermato(FaiArresto(s, motore, fine.Causa));
+        s.Fronte.MotoreFermato(FaiArresto(s, motore, fine.Causa));
     }
 }
 

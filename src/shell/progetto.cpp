@@ -3,7 +3,7 @@
 
 namespace morvella {
 
-std::optional<Vista> RigaDiProgetto(Vista linea) {
+std::optional<Vista> VoceDiProgetto(Vista linea) {
     // The name of a form begins at byte 6, whatever byte 5 is: "Form1=x" gives "=x".
     if (Mid(linea, 1, 4) == "Form") return Trim(Mid(linea, 6, Len(linea)));
     // Without a ";" the search gives 0 and the whole line becomes the row.
@@ -16,7 +16,7 @@ void LeggiProgetto(Stato& s) {
     s.File1.Clear();
     s.Canale.OpenInput(1, s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
     while (!s.Canale.Eof(1))
-        if (const auto riga = RigaDiProgetto(s.Canale.LineInput(1))) s.File1.AddItem(*riga);
+        if (const auto riga = VoceDiProgetto(s.Canale.LineInput(1))) s.File1.AddItem(*riga);
     s.Canale.Close(1);
 }
 

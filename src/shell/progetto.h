@@ -13,7 +13,7 @@ namespace morvella {
 
 /// The row that a line of a project file adds, nothing for a line that adds none. The result
 /// looks into `linea`.
-std::optional<Vista> RigaDiProgetto(Vista linea);
+std::optional<Vista> VoceDiProgetto(Vista linea);
 
 /// Empties File1 and fills it from the chosen project file through channel 1. Raises what the
 /// opening and the reading raise: no handler stands here.

@@ -19,27 +19,27 @@ void DirectoryCambiata(Stato& s, F&& elenca) {
         s.mnuvorn = false;
     } catch (const Errore& e) {
         // sic: number and description run together
-        s.Casa.MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
+        s.Fronte.MsgBox(CStr(e.Numero) + Testo(Descrizione(e.Numero)), OkDomanda, "");
     }
 }
 
 } // namespace
 
 void ListaFile1::AddItem(Vista testo) {
-    righe_.push_back({Testo(testo), LCase(testo), false});
+    voci_.push_back({Testo(testo), LCase(testo), false});
     ordinate_ = false;
     ++versione_;
 }
 
-ListaFile1::Voce& ListaFile1::Riga(Lungo i) const {
+ListaFile1::Voce& ListaFile1::In(Lungo i) const {
     if (i < 0 || i >= ListCount()) throw Errore(ErrArgomento);
     if (!ordinate_) {
         // Stable: equal rows keep the order in which they came.
-        std::stable_sort(righe_.begin(), righe_.end(),
+        std::stable_sort(voci_.begin(), voci_.end(),
                          [](const Voce& a, const Voce& b) { return a.Chiave < b.Chiave; });
         ordinate_ = true;
     }
-    return righe_[static_cast<std::size_t>(i)];
+    return voci_[static_cast<std::size_t>(i)];
 }
 
 void SelezionaFile1(Stato& s, Lungo i, bool selezionata) {
@@ -55,23 +55,23 @@ void File1_Click(Stato& s) {
 
 void ScriviLabel2(Stato& s, Vista testo) {
     s.Label2 = testo;
-    s.Casa.RidisegnaLabel2();
+    s.Fronte.RidisegnaLabel2();
 }
 
 void MostraBarra(Stato& s, Barra& barra, bool visibile) {
     barra.Visible = visibile;
-    s.Casa.RidisegnaBarra(barra);
+    s.Fronte.RidisegnaBarra(barra);
 }
 
 void LimitaBarra(Stato& s, Barra& barra, Lungo massimo) {
     barra.Max = massimo;
-    s.Casa.RidisegnaBarra(barra);
+    s.Fronte.RidisegnaBarra(barra);
 }
 
 void PortaBarra(Stato& s, Barra& barra, Lungo valore) {
     barra.Value = valore;
     barra.Prossimo = valore + std::max<Lungo>(barra.Max / 200, 1);
-    s.Casa.RidisegnaBarra(barra);
+    s.Fronte.RidisegnaBarra(barra);
 }
 
 void CambiaCheck1(Stato& s, int valore) {
@@ -82,7 +82,7 @@ void CambiaCheck1(Stato& s, int valore) {
 
 void Check1_Click(Stato& s) {
     s.Text1TabStop = s.Check1 == 1;
-    if (s.Check1 == 1) s.Casa.PortaFuocoSuText1();
+    if (s.Check1 == 1) s.Fronte.PortaFuocoSuText1();
 }
 
 void PreparaProgress(Stato& s) {
@@ -128,8 +128,8 @@ void Drive1_Change(Stato& s) {
     try {
         CambiaDir1(s, s.File.DiscoInUso().DirectoryUnita(Utf8Da1252(s.Drive1Drive)));
     } catch (const Errore&) { // any error
-        s.Casa.Beep();
-        s.Casa.MsgBox("Verificare il Driver .. non risponde", OkStop, "Driver Vuoto (?)"); // sic
+        s.Fronte.Beep();
+        s.Fronte.MsgBox("Verificare il Driver .. non risponde", OkStop, "Driver Vuoto (?)"); // sic
         CambiaDrive1(s, "C:");
     }
     s.FileUscita.clear();

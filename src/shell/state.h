@@ -41,21 +41,21 @@ struct Barra {
 class ListaFile1 {
   public:
     void Clear() {
-        righe_.clear();
+        voci_.clear();
         ++versione_;
     }
     void AddItem(Vista testo);
-    Lungo ListCount() const noexcept { return static_cast<Lungo>(righe_.size()); }
+    Lungo ListCount() const noexcept { return static_cast<Lungo>(voci_.size()); }
     /// The row's text; raises 5 for a row that is not there.
-    const Testo& List(Lungo i) const { return Riga(i).Scritta; }
-    bool Selected(Lungo i) const { return Riga(i).Selezionata; }
+    const Testo& List(Lungo i) const { return In(i).Scritta; }
+    bool Selected(Lungo i) const { return In(i).Selezionata; }
     Lungo ContaSelezionate() const noexcept {
-        return std::count_if(righe_.begin(), righe_.end(), [](const Voce& voce) { return voce.Selezionata; });
+        return std::count_if(voci_.begin(), voci_.end(), [](const Voce& voce) { return voce.Selezionata; });
     }
     /// Another number after each change of the rows; selecting is none.
     Lungo Versione() const noexcept { return versione_; }
     /// Without the event; the way in is SelezionaFile1.
-    void Segna(Lungo i, bool selezionata) { Riga(i).Selezionata = selezionata; }
+    void Segna(Lungo i, bool selezionata) { In(i).Selezionata = selezionata; }
 
   private:
     struct Voce {
@@ -63,9 +63,9 @@ class ListaFile1 {
         Testo Chiave;
         bool Selezionata = false;
     };
-    Voce& Riga(Lungo i) const;
+    Voce& In(Lungo i) const;
 
-    mutable std::vector<Voce> righe_; // put in order when first asked: adding n rows is no n * n
+    mutable std::vector<Voce> voci_; // put in order when first asked: adding n rows is no n * n
     mutable bool ordinate_ = true;
     Lungo versione_ = 0;
 };
@@ -94,14 +94,29 @@ struct ElencoShowFile {
     Vista Resto() const noexcept { return Vista(Voci).substr(Presi); }
 };
 
+/// Where the running engine stands, for front ends that report what it found or what ended it.
+struct PuntoDiLavoro {
+    Lungo Voce = -1;            // the row of File1, -1 before the first
+    Lungo Riga = 0;             // the line of the source, from 1; 0 outside the second pass
+    bool SecondoGiro = false;   // the rewriter's second stage
+    bool MargineSeguito = true; // the front end watches every step of the margin
+};
+
+/// The list of rows whose sources are protected from every write (shell/gestore.h).
+struct ElencoProtetto {
+    Lungo Versione = -1; // ListaFile1::Versione; -1 protects nothing yet
+    Testo Directory;
+    Testo Progetto;
+};
+
 struct Stato {
-    Stato(Disco& disco, Finestra& finestra) : File(disco), Canale(File), Casa(finestra) {}
+    Stato(Disco& disco, Finestra& finestra) : File(disco), Canale(File), Fronte(finestra) {}
     Stato(const Stato&) = delete;
     Stato& operator=(const Stato&) = delete;
 
     Archivio File;
     Canali Canale;
-    Finestra& Casa;
+    Finestra& Fronte; // the front end
 
     // VornOK
     Testo FileSorgente;       // full path of the source in work
@@ -149,16 +164,9 @@ struct Stato {
     bool Text1TabStop = false;
     bool Option1_0 = false; // "*.Bas"; hidden, so it stays off in any window
 
-    // Where the engine in work stands, for the home that reports what it found or what ended it.
-    Lungo RigaInLavoro = -1; // of File1
-    Lungo RigaFile = 0;      // of the source, from 1; 0 but for the second pass
-    bool SecondoGiro = false;
-    bool MargineSeguito = true; // the home wants to hear of every step of the margin
-
-    // For which list of rows the sources are out of reach of every write (shell/gestore.h).
-    Lungo ProtettaVersione = -1;
-    Testo ProtettaDirectory;
-    Testo ProtettoProgetto;
+    // Not the program's own: for the front ends and for the protection of the sources.
+    PuntoDiLavoro Punto;
+    ElencoProtetto Protetto;
 };
 
 /// `File1.Selected(i) = selezionata`; raises File1_Click.

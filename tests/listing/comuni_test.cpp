@@ -73,8 +73,8 @@ Esito Elenca(const Testo& bytes, bool segue, int togliCommenti, bool lf = false)
     mnuvorn_Click(b.S);
     Esito esito{b.Log("F.log"), {}, Testo(Vista(b.S.Margine)) + '|' + Testo(Vista(b.S.StoriaBlocchi))};
     for (const Arresto& a : b.Casa.Arresti)
-        esito.Arresti.push_back(CStr(a.Causa.Numero) + '|' + CStr(a.RigaFile) + '|' + CStr(a.RigaListato) +
-                                '|' + a.Linea);
+        esito.Arresti.push_back(CStr(a.Causa.Numero) + '|' + CStr(a.Riga) + '|' + CStr(a.RigaListato) + '|' +
+                                a.Linea);
     return esito;
 }
 
@@ -137,7 +137,7 @@ TEST(Comuni, QuanteInUnaVolta) {
     for (const Prova& prova : casi) {
         Banco b;
         b.Disco.FaiDirectory("/p/Appoggio");
-        b.S.MargineSeguito = false;
+        b.S.Punto.MargineSeguito = false;
         b.S.Margine = Space(3);
         b.S.StoriaBlocchi = "00";
         b.S.Numero = CampoNumero(41);
@@ -159,9 +159,9 @@ TEST(Comuni, QuanteInUnaVolta) {
         EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), static_cast<Lungo>(prova.Quante));
         // Followed by the home, or into a channel that is not open, or from a wide margin: none.
         b.S.Canale.OpenOutput(2, "\\p\\Appoggio\\x.log");
-        b.S.MargineSeguito = true;
+        b.S.Punto.MargineSeguito = true;
         EXPECT_EQ(ElencaComuni(b.S, sorgente.Pronte()), 0u);
-        b.S.MargineSeguito = false;
+        b.S.Punto.MargineSeguito = false;
         b.S.Margine = Space(33);
         EXPECT_EQ(ElencaComuni(b.S, sorgente.Pronte()), 0u);
         b.S.Margine = Space(3);

@@ -227,8 +227,8 @@ TEST(Connettori, ErroreCinqueDietroEndSub) {
         const Arresto& arresto = b.Casa.Arresti[0];
         EXPECT_EQ(arresto.Motore, "mnuvorn_Click");
         EXPECT_EQ(arresto.Causa.Numero, 5);
-        EXPECT_EQ(arresto.Riga, 0);
-        EXPECT_EQ(arresto.RigaFile, 5);
+        EXPECT_EQ(arresto.Voce, 0);
+        EXPECT_EQ(arresto.Riga, 5);
         EXPECT_EQ(arresto.RigaListato, 3);
         EXPECT_EQ(arresto.Linea, linea);
 
@@ -469,7 +469,7 @@ TEST(Connettori, DiceOgniMossa) {
                   "Function f()", "Loop", "End Function"});
     struct Mossa {
         PassoMargine::Genere Che;
-        Lungo RigaFile, RigaListato, Larghezza;
+        Lungo Riga, RigaListato, Larghezza;
         Testo Linea;
         bool operator==(const Mossa&) const = default;
     };
@@ -489,14 +489,14 @@ TEST(Connettori, DiceOgniMossa) {
     };
     std::vector<Mossa> avute;
     for (const auto& passo : b.Casa.Passi) {
-        EXPECT_EQ(passo.Come.Riga, 0);
+        EXPECT_EQ(passo.Come.Voce, 0);
         avute.push_back(
-            {passo.Come.Che, passo.Come.RigaFile, passo.Come.RigaListato, passo.Come.Larghezza, passo.Linea});
+            {passo.Come.Che, passo.Come.Riga, passo.Come.RigaListato, passo.Come.Larghezza, passo.Linea});
     }
     ASSERT_EQ(avute.size(), attese.size());
     for (std::size_t i = 0; i < attese.size(); ++i)
         EXPECT_TRUE(avute[i] == attese[i])
-            << i << ' ' << avute[i].Che << ' ' << avute[i].RigaFile << ' ' << avute[i].RigaListato << ' '
+            << i << ' ' << avute[i].Che << ' ' << avute[i].Riga << ' ' << avute[i].RigaListato << ' '
             << avute[i].Larghezza << ' ' << avute[i].Linea;
 }
 

@@ -455,8 +455,8 @@ TEST(Corsa, SorgenteMancante) {
     mnuvorn_Click(b.S);
     ASSERT_EQ(b.Casa.Arresti.size(), 1U);
     EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 53);
-    EXPECT_EQ(b.Casa.Arresti[0].Riga, 1);
-    EXPECT_EQ(b.Casa.Arresti[0].RigaFile, 0);
+    EXPECT_EQ(b.Casa.Arresti[0].Voce, 1);
+    EXPECT_EQ(b.Casa.Arresti[0].Riga, 0);
     EXPECT_EQ(b.S.Label2, "\\p\\A.frm");
     EXPECT_EQ(b.Selezione(), "001");
     EXPECT_TRUE(b.Fatto("A.log"));

@@ -316,7 +316,7 @@ TEST(Righe, CortaErrore5) {
         p.B.Riga("zzzz.bas"); // behind it, never reached
         p.Esegui();
         EXPECT_EQ(p.B.Arresto(), 5) << corta;
-        EXPECT_EQ(p.B.Casa.Arresti.front().Riga, 1);
+        EXPECT_EQ(p.B.Casa.Arresti.front().Voce, 1);
         EXPECT_EQ(p.A("a.txt"), Rifatto);     // the rows before it are done,
         EXPECT_EQ(p.InAppoggio(), "a.txt");   // but the second stage is not
         EXPECT_EQ(p.S.ProgressBar1.Value, 2); // and the window stays as it stood

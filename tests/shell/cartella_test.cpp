@@ -161,7 +161,7 @@ TEST(Cartella, IlTestoPiegatoConduceLi) {
               "/data/Prog/Appoggio/x.txt");
 }
 
-TEST(Cartella, BaseDiRiga) {
+TEST(Cartella, BaseDiVoce) {
     struct Caso {
         Vista Riga, Base;
     };
@@ -169,9 +169,9 @@ TEST(Cartella, BaseDiRiga) {
         {"Form1.frm", "Form1"}, {"Form1.f", "For"},       {"Form1.html", "Form1."}, // four bytes, whatever
         {".frm", ""},           {"sub\\a.bas", "sub\\a"}, {"..\\a.bas", "..\\a"},
     };
-    for (const Caso& c : Casi) EXPECT_EQ(BaseDiRiga(c.Riga), c.Base) << c.Riga;
+    for (const Caso& c : Casi) EXPECT_EQ(BaseDiVoce(c.Riga), c.Base) << c.Riga;
     for (const Vista riga : {"", "a", "ab", "abc"})
-        EXPECT_EQ(NumeroDi([&] { return BaseDiRiga(riga); }), 5) << riga;
+        EXPECT_EQ(NumeroDi([&] { return BaseDiVoce(riga); }), 5) << riga;
 }
 
 TEST(Cartella, PercorsoCortoSenzaPercorsiCorti) {

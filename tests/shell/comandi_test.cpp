@@ -158,7 +158,7 @@ TEST(Command1, ListatoAncheDopoUnArresto) {
     for (const Arresto& a : b.Casa.Arresti) {
         EXPECT_EQ(a.Causa.Numero, 53);
         EXPECT_EQ(a.Causa.File, "\\p\\B.bas");
-        EXPECT_EQ(a.Riga, 1);
+        EXPECT_EQ(a.Voce, 1);
     }
     EXPECT_EQ(b.Casa.Box_.size(), 1u);
     EXPECT_TRUE(b.Fatto("a.txt"));
@@ -328,7 +328,7 @@ TEST(Motori, CartellaCheNonSiPuoFare) {
         motore(b.S);
         ASSERT_EQ(b.Casa.Arresti.size(), 1u);
         EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 76);
-        EXPECT_EQ(b.Casa.Arresti[0].Riga, 0);
+        EXPECT_EQ(b.Casa.Arresti[0].Voce, 0);
         EXPECT_FALSE(b.S.Canale.Aperto(1) || b.S.Canale.Aperto(2));
     }
 }

@@ -236,9 +236,9 @@ TEST(Gestore, Appiattisci) {
 TEST(Gestore, EseguiMotore) {
     ConCanali b;
     EseguiMotore(b.S, "prova_Click", [&] {
-        EXPECT_EQ(b.S.RigaInLavoro, -1);
-        b.S.RigaInLavoro = 3;
-        b.S.RigaFile = 12;
+        EXPECT_EQ(b.S.Punto.Voce, -1);
+        b.S.Punto.Voce = 3;
+        b.S.Punto.Riga = 12;
         b.S.ContaRighe = 10;
         b.S.Riga = "If x";
         Istruzione(b.S, [] { throw Errore(53, "\\p\\manca"); });
@@ -249,8 +249,8 @@ TEST(Gestore, EseguiMotore) {
     EXPECT_EQ(a.Motore, "prova_Click");
     EXPECT_EQ(a.Causa.Numero, 53);
     EXPECT_EQ(a.Causa.File, "\\p\\manca");
-    EXPECT_EQ(a.Riga, 3);
-    EXPECT_EQ(a.RigaFile, 12);
+    EXPECT_EQ(a.Voce, 3);
+    EXPECT_EQ(a.Riga, 12);
     EXPECT_EQ(a.RigaListato, 10);
     EXPECT_EQ(a.Linea, "If x");
     EXPECT_FALSE(a.SecondoGiro);
@@ -268,13 +268,13 @@ struct FinestraSenzaMemoria : prove::FinestraFinta {
 TEST(Gestore, MemoriaFinitaTraDueIstruzioni) {
     ConCanali b;
     EseguiMotore(b.S, "prova_Click", [&] {
-        b.S.RigaInLavoro = 2;
+        b.S.Punto.Voce = 2;
         throw std::bad_alloc();
     });
     ASSERT_EQ(b.Casa.Arresti.size(), 1u);
     EXPECT_EQ(b.Casa.Arresti[0].Motore, "prova_Click");
     EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 7);
-    EXPECT_EQ(b.Casa.Arresti[0].Riga, 2);
+    EXPECT_EQ(b.Casa.Arresti[0].Voce, 2);
     EXPECT_TRUE(b.Chiusi());
 }
 
@@ -290,7 +290,7 @@ TEST(Motori, MemoriaFinitaTraDueIstruzioni) {
         motore(s); // returns, as after any error: the caller goes on
         ASSERT_EQ(casa.Arresti.size(), 1u);
         EXPECT_EQ(casa.Arresti[0].Causa.Numero, 7);
-        EXPECT_EQ(casa.Arresti[0].Riga, 0);
+        EXPECT_EQ(casa.Arresti[0].Voce, 0);
         EXPECT_FALSE(s.Canale.Aperto(1) || s.Canale.Aperto(2));
     }
 }

@@ -15,7 +15,7 @@ using prove::NumeroDi;
 // In place of a row: the line adds none.
 constexpr Vista Nessuna = "<nessuna>";
 
-TEST(Progetto, RigaDiProgetto) {
+TEST(Progetto, VoceDiProgetto) {
     struct Caso {
         Vista Linea, Riga;
     };
@@ -81,7 +81,7 @@ TEST(Progetto, RigaDiProgetto) {
         {";", Nessuna},
     };
     // clang-format on
-    for (const Caso& c : Casi) EXPECT_EQ(RigaDiProgetto(c.Linea).value_or(Nessuna), c.Riga) << c.Linea;
+    for (const Caso& c : Casi) EXPECT_EQ(VoceDiProgetto(c.Linea).value_or(Nessuna), c.Riga) << c.Linea;
 }
 
 TEST(Progetto, Legge) {

@@ -39,6 +39,9 @@ TEST(Menu, Righe) {
          testa + Menu(" mnufile ", "\"&File\"")},
         {"quotes, accelerator, comment and trailing blanks",
          "Begin VB.Menu m\nCaption         =   \"Fi&le\"  'x  \n", true, testa + Menu(" m", "\"Fi&le\"  'x")},
+        {"the first marker of two, at column 1",
+         "Begin VB.Menu m\nCaption         =   Caption         =   \"x\"\n", true,
+         testa + Menu(" m", "Caption         =   \"x\"")},
         {"a sub-menu is one more table under one head",
          "   Begin VB.Menu Menu1 \n      Caption         =   \"A\"\n      Begin VB.Menu Sub1 \n"
          "         Caption         =   \"B\"\n      End\n   End\n",

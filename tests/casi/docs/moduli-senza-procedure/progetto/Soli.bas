@@ -1,3 +1,3 @@
 Attribute VB_Name = "Soli"
-Public Const Massimo = 9
-Public Declare Function GetTickCount Lib "kernel32" () As Long
+Const Massimo = 9
+Declare Function GetTickCount Lib "kernel32" () As Long

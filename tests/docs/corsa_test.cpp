@@ -162,7 +162,7 @@ TEST(Corsa, Label2) {
               (std::vector<Testo>{"\\p\\B.bas  1/3", "\\p\\E.bas  4/3", "\\p\\J.bas  9/3", ""}));
 }
 
-// The bar counts the lines that the page's loop reads: the one behind a menu is not among them.
+// The bar counts the lines that the page's loop reads: the one after a menu is not among them.
 // It stays in view behind the question.
 TEST(Corsa, Progress) {
     Banco b;

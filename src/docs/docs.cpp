@@ -106,6 +106,11 @@ Testo PreparaDirectory(Stato& s) {
     return directory;
 }
 
+Testo PercorsoPagina(const Testo& dirPagine, Vista voce) {
+    const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
+    return dirPagine + (radice ? "" : "\\") + Testo(BaseDiVoce(voce)) + ".Html";
+}
+
 void CopiaFigure(Stato& s, const Testo& dirPagine) {
     if (s.AppPath == s.Dir1Path && s.AppPath == dirPagine) return;
     for (const Vista nome : Figure) {
@@ -132,10 +137,7 @@ void mnuHTML_Click(Stato& s) {
         s.Margine = Space(5);
         s.StoriaBlocchi = "00";
         s.TotaleRighe = 0;
-        const Testo pagina = Testo(BaseDiVoce(voce)) + ".Html";
-        const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
-        s.FileUscita = dirPagine;
-        s.FileUscita.append(radice ? "" : "\\").append(pagina);
+        s.FileUscita = PercorsoPagina(dirPagine, voce);
         if (!s.File.Dir(s.FileUscita, 0).empty()) s.File.Kill(s.FileUscita);
         s.FileSorgente = s.Dir1Path + "\\" + voce;
         // The place in the whole list, from 0, over the number selected: "9/3" can be.

@@ -23,6 +23,10 @@ void mnuHTML_Click(Stato& s);
 /// it is missing or holds no plain file; raises 75 in the second case.
 Testo PreparaDirectory(Stato& s);
 
+/// The path of a row's page in `dirPagine`, with no second separator after the root of a drive.
+/// Raises 5 for a row of fewer than 4 bytes.
+Testo PercorsoPagina(const Testo& dirPagine, Vista voce);
+
 /// Lays the pictures of the pages into `dirPagine` where they are not there yet; raises 53 when
 /// one is not beside the program.
 void CopiaFigure(Stato& s, const Testo& dirPagine);

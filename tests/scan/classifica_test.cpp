@@ -23,7 +23,7 @@ Testo Misto(Vista s) { // "eNd If": every second letter the other way round
 
 void Prova(const Caso& caso) { EXPECT_EQ(ClassificaRiga(caso.Riga), caso.Attesa) << '"' << caso.Riga << '"'; }
 
-// Every alternative of every row, bare and with something behind it; then one byte shorter. A
+// Every alternative of every row, bare and with something after it; then one byte shorter. A
 // shorter one is often taken by another row, and that row is named here.
 struct Alternativa {
     Vista Inizio;
@@ -83,7 +83,7 @@ TEST(Classifica, OgniAlternativaInOgniCarattere) {
         Prova({LCase(a.Inizio), a.Attesa});
         Prova({UCase(a.Inizio), a.Attesa});
         Prova({Misto(a.Inizio), a.Attesa});
-        if (a.Inizio == "do") continue; // nothing may stand behind it
+        if (a.Inizio == "do") continue; // nothing may stand after it
         Prova({LCase(a.Inizio) + "x", a.Attesa});
         Prova({UCase(a.Inizio) + " Y(1)", a.Attesa});
         Prova({Misto(a.Inizio) + "\t", a.Attesa});
@@ -287,7 +287,7 @@ Classe ClassificaIngenua(const Testo& riga, bool listato) {
 
 void Confronta(const Testo& riga) {
     const Classe classe = ClassificaRiga(riga);
-    // The same in the midst of others, where a blank or a CR stands behind a trimmed line.
+    // The same in the midst of others, where a blank or a CR stands after a trimmed line.
     static Testo prima;
     if (Trim(riga) == riga) {
         for (const Testo& dietro :

@@ -522,7 +522,7 @@ TEST(TestaStruttura, OgniRigaDellaTavola) {
         {"Attribute VB_Name = \"x\"",      5, 5, 2, {7, TestaECodice, 1}},
         {"Attribute VB_Exposed = True",    5, 5, 2, {7, TestaECodice, 1}},
         {"Attribute VB_Exposed = False",   5, 5, 2, {7, TestaERiparte, 1}},
-        // Option Explicit behind five of them
+        // Option Explicit after five of them
         {"Option Explicit",                5, 5, 2, {7, TestaECodice, 1}},
         {"Option Explicit 'x",             5, 5, 2, {7, TestaECodice, 1}},
         {"Option ExplicitX",               5, 5, 2, {7, TestaECodice, 1}},

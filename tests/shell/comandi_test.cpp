@@ -48,7 +48,7 @@ TEST(Seleziona, Tutto) {
         mnuSeleziona_Click(b.S);
         EXPECT_EQ(b.S.mnuSeleziona, c.DidascaliaDopo);
         EXPECT_EQ(b.Selezione(), c.Dopo);
-        EXPECT_EQ(b.S.IndiceFile, 3); // the loop index, left behind the last row
+        EXPECT_EQ(b.S.IndiceFile, 3); // the loop index, left after the last row
     }
 }
 

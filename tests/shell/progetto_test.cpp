@@ -156,10 +156,10 @@ TEST(File1, Ordine) {
         {{"A", "a", "A"}, {"A", "a", "A"}},
         {{"x.bas", "x.bas"}, {"x.bas", "x.bas"}},                   // the same file twice
         {{"a_b", "aB", "a.b", "a b"}, {"a b", "a.b", "a_b", "aB"}}, // "_" is below the small letters
-        {{"Z", "[", "_"}, {"[", "_", "Z"}},                         // folded, Z is behind them
+        {{"Z", "[", "_"}, {"[", "_", "Z"}},                         // folded, Z comes after them
         {{"ab", "a", ""}, {"", "a", "ab"}},
         {{"a10", "a9", "a1"}, {"a1", "a10", "a9"}},                     // bytes, not numbers
-        {{"\xC8", "\xE8", "z", "\xE0"}, {"z", "\xE0", "\xC8", "\xE8"}}, // behind z; È and è are equal
+        {{"\xC8", "\xE8", "z", "\xE0"}, {"z", "\xE0", "\xC8", "\xE8"}}, // after z; È and è are equal
         {{"..\\x", "x", "sub\\x"}, {"..\\x", "sub\\x", "x"}},
         {{"\x80", "z", "~"}, {"z", "~", "\x80"}}, // bytes from 128 on are high, not negative
     };

@@ -5,7 +5,7 @@
 
 #include "docs/righe.h"
 #include "shell/cartella.h"
-#include "shell/gestore.h"
+#include "shell/protezione.h"
 
 namespace morvella {
 

@@ -52,8 +52,4 @@ template <class F>
 /// An engine's end at the place where the state stands.
 Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa);
 
-/// Tells every row's source, its companion and the project file to the file layer as files
-/// that are only to be read.
-void ProteggiSorgenti(Stato& s);
-
 } // namespace morvella

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "shell/gestore.h"
+#include "shell/protezione.h"
 
 namespace morvella {
 

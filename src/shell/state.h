@@ -10,77 +10,13 @@
 // controls raise: selecting a row in File1 enables three commands, for instance.
 #pragma once
 
-#include <algorithm>
-#include <vector>
-
+#include "shell/controlli.h"
 #include "shell/finestra.h"
+#include "shell/protezione.h"
+#include "shell/testi.h"
 #include "text/primitive.h"
 
 namespace morvella {
-
-/// The address that stands in banners, boxes and pages: 21 bytes, so that the lines that
-/// hold it keep their width.
-inline constexpr Vista IndirizzoContatto = "vorn@morvella.example";
-static_assert(IndirizzoContatto.size() == 21);
-
-/// Stands in front of a procedure's end whose margin is not blank.
-inline constexpr Vista ErroreGenerico = // sic
-    "######  Errore generico - Manca uno o pi\xF9 elementi di chiusura ENDIF - Loop, Next ... ect";
-
-/// A progress bar. A Max of 0 is accepted.
-struct Barra {
-    Lungo Min = 0;
-    Lungo Max = 100;
-    Lungo Value = 0;
-    bool Visible = false;
-    Lungo Prossimo = 0; // the value from which a change can be seen again
-};
-
-/// The list of the project's sources. Rows are numbered from 0 and stand in ascending order
-/// of the bytes of LCase(row), a row equal to others behind them.
-class ListaFile1 {
-  public:
-    void Clear() {
-        voci_.clear();
-        ++versione_;
-    }
-    void AddItem(Vista testo);
-    Lungo ListCount() const noexcept { return static_cast<Lungo>(voci_.size()); }
-    /// The row's text; raises 5 for a row that is not there.
-    const Testo& List(Lungo i) const { return In(i).Scritta; }
-    bool Selected(Lungo i) const { return In(i).Selezionata; }
-    Lungo ContaSelezionate() const noexcept {
-        return std::count_if(voci_.begin(), voci_.end(), [](const Voce& voce) { return voce.Selezionata; });
-    }
-    /// Another number after each change of the rows; selecting is none.
-    Lungo Versione() const noexcept { return versione_; }
-    /// Without the event; the way in is SelezionaFile1.
-    void Segna(Lungo i, bool selezionata) { In(i).Selezionata = selezionata; }
-
-  private:
-    struct Voce {
-        Testo Scritta;
-        Testo Chiave;
-        bool Selezionata = false;
-    };
-    Voce& In(Lungo i) const;
-
-    mutable std::vector<Voce> voci_; // put in order when first asked: adding n rows is no n * n
-    mutable bool ordinate_ = true;
-    Lungo versione_ = 0;
-};
-
-/// The project files of Dir1.Path, of which one is chosen.
-struct ListaFile1Leggi {
-    std::vector<Testo> Nomi;
-    Lungo ListIndex = -1;
-    /// `File1Leggi.List(File1Leggi.ListIndex)`: "" when none is chosen.
-    Vista Scelto() const noexcept {
-        return ListIndex >= 0 && ListIndex < static_cast<Lungo>(Nomi.size())
-                   ? Vista(Nomi[static_cast<std::size_t>(ListIndex)])
-                   : Vista();
-    }
-};
 
 /// The `.Show` entries of a file, each ended by Chr(13), in one text. Entries are taken from
 /// the front by moving a mark: the text itself is never copied.
@@ -100,13 +36,6 @@ struct PuntoDiLavoro {
     Lungo Riga = 0;             // the line of the source, from 1; 0 outside the second pass
     bool SecondoGiro = false;   // the rewriter's second stage
     bool MargineSeguito = true; // the front end watches every step of the margin
-};
-
-/// The list of rows whose sources are protected from every write (shell/gestore.h).
-struct ElencoProtetto {
-    Lungo Versione = -1; // ListaFile1::Versione; -1 protects nothing yet
-    Testo Directory;
-    Testo Progetto;
 };
 
 struct Stato {

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "comandi/comandi.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/banco.h"
-#include "shell/comandi.h"
 #include "shell/motore.h"
 
 namespace morvella {

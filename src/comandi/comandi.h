@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// shell/comandi.h
+// comandi/comandi.h
 //
 // The run driver: from the choice of a project to the end of a run. It stands on top and
 // names the engines; they do not know of it.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // shell/controlli.h
 //
-// The controls whose state is more than one value: the two lists and the bars. They know of no
-// window and raise no events; the procedures of shell/state.h do.
+// Controls with more than one value: two lists and the bars. They raise no events; the procedures
+// of shell/state.h do.
 #pragma once
 
 #include <algorithm>

@@ -5,8 +5,8 @@ namespace morvella {
 
 namespace {
 
-// Close #1, Close #2. What did not reach the disk is told, also where another error is being
-// handled: it is the reason why the file is not whole.
+// A close that fails is reported even while another error is handled: it is why the file is
+// incomplete.
 void ChiudiCanali(Stato& s) {
     s.Canale.Close(1);
     s.Canale.Close(2);
@@ -32,16 +32,16 @@ Seguito Gestisci(Stato& s, const Errore& e, bool& invano) {
         } catch (const Errore& chiusura) {
             throw FineMotore{chiusura};
         }
-        return Seguito::Prosegui; // on behind the statement that failed
-    case ErrPercorso: {           // 76
-        // The repair does not look at what failed: a source in a missing directory comes here
-        // too, and no repair helps it.
+        return Seguito::Prosegui;
+    case ErrPercorso: { // 76
+        // The repair does not ask what failed: a source in a missing directory comes here too, and
+        // a new name for the output does not help it.
         const Testo prima = s.FileUscita;
         AppiattisciUscita(s);
         const bool uguale = s.FileUscita == prima;
         if (uguale && invano) break;
         invano = uguale;
-        return Seguito::Riprova; // the same statement again
+        return Seguito::Riprova;
     }
     default: break;
     }

@@ -6,8 +6,7 @@
 namespace morvella {
 
 void ProteggiSorgenti(Stato& s) {
-    // A command given again and again for the rows that are left must not look at every row
-    // each time.
+    // Runs are repeated for the rows that are left; none should examine every row again.
     if (s.Protetto.Versione == s.File1.Versione() && s.Protetto.Directory == s.Dir1Path &&
         s.Protetto.Progetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
         return;
@@ -16,11 +15,10 @@ void ProteggiSorgenti(Stato& s) {
     for (Lungo i = 0; i < s.File1.ListCount(); ++i) {
         const Testo& voce = s.File1.List(i);
         percorsi.push_back(s.Dir1Path + "\\" + voce);
-        if (Len(voce) >= 4)
-            percorsi.push_back(s.Dir1Path + "\\" + Testo(BaseDiVoce(voce)) + ".Frx");
+        if (Len(voce) >= 4) percorsi.push_back(s.Dir1Path + "\\" + Testo(BaseDiVoce(voce)) + ".Frx");
     }
     percorsi.push_back(s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
-    s.Protetto.Versione = -1; // half a protection is none
+    s.Protetto.Versione = -1; // Proteggi may throw halfway
     s.File.Proteggi(percorsi);
     s.Protetto.Versione = s.File1.Versione();
     s.Protetto.Directory = s.Dir1Path;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // shell/protezione.h
 //
-// Which files a run must not change: the sources. The file layer refuses them (Archivio::Proteggi);
-// here it is told which they are.
+// Names the files that a run must not change. The file layer then refuses every write to them
+// (Archivio::Proteggi), whatever path leads there.
 #pragma once
 
 #include "text/primitive.h"

@@ -42,13 +42,13 @@ TEST(Seleziona, Tutto) {
     };
     for (const Caso& c : Casi) {
         Banco b;
-        for (const char* riga : {"a", "b", "c"}) b.S.File1.AddItem(riga);
+        for (const char* voce : {"a", "b", "c"}) b.S.File1.AddItem(voce);
         for (Lungo i = 0; i < 3; ++i) b.S.File1.Segna(i, c.Prima[i] == '1');
         b.S.mnuSeleziona = c.Didascalia;
         mnuSeleziona_Click(b.S);
         EXPECT_EQ(b.S.mnuSeleziona, c.DidascaliaDopo);
         EXPECT_EQ(b.Selezione(), c.Dopo);
-        EXPECT_EQ(b.S.IndiceFile, 3); // the loop index, left behind the last row
+        EXPECT_EQ(b.S.IndiceFile, 3); // the loop index, left after the last row
     }
 }
 

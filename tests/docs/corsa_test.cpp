@@ -22,7 +22,7 @@ std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) 
     return altre;
 }
 
-// The directory that an earlier run worked in may be gone by the next, and be made anew as it is told.
+// An earlier run's work directory may be gone by the next run, which then makes it again.
 TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
     Banco b;
     b.Riga("A.bas", "x\n");
@@ -162,8 +162,8 @@ TEST(Corsa, Label2) {
               (std::vector<Testo>{"\\p\\B.bas  1/3", "\\p\\E.bas  4/3", "\\p\\J.bas  9/3", ""}));
 }
 
-// The bar counts the lines that the page's loop reads: the one behind a menu is not among them.
-// It stays in view behind the question.
+// The bar counts the lines that the page's loop reads: the one after a menu is not among them.
+// It stays visible during the question.
 TEST(Corsa, Progress) {
     Banco b;
     b.Riga("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");

@@ -2,20 +2,11 @@
 //
 // The indent engine: one line at a time, with the length of Margine for its only memory.
 #include "rewriter/rewriter.h"
-#include "shell/gestore.h"
+#include "shell/motore.h"
 
 namespace morvella {
 
 namespace {
-
-template <class... Pezzi>
-void Scrivi(Stato& s, const Pezzi&... pezzi) {
-    Istruzione(s, [&] { s.Canale.Print(2, pezzi...); });
-}
-
-void ScriviAlMargine(Stato& s) {
-    Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine); });
-}
 
 void RigaVuota(Stato& s) { Scrivi(s); }
 
@@ -95,7 +86,7 @@ void ScriviAltra(Stato& s) {
     if (s.Riga.empty()) return;            // the source's own blank lines vanish
     if (Mid(s.Riga, 1, 2) == "'*") return; // the banners of an earlier run, and any like them
     if (s.TogliCommenti == 1 && Mid(s.Riga, 1, 1) == "'") return;
-    Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine, "     "); });
+    ScriviAlMargine(s, "     ");
 }
 
 } // namespace

@@ -56,26 +56,4 @@ Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa);
 /// that are only to be read.
 void ProteggiSorgenti(Stato& s);
 
-/// Runs an engine's body up to its end or to the handler's third rule, which is silent but
-/// for the word to Finestra::MotoreFermato. Sources of rows are out of reach of every write
-/// meanwhile.
-template <class F>
-void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
-    s.Punto.Voce = -1;
-    s.Riga = s.RigaLetta = {}; // of an engine that was stopped in a line
-    s.Punto.Riga = 0;
-    s.Punto.SecondoGiro = false;
-    try {
-        try {
-            ProteggiSorgenti(s);
-            corpo();
-        } catch (const std::bad_alloc&) { // between two statements
-            bool invano = false;
-            Gestisci(s, Errore(ErrMemoria), invano);
-        }
-    } catch (const FineMotore& fine) {
-        s.Fronte.MotoreFermato(FaiArresto(s, motore, fine.Causa));
-    }
-}
-
 } // namespace morvella

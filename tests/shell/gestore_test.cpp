@@ -7,6 +7,7 @@
 #include "rewriter/rewriter.h"
 #include "shell/banco.h"
 #include "shell/comandi.h"
+#include "shell/motore.h"
 
 namespace morvella {
 

@@ -5,7 +5,7 @@
 
 #include "scan/testa.h"
 #include "shell/cartella.h"
-#include "shell/gestore.h"
+#include "shell/motore.h"
 
 namespace morvella {
 

@@ -6,7 +6,7 @@
 #include "scan/sorgente.h"
 #include "scan/testa.h"
 #include "shell/cartella.h"
-#include "shell/gestore.h"
+#include "shell/motore.h"
 
 namespace morvella {
 
@@ -15,26 +15,25 @@ namespace {
 constexpr Vista Stelle = "*******************************************************"; // 55
 static_assert(Stelle.size() == 55);
 
-// Stands at the end of the rewritten file, behind the last line of the module.
+// The closing block, after the module's last line.
 void ScriviChiusura(Stato& s) {
     const Testo margine = Space(10);
-    const auto scrivi = [&](const auto&... pezzi) { Istruzione(s, [&] { s.Canale.Print(2, pezzi...); }); };
-    const Testo data = Istruzione(s, [&] { return s.File.Date(); });
-    scrivi(margine, "'", Stelle);
-    scrivi(margine, "'*              Procedura by Dario Fenzoni             *");
-    scrivi(margine, "'*              E-mail ", IndirizzoContatto, "           *");
-    scrivi(margine, "'* Procedura per il riordino dei programmi Visual Basic*");
+    const Testo data = Oggi(s);
+    Scrivi(s, margine, "'", Stelle);
+    Scrivi(s, margine, "'*              Procedura by Dario Fenzoni             *");
+    Scrivi(s, margine, "'*              E-mail ", IndirizzoContatto, "           *");
+    Scrivi(s, margine, "'* Procedura per il riordino dei programmi Visual Basic*");
     if (!s.ElencoShow.Resto().empty()) // sic: two bytes wider than the box
-        scrivi(margine, "'*  La procedura richiama i seguenti Form o procedure:   *");
-    for (Testo voce; VoceShow(s.ElencoShow, voce);) scrivi(margine, "'", voce);
-    scrivi(margine, "'", Stelle);
-    scrivi(margine, "'               Rilettura del ", data, "...");
-    scrivi(margine, "'");
+        Scrivi(s, margine, "'*  La procedura richiama i seguenti Form o procedure:   *");
+    for (Testo voce; VoceShow(s.ElencoShow, voce);) Scrivi(s, margine, "'", voce);
+    Scrivi(s, margine, "'", Stelle);
+    Scrivi(s, margine, "'               Rilettura del ", data, "...");
+    Scrivi(s, margine, "'");
 }
 
 // First stage, one selected row: the rewritten text.
 void RiscriviFile(Stato& s, const Testo& voce) {
-    // A new file. ElencoShow is emptied when the source is open, StatoTesta set further down.
+    // A new file. ElencoShow is cleared once the source is open, StatoTesta is set further down.
     s.ContaRighe = 0;
     s.Numero = Space(5);
     s.Margine = Space(5);
@@ -44,8 +43,7 @@ void RiscriviFile(Stato& s, const Testo& voce) {
 
     s.FileUscita =
         Istruzione(s, [&] { return s.File.Piega(s.DirAppoggio + "\\" + Testo(BaseDiVoce(voce)) + ".Txt"); });
-    if (!Istruzione(s, [&] { return s.File.Dir(s.FileUscita, 0); }).empty())
-        Istruzione(s, [&] { s.File.Kill(s.FileUscita); });
+    if (EsisteFile(s, s.FileUscita)) Istruzione(s, [&] { s.File.Kill(s.FileUscita); });
     s.FileSorgente = s.Dir1Path + "\\" + voce;
     ScriviLabel2(s, s.FileSorgente);
 
@@ -53,8 +51,8 @@ void RiscriviFile(Stato& s, const Testo& voce) {
 
     PreparaProgress(s);
 
-    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
-    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    ApriSorgente(s);
+    ApriUscita(s);
     IniziaTestaRiordina(s);
     RigheSorgente sorgente(s);
     while (!sorgente.Finita()) {
@@ -66,25 +64,25 @@ void RiscriviFile(Stato& s, const Testo& voce) {
         if (AvanzaTestaRiordina(s, riga.Letta.Intera(), riga.Letta.Trimmata())) RiscriviRiga(s, riga.Quale);
     }
     ScriviChiusura(s);
-    Istruzione(s, [&] { s.Canale.Close(1); });
-    Istruzione(s, [&] { s.Canale.Close(2); });
+    ChiudiSorgente(s);
+    ChiudiUscita(s);
     s.Punto.Riga = 0;
     s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
 
 void CopiaSeEsiste(Stato& s) {
-    if (Istruzione(s, [&] { return s.File.Dir(s.FileSorgente, 0); }).empty()) return;
+    if (!EsisteFile(s, s.FileSorgente)) return;
     Istruzione(s, [&] { s.File.FileCopy(s.FileSorgente, s.FileUscita); });
     s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, 0);
 }
 
-// Second stage, one selected row: the rewritten text under the module's own name, and the
-// form's binary companion. A row with a directory that is missing below the work directory has
-// its text flat there, where this does not look for it: such a row gets no copy of its own.
+// Second stage, one selected row: the rewritten text under the module's own name, and the form's
+// binary companion. A row whose directory is missing below the work directory has its text flat
+// there; this does not look for it, so such a row gets no copy: meant.
 void CopiaFile(Stato& s, const Testo& voce) {
     const Testo base(Istruzione(s, [&] { return BaseDiVoce(voce); }));
     s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + voce);
-    if (!Istruzione(s, [&] { return s.File.Dir(s.DirAppoggio + "\\" + base + ".txt", 0); }).empty())
+    if (EsisteFile(s, s.DirAppoggio + "\\" + base + ".txt"))
         s.FileSorgente = s.File.Piega(s.DirAppoggio + "\\" + base + ".txt");
     else
         s.FileSorgente = s.File.Piega(s.Dir1Path + "\\Appoggio\\" + base + ".txt");
@@ -97,12 +95,12 @@ void CopiaFile(Stato& s, const Testo& voce) {
 void Riordina(Stato& s) {
     ScriviDir(s, s.Dir1Path + "\\Appoggio");
     Istruzione(s, [&] { s.File.ChDir(s.Dir1Path); });
-    // ProgressBar1.Value is not set back: a second run goes on from where the bar stood.
+    // ProgressBar1.Value is not reset: a second run continues from where the bar was.
     LimitaBarra(s, s.ProgressBar1, s.File1.ListCount());
     MostraBarra(s, s.ProgressBar1, true);
 
-    const Lungo righe = s.File1.ListCount();
-    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+    const Lungo voci = s.File1.ListCount();
+    for (s.IndiceFile = 0; s.IndiceFile < voci; ++s.IndiceFile) {
         if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
             PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
         if (!s.File1.Selected(s.IndiceFile)) continue;
@@ -115,9 +113,9 @@ void Riordina(Stato& s) {
 
     s.Punto.SecondoGiro = true;
     MostraBarra(s, s.Progress, true);
-    LimitaBarra(s, s.Progress, righe + 10);
+    LimitaBarra(s, s.Progress, voci + 10);
     PortaBarra(s, s.Progress, 0);
-    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+    for (s.IndiceFile = 0; s.IndiceFile < voci; ++s.IndiceFile) {
         if (!s.File1.Selected(s.IndiceFile)) continue;
         s.Punto.Voce = s.IndiceFile;
         AvanzaBarra(s, s.Progress);

@@ -22,7 +22,7 @@ std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) 
     return altre;
 }
 
-// The directory that an earlier run worked in may be gone by the next, and be made anew as it is told.
+// An earlier run's work directory may be gone by the next run, which then makes it again.
 TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
     Banco b;
     b.Riga("A.bas", "x\n");
@@ -163,7 +163,7 @@ TEST(Corsa, Label2) {
 }
 
 // The bar counts the lines that the page's loop reads: the one after a menu is not among them.
-// It stays in view behind the question.
+// It stays visible during the question.
 TEST(Corsa, Progress) {
     Banco b;
     b.Riga("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");

@@ -76,7 +76,7 @@ TEST(Menu, Righe) {
     Prova(casi);
 }
 
-// What stands after Begin VB.Menu is the line of this step for the other tests too.
+// The line after Begin VB.Menu is the one that the other tests of this step see.
 TEST(Menu, LaRigaSeguente) {
     const Testo menu = Sezione(TitoloMenu);
     const Testo interne = Sezione("Procedure interne");
@@ -106,7 +106,7 @@ TEST(Menu, LaRigaSeguente) {
     Prova(casi);
 }
 
-// The head of the file stands in the page, and nothing after it.
+// Only the head of the file is in the page, nothing after it.
 TEST(Menu, SullUltimaRiga) {
     for (const char* ultima : {"Begin VB.Menu m", "Begin VB.Menu m\n"}) {
         Banco b;

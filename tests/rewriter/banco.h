@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include "comandi/comandi.h"
 #include "rewriter/rewriter.h"
 #include "scan/testa.h"
-#include "shell/comandi.h"
 #include "sostegno/disco_finto.h"
 #include "sostegno/finestra_finta.h"
 

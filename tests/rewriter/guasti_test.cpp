@@ -179,7 +179,7 @@ TEST(Guasti, EsamiEdElenchi) { // what cannot be asked of the disk raises nothin
         }
 }
 
-TEST(Guasti, DiscoPieno) { // wherever the room ends: 61, and the text that did not fit is told
+TEST(Guasti, DiscoPieno) { // wherever the space ends: 61, and the incomplete text is reported
     Corsa intera(Progetto::Nuovo);
     intera.Esegui(Motori[0]);
     std::size_t bytes = 0;

@@ -544,7 +544,7 @@ TEST(Sorgenti, DentroAppoggio) { // the working copy of one row is the source of
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
     EXPECT_EQ(p.A("x.bas"), "Option z\r\n");
-    EXPECT_EQ(p.A("x.txt"), Rifatto); // after it, and flat, that of the other row was written here
+    EXPECT_EQ(p.A("x.txt"), Rifatto); // after it the other row's text was written here, flat
 }
 
 TEST(Sorgenti, CambiatiFraDueCorse) { // what is only read is looked at again

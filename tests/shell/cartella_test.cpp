@@ -171,8 +171,8 @@ TEST(Cartella, BaseDiVoce) {
         {".frm", ""},           {"sub\\a.bas", "sub\\a"}, {"..\\a.bas", "..\\a"},
     };
     for (const Caso& c : Casi) EXPECT_EQ(BaseDiVoce(c.Riga), c.Base) << c.Riga;
-    for (const Vista riga : {"", "a", "ab", "abc"})
-        EXPECT_EQ(NumeroDi([&] { return BaseDiVoce(riga); }), 5) << riga;
+    for (const Vista voce : {"", "a", "ab", "abc"})
+        EXPECT_EQ(NumeroDi([&] { return BaseDiVoce(voce); }), 5) << voce;
 }
 
 TEST(Cartella, PercorsoCortoSenzaPercorsiCorti) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/comandi.h"
+#include "comandi/comandi.h"
 
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"

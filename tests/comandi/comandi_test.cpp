@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "shell/comandi.h"
+#include "comandi/comandi.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ TEST(Seleziona, Tutto) {
     };
     for (const Caso& c : Casi) {
         Banco b;
-        for (const char* riga : {"a", "b", "c"}) b.S.File1.AddItem(riga);
+        for (const char* voce : {"a", "b", "c"}) b.S.File1.AddItem(voce);
         for (Lungo i = 0; i < 3; ++i) b.S.File1.Segna(i, c.Prima[i] == '1');
         b.S.mnuSeleziona = c.Didascalia;
         mnuSeleziona_Click(b.S);

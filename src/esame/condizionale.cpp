@@ -131,8 +131,10 @@ class Condizionale::Analisi {
         Gruppo& gruppo = c_.gruppi_[chiuso.Indice];
         gruppo.Fine = a;
         gruppo.UltimaRiga = riga;
-        if (!gruppo.Neutro) c_.neutri_ = false;
+        const bool contiene = !gruppo.Neutro || gruppo.Contiene;
+        if (contiene) c_.neutri_ = false;
         if (aperti_.empty()) return;
+        if (contiene) c_.gruppi_[aperti_.back().Indice].Contiene = true;
         for (std::size_t i = 0; i < chiuso.Lungo; ++i) Metti(chiuso.Residuo[i]);
     }
 
@@ -179,8 +181,9 @@ Condizionale::Condizionale(std::vector<Evento>& eventi, std::uint32_t ultimaRiga
 }
 
 void Condizionale::PreparaScelte() {
-    const bool piu =
-        std::count_if(gruppi_.begin(), gruppi_.end(), [](const Gruppo& g) { return !g.Neutro; }) >= 2;
+    // A group that holds one that does not balance may well be told so for that alone: it counts once.
+    const bool piu = std::count_if(gruppi_.begin(), gruppi_.end(),
+                                   [](const Gruppo& g) { return !g.Neutro && !g.Contiene; }) >= 2;
     for (Gruppo& g : gruppi_) {
         if (g.Neutro) continue;
         const auto aggiungi = [&](bool neutri) {

@@ -40,6 +40,7 @@ class Condizionale {
         std::uint32_t PrimoRamo = Nessuno;
         bool ConElse = false;
         bool Neutro = true;
+        bool Contiene = false;               // a group that does not balance either
         std::vector<std::uint32_t> Scelte{}; // branches that may be read, Nessuno: none of them
         std::uint32_t Scelta = 0;
     };

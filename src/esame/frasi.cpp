@@ -303,6 +303,7 @@ void Frasi::If(Frase& frase) noexcept {
         if (parola == Parola::Then) break;
         if (parola == Parola::GoTo) {
             frase.Quale = Specie::IfUnaRiga;
+            frase.Cosa = Blocco::Nessuno;
             ++unaRiga_;
             Resto();
             return;
@@ -319,6 +320,7 @@ void Frasi::If(Frase& frase) noexcept {
         }
         if (s_.Byte() == '\'' || GuardaParola() == Parola::Rem) break;
         frase.Quale = Specie::IfUnaRiga;
+        frase.Cosa = Blocco::Nessuno;
         salto_ = !duePunti;
         ++unaRiga_;
         return;

@@ -21,7 +21,7 @@ enum class Specie : std::uint8_t {
     Istruzione,    // plain
     Dichiarazione, // Dim, Const, Declare, Option, Event, Implements, or a modifier
     Etichetta,     // a label; a line number gives no statement of its own
-    Commento,      // a line that is nothing but a comment, or one after a line number or label
+    Commento,      // where a statement could begin; after a statement a comment belongs to it
     Attributo,     // Attribute VB_Name = "..."
     IfUnaRiga,     // a one-line If, up to its Then
     Apre,          // opens Frase::Cosa

@@ -63,7 +63,7 @@ TEST(EsameBlocchi, RientriDicono) {
               "senza-apertura If 4:5 nota 4 trovato End If in A\n"},
              // A tab goes to the next multiple of four.
              {"    If a Then\n\t If b Then\n\tEnd If",
-              "aperto If 3:2 nota 4 da 3 atteso End If trovato End If in A\n"},
+              "aperto If 3:3 nota 4 da 3 atteso End If trovato End If in A\n"},
              {"    If a Then\n10\tIf b Then\n    End If",
               "aperto If 2:5 nota 5 da 2 atteso End If trovato End Sub in A\n"},
              // Exchanged closer that an outer block would take.

@@ -17,7 +17,7 @@ class Generatore {
     Modulo Fai() {
         if (Una(3)) Testa();
         Metti("Attribute VB_Name = \"M\"");
-        Metti("Option Explicit ' If, For _");
+        Metti("Option Explicit ' If, For_");
         if (Una(3)) Metti("' commento che continua _"), Metti("If a Then");
         Tipi();
         if (scelte_.Condizionale && Una(2)) {
@@ -44,8 +44,15 @@ class Generatore {
         const bool sinistra = testo[0] == '#' || testo.starts_with("Attribute") ||
                               (testo.size() > 3 && testo.find(": ") == 3 && testo[0] == 'L');
         const bool continua = !m_.Righe.empty() && m_.Righe.back().Testo.ends_with(" _");
-        m_.Righe.push_back({(sinistra ? "" : string(rientro, ' ')) + testo, che, cosa, 0, capo_,
-                            dentro_.empty() ? Blocco::Nessuno : dentro_.back(), !continua && !senzaCase_});
+        RigaModulo riga{
+            .Testo = (sinistra ? "" : string(rientro, ' ')) + testo, .Che = che, .Cosa = cosa, .Capo = capo_};
+        if (!dentro_.empty()) riga.Intorno = dentro_.back();
+        const bool divide = che == Ruolo::Chiude || che == Ruolo::Else || che == Ruolo::Fine ||
+                            testo.starts_with("Case ") || testo.starts_with("ElseIf ") ||
+                            testo.starts_with("Else If ");
+        riga.Rientro = scelte_.RientriACaso ? Quanto(20) : 4 * (livello_ + divide);
+        riga.Intera = !continua && !senzaCase_;
+        m_.Righe.push_back(std::move(riga));
         return m_.Righe.size() - 1;
     }
 
@@ -58,7 +65,7 @@ class Generatore {
         for (const char* riga :
              {"VERSION 5.00", "Begin VB.Form F ", "   Caption = \"If\"", "   BeginProperty Font ",
               "      Size = 8", "   EndProperty", "   Begin VB.Menu Next ", "   End", "End"})
-            m_.Righe.push_back({riga, Ruolo::Altro, Blocco::Nessuno, 0, Fuori, Blocco::Nessuno, false});
+            m_.Righe.push_back({.Testo = riga, .Capo = Fuori, .Intera = false});
     }
 
     void Tipi() {
@@ -68,7 +75,8 @@ class Generatore {
             const std::size_t capo =
                 Metti((Una(2) ? "Private " : "") + nome + " T" + std::to_string(++nomi_), Ruolo::Capo, cosa);
             ++livello_;
-            for (const char* membro : {"Next", "Loop", "Type", "a"})
+            const bool insidie = Una(8); // members with the names of statements
+            for (const char* membro : {insidie ? "Next" : "Next_", insidie ? "Loop" : "Codice", "Type", "a"})
                 m_.Righe[Metti(membro + string(cosa == Blocco::Type ? " As Long" : ""))].Intera = false;
             --livello_;
             Coppia(capo, Metti("End " + nome, Ruolo::Fine, cosa));
@@ -106,12 +114,12 @@ class Generatore {
             Metti("End " + parola, m_.Righe[capo].Che == Ruolo::Capo ? Ruolo::Fine : Ruolo::Altro, cosa);
         m_.Righe[fine].Capo = capo;
         Coppia(capo, fine);
-        if (Una(2)) m_.Righe.push_back({"", Ruolo::Altro, Blocco::Nessuno, 0, Fuori, Blocco::Nessuno, true});
+        if (Una(2)) m_.Righe.push_back({.Testo = "", .Capo = Fuori});
     }
 
     void Corpo(int profondo) {
         for (std::size_t i = 1 + Quanto(4); i > 0; --i) {
-            if (profondo < 5 && Quanto(100) < 45)
+            if (profondo < 5 && Quanto(100) < 38)
                 Blocco_(profondo);
             else
                 Frase();
@@ -174,6 +182,7 @@ class Generatore {
         dentro_.push_back(cosa);
         if (cosa == Blocco::Select) {
             senzaCase_ = true;
+            m_.Righe[prima].Mezzo = m_.Righe.size();
             for (std::size_t i = 1 + Quanto(3); i > 0; --i) {
                 Metti(i == 1 ? "Case Else" : "Case 1, \"a\" To \"b\"");
                 senzaCase_ = false;
@@ -187,6 +196,7 @@ class Generatore {
             --livello_;
         }
         if (cosa == Blocco::If) {
+            const std::size_t mezzo = m_.Righe.size();
             if (Una(4)) {
                 Metti(Una(2) ? "ElseIf b Then" : "Else If b Then");
                 ++livello_, Corpo(profondo + 1), --livello_;
@@ -195,6 +205,7 @@ class Generatore {
                 Metti(Una(4) ? "Else ' no" : "Else", Ruolo::Else, cosa);
                 ++livello_, Corpo(profondo + 1), --livello_;
             }
+            if (m_.Righe.size() > mezzo) m_.Righe[prima].Mezzo = mezzo;
         }
         const string chiude = cosa == Blocco::For && Una(2) ? "Next i"
                               : cosa == Blocco::Do          ? "Loop Until b"
@@ -266,6 +277,7 @@ Guasto Pianta(std::mt19937& caso, const Modulo& modulo) {
             g.Nome = "tolta " + che;
             altro.Righe.erase(posto);
             g.Righe = {Numero(r.Pari, i, -1)};
+            if (r.Mezzo != 0) g.Righe.push_back(Numero(r.Mezzo, i, -1));
         } else if (come == 1) { // doubled
             if (r.Che == Ruolo::Altro || r.Testo.ends_with("_")) continue;
             g.Nome = "doppia " + che;
@@ -295,7 +307,7 @@ Guasto Pianta(std::mt19937& caso, const Modulo& modulo) {
                 if (r.Intorno == Blocco::Select) continue;
             }
             g.Nome = "messa " + nuova;
-            altro.Righe.insert(posto, RigaModulo{.Testo = rientro(r.Testo) + nuova});
+            altro.Righe.insert(posto, RigaModulo{.Testo = string(r.Rientro, ' ') + nuova});
             g.Righe = {static_cast<std::uint32_t>(i + 1)};
             g.Procedura = nome(r.Capo);
             // At the depth of the procedure itself the two halves are each as good as the other.

@@ -20,6 +20,8 @@ struct RigaModulo {
     std::size_t Pari = 0;             // index of the line that opens what this one closes, and the reverse
     std::size_t Capo = 0;             // index of the head of the procedure around it; Fuori outside
     Blocco Intorno = Blocco::Nessuno; // the block around it
+    std::size_t Mezzo = 0;            // of an If or Select: the first line that divides it
+    std::size_t Rientro = 0;          // of a line put in before it
     bool Intera = true;               // a statement can stand before it
 };
 inline constexpr std::size_t Fuori = ~std::size_t{0};

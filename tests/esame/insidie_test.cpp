@@ -82,9 +82,9 @@ TEST(EsameInsidie, Grandi) {
                                : "End Sub\n";
     EXPECT_EQ(Detto(Esamina(modulo)), "");
     const std::string lunga = "x = \"" + std::string(60000, '"') + "\": Next";
-    ProvaInSub({lunga, "senza-apertura For 2:60008 nota 2 trovato Next in A\n"});
+    ProvaInSub({lunga, "senza-apertura For 2:60009 nota 2 trovato Next in A\n"});
     std::string colonne;
-    for (int i = 0; i < 20000; ++i) colonne += "If a Then: b: End If: [ # ";
+    for (int i = 0; i < 20000; ++i) colonne += "If a Then: b: End If: [ #: ";
     ProvaInSub({colonne, ""});
     // As many blocks, groups and levels as nobody ever nested.
     std::string aperti, chiusi, gruppi;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <map>
 #include <tuple>
+#include <vector>
 
 #include "generatore.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 TEST(EsameProprieta, ModuliSani) {
     std::mt19937 caso(11);
-    for (int volta = 0; volta < 600; ++volta) {
+    for (int volta = 0; volta < 300; ++volta) {
         const Scelte scelte{
             .Condizionale = volta % 3 != 0, .Sbilanciati = volta % 3 == 2, .RientriACaso = volta % 2 == 0};
         const std::string testo = Genera(caso, scelte).Testo();
@@ -71,15 +72,107 @@ Conto Conta(unsigned seme, const Scelte& scelte, int volte) {
 }
 
 TEST(EsameProprieta, GuastiDetti) {
-    const Conto c = Conta(5, {}, 6000);
+    const Conto c = Conta(5, {}, 2000);
     EXPECT_GE(c.Detti * 1000, c.Piantati * 999) << c.Detti << " of " << c.Piantati;
     EXPECT_GE(c.Uno * 1000, c.Piantati * 995) << c.Uno << " of " << c.Piantati;
     EXPECT_GE(c.Giusti * 1000, c.Piantati * 995) << c.Giusti << " of " << c.Piantati;
 }
 
 TEST(EsameProprieta, GuastiDettiSenzaRientri) {
-    const Conto c = Conta(6, {.RientriACaso = true}, 3000);
+    const Conto c = Conta(6, {.RientriACaso = true}, 1000);
     EXPECT_GE(c.Detti * 1000, c.Piantati * 999) << c.Detti << " of " << c.Piantati;
+}
+
+// Lengths of the lines, for positions that must lie inside.
+std::vector<std::size_t> Lunghezze(const std::string& testo) {
+    std::vector<std::size_t> lunghe;
+    for (std::size_t da = 0; da < testo.size();) {
+        const std::size_t a = std::min(testo.find('\n', da), testo.size());
+        lunghe.push_back(a - da);
+        da = a + 1;
+    }
+    return lunghe;
+}
+
+void ProvaQualsiasi(const std::string& testo) {
+    const Esame esame = Esamina(testo);
+    const std::vector<std::size_t> lunghe = Lunghezze(testo);
+    if (esame.Rilievi.size() == 1 && esame.Rilievi.front().Quale == Tipo::NonTesto) {
+        ASSERT_NE(testo.find('\0'), testo.npos);
+        return;
+    }
+    ASSERT_EQ(esame.Righe, lunghe.size());
+    const Rilievo* prima = nullptr;
+    for (const Rilievo& r : esame.Rilievi) {
+        ASSERT_GE(r.Riga, 1u);
+        ASSERT_LE(r.Riga, esame.Righe);
+        ASSERT_GE(r.Colonna, 1u);
+        ASSERT_LE(r.Colonna, lunghe[r.Riga - 1]);
+        ASSERT_GE(r.Nota, r.Riga);
+        ASSERT_LE(r.Nota, esame.Righe);
+        ASSERT_LE(r.Apertura, r.Nota);
+        ASSERT_NE(r.Cosa, Blocco::Nessuno);
+        if (prima) {
+            ASSERT_LE(std::tie(prima->Riga, prima->Colonna, prima->Quale),
+                      std::tie(r.Riga, r.Colonna, r.Quale));
+        }
+        if (r.Procedura) {
+            ASSERT_NE(testo.find(*r.Procedura), testo.npos);
+        }
+        prima = &r;
+    }
+    ASSERT_EQ(Esamina(std::string(testo)).Rilievi, esame.Rilievi);
+}
+
+TEST(EsameProprieta, ByteQualsiasi) {
+    std::mt19937 caso(3);
+    for (int volta = 0; volta < 400; ++volta) {
+        std::string testo;
+        for (auto n = caso() % 3000; n > 0; --n)
+            testo += static_cast<char>(caso() % (volta % 2 ? 256 : 128) | (volta % 3 ? 1 : 0));
+        ProvaQualsiasi(testo);
+        if (HasFatalFailure()) FAIL() << volta;
+    }
+}
+
+TEST(EsameProprieta, CodiceGuastato) {
+    std::mt19937 caso(4);
+    constexpr std::string_view pezzi[] = {"If a Then\n",
+                                          "End If\n",
+                                          "#If a Then\n",
+                                          "#End If\n",
+                                          "#Else\n",
+                                          "\n",
+                                          ":",
+                                          "\"",
+                                          "'",
+                                          " _\n",
+                                          "End Sub\n",
+                                          "Sub X()\n",
+                                          "Next",
+                                          "Else ",
+                                          "Then ",
+                                          "\nEnd\n",
+                                          "\nEndProperty\n",
+                                          "[",
+                                          "#",
+                                          "\r"};
+    int conRilievi = 0;
+    for (int volta = 0; volta < 250; ++volta) {
+        std::string testo = Genera(caso, {.Sbilanciati = volta % 2 == 0, .Procedure = 2}).Testo();
+        for (auto n = caso() % 12; n > 0; --n) {
+            const std::size_t dove = caso() % testo.size();
+            switch (caso() % 3) {
+            case 0: testo.erase(dove, caso() % 40); break;
+            case 1: testo.insert(dove, pezzi[caso() % std::size(pezzi)]); break;
+            default: testo.insert(dove, testo.substr(caso() % testo.size(), caso() % 60));
+            }
+        }
+        ProvaQualsiasi(testo);
+        if (HasFatalFailure()) FAIL() << testo;
+        conRilievi += !Esamina(testo).Rilievi.empty();
+    }
+    EXPECT_GT(conRilievi, 100);
 }
 
 } // namespace

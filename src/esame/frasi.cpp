@@ -257,18 +257,15 @@ void Frasi::Resto(Parola prima) noexcept {
     }
     bool libero = prima != Parola::Case; // may an Else stand here?
     for (;;) {
-        if (!s_.Avanza()) {
-            aperta_ = false;
-            return;
-        }
-        if (libero && GuardaParola() == Parola::Else) return;
         const Gettone g = s_.Leggi();
         if (g.Tipo == TipoGettone::DuePunti) return;
-        if (g.Tipo == TipoGettone::Commento) {
+        if (g.Tipo == TipoGettone::FineLogica || g.Tipo == TipoGettone::Commento) {
             aperta_ = false;
             return;
         }
-        libero = !g.E('.', s_.Bytes()) && !g.E('!', s_.Bytes()) && s_.ParolaDi(g) != Parola::Case;
+        const Parola parola = s_.QuattroDi(g);
+        if (libero && parola == Parola::Else) return s_.Torna(g);
+        libero = !g.E('.', s_.Bytes()) && !g.E('!', s_.Bytes()) && parola != Parola::Case;
     }
 }
 
@@ -283,7 +280,7 @@ bool Frasi::FinoAThen() noexcept {
     bool membro = false; // after a dot a word is a name
     while (!FineFrase()) {
         const Gettone g = s_.Leggi();
-        if (!membro && s_.ParolaDi(g) == Parola::Then) return true;
+        if (!membro && s_.QuattroDi(g) == Parola::Then) return true;
         membro = g.E('.', s_.Bytes()) || g.E('!', s_.Bytes());
     }
     return false;
@@ -294,12 +291,13 @@ void Frasi::If(Frase& frase) noexcept {
     frase.Cosa = Blocco::If;
     bool membro = false;
     for (;;) {
-        if (FineFrase()) { // no Then at all
-            frase.Muta = true;
+        const Gettone g = s_.Leggi();
+        if (g.Tipo == TipoGettone::DuePunti || g.Tipo == TipoGettone::FineLogica ||
+            g.Tipo == TipoGettone::Commento) {
+            frase.Muta = true; // no Then at all
             return;
         }
-        const Gettone g = s_.Leggi();
-        const Parola parola = membro ? Parola::Nessuna : s_.ParolaDi(g);
+        const Parola parola = membro ? Parola::Nessuna : s_.QuattroDi(g);
         if (parola == Parola::Then) break;
         if (parola == Parola::GoTo) {
             frase.Quale = Specie::IfUnaRiga;

@@ -36,11 +36,21 @@ constexpr Riga Elenco[] = {
 
 // The first eight bytes of a name, in lower case. The bit that tells the case changes no digit, and
 // makes no letter of anything else that a name may hold.
+// Two loads that overlap take any length from 2 on without a loop.
 constexpr std::uint64_t Chiave(std::string_view nome) noexcept {
-    std::uint64_t chiave = 0;
-    for (std::size_t i = 0; i < nome.size() && i < 8; ++i)
-        chiave |= std::uint64_t{static_cast<std::uint8_t>(nome[i] | 0x20)} << 8 * i;
-    return chiave;
+    const auto carica = [&](std::size_t da, std::size_t quanti) {
+        std::uint64_t byte = 0;
+        for (std::size_t i = 0; i < quanti; ++i)
+            byte |= std::uint64_t{static_cast<std::uint8_t>(nome[da + i])} << 8 * i;
+        return byte;
+    };
+    constexpr std::uint64_t minuscole = 0x2020202020202020;
+    const std::size_t n = nome.size();
+    if (n >= 8) return carica(0, 8) | minuscole;
+    const std::size_t meta = n >= 4 ? 4 : 2;
+    const std::uint64_t byte = meta == 4 ? carica(0, 4) | carica(n - 4, 4) << 8 * (n - 4)
+                                         : carica(0, 2) | carica(n - 2, 2) << 8 * (n - 2);
+    return byte | minuscole >> (64 - 8 * n);
 }
 constexpr std::size_t Posto(std::uint64_t chiave, std::uint64_t fattore) noexcept {
     return static_cast<std::size_t>(chiave * fattore >> 56);

@@ -8,6 +8,11 @@ namespace morvella::esame {
 namespace {
 
 const char* Bianchi(const char* p, const char* fine) noexcept {
+    std::uint64_t otto = 0;
+    for (; fine - p >= 8; p += 8) { // indentation is blanks by the dozen
+        std::memcpy(&otto, p, sizeof otto);
+        if (otto != 0x2020202020202020) break;
+    }
     while (p < fine && Bianco(*p)) ++p;
     return p;
 }
@@ -50,7 +55,7 @@ bool Scanner::ApriLogica() noexcept {
     return !finita_;
 }
 
-bool Scanner::Avanza() noexcept {
+bool Scanner::AvanzaOltre() noexcept {
     if (finita_) return false;
     for (;;) {
         p_ = Bianchi(p_, fine_);

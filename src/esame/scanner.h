@@ -55,7 +55,13 @@ class Scanner {
     /// Goes on to the next logical line, over what is left of this one. False at the end of file.
     bool ApriLogica() noexcept;
     /// Skips blanks and continuations. False at the end of the logical line.
-    bool Avanza() noexcept;
+    bool Avanza() noexcept {
+        if (p_ < fine_ && !finita_) [[likely]] {
+            if (*p_ == ' ' && p_ + 1 < fine_) ++p_;
+            if (Di(*p_, ByteLettera)) return true;
+        }
+        return AvanzaOltre();
+    }
     /// The next token of the logical line.
     Gettone Leggi() noexcept;
     /// The token that Leggi would give, if it is a name; called after Avanza. Does not move.
@@ -83,6 +89,10 @@ class Scanner {
 
     std::string_view Bytes() const noexcept { return {base_, static_cast<std::size_t>(termine_ - base_)}; }
     std::string_view Testo(const Gettone& g) const noexcept { return {base_ + g.Inizio, g.Lungo}; }
+    /// Back to the beginning of `gettone`, which was the last one read and no FineLogica or Commento.
+    void Torna(const Gettone& gettone) noexcept { p_ = base_ + gettone.Inizio; }
+    /// ParolaDi for those who look for words of four letters alone: Then, Else, GoTo, Case.
+    Parola QuattroDi(const Gettone& g) const noexcept { return g.Lungo == 4 ? ParolaDi(g) : Parola::Nessuna; }
     Parola ParolaDi(const Gettone& g) const noexcept {
         return g.Tipo == TipoGettone::Nome && !g.Segno ? CercaParola(Testo(g)) : Parola::Nessuna;
     }
@@ -93,6 +103,7 @@ class Scanner {
     std::uint32_t Colonna() const noexcept { return static_cast<std::uint32_t>(p_ - inizioRiga_) + 1; }
 
   private:
+    bool AvanzaOltre() noexcept;
     bool ApriFisica() noexcept;
     bool NumeroInAltraBase() const noexcept;
     bool SaltaGettoni() noexcept;

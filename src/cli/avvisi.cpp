@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/avvisi.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_map>
 
 #include "shell/cartella.h"
@@ -60,6 +62,11 @@ bool FiniRigaLf(Stato& s, Vista percorso) {
     } catch (const Errore&) {
         return false;
     }
+}
+
+bool HaNomeDiSorgente(Vista percorso) {
+    constexpr Vista Fini[] = {".vbp", ".frm", ".bas", ".cls", ".frx", ".ctl", ".dsr", ".pag", ".res"};
+    return std::find(std::begin(Fini), std::end(Fini), LCase(Right(percorso, 4))) != std::end(Fini);
 }
 
 std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& righe) {

@@ -16,6 +16,9 @@ namespace morvella::cli {
 /// False for a file that cannot be read.
 bool FiniRigaLf(Stato& s, Vista percorso);
 
+/// Whether a path ends like a file of a project: .vbp, .frm, .bas, .cls and the like, in any case.
+bool HaNomeDiSorgente(Vista percorso);
+
 /// Which outputs a command writes for its rows.
 enum class Uscite { Nessuna, Testi, Strutture, Pagine };
 

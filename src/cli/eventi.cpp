@@ -164,7 +164,9 @@ Evento DiSelezione(const std::string& evento, const std::string& valore) {
 
 UsoErrato Sconosciuto(const std::string& evento) {
     const std::vector<std::string> nomi = NomiEventi();
-    const std::string vicino = PiuVicino(evento.substr(0, evento.find('=')), nomi);
+    const std::size_t uguale = evento.find('=');
+    const std::string vicino =
+        PiuVicino(uguale == std::string::npos ? evento : evento.substr(0, uguale + 1), nomi);
     if (!vicino.empty()) return UsoErrato{"evento sconosciuto: " + evento + " (forse «" + vicino + "»?)"};
     std::string detto = "evento sconosciuto: " + evento + "; ci sono ";
     for (const std::string& nome : nomi) detto += (&nome == &nomi.front() ? "" : ", ") + nome;

@@ -15,11 +15,34 @@ namespace morvella::cli::prove {
 
 inline constexpr const char* Ini = "/casa/programma/Default.ini";
 
+// A pager that keeps what it is given, and leaves after so many pages.
+struct Pagine {
+    int Aperti = 0, Chiusi = 0, Scritture = 0, Fino = 1 << 30;
+    std::string Viste;
+};
+
+class ImpaginatoreFinto : public Impaginatore {
+  public:
+    explicit ImpaginatoreFinto(Pagine& pagine) : pagine_(pagine) { ++pagine_.Aperti; }
+    ~ImpaginatoreFinto() override { ++pagine_.Chiusi; }
+    bool Scrivi(const std::string& testo) override {
+        pagine_.Viste += testo;
+        return ++pagine_.Scritture < pagine_.Fino;
+    }
+
+  private:
+    Pagine& pagine_;
+};
+
 struct Banco {
     morvella::prove::DiscoFinto Disco{"/casa"};
     std::istringstream Ingresso;
     std::ostringstream Uscita;
     std::ostringstream Errori;
+    Pagine Pager;
+    bool UscitaTerminale = false;
+    bool SenzaColori = false;
+    bool ConPager = false;
 
     Banco() {
         Disco.Metti("/casa/programma/home.GIF", "");
@@ -34,6 +57,9 @@ struct Banco {
         Errori.str("");
         Disco.CambiaDirectory("/casa"); // a run leaves the process in the project's directory
         Ambiente ambiente{.Macchina = Disco, .Ingresso = Ingresso, .Uscita = Uscita, .Errori = Errori};
+        ambiente.UscitaTerminale = UscitaTerminale;
+        ambiente.SenzaColori = SenzaColori;
+        if (ConPager) ambiente.Impagina = [this] { return std::make_unique<ImpaginatoreFinto>(Pager); };
         ambiente.DirectoryProgramma = "/casa/programma";
         return Programma(argomenti, ambiente);
     }

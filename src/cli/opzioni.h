@@ -46,7 +46,7 @@ struct UsoErrato {
     std::string Testo;
 };
 
-/// The commands that an option goes with.
+/// The commands, as a set of bits.
 enum PerComando : unsigned {
     Esegue = 1,
     Riordina = 2,
@@ -71,8 +71,10 @@ struct Comando {
 struct Opzione {
     char Corta; // 0 when there is none
     const char* Lunga;
-    const char* Argomento; // name of its value, nullptr for a flag; in brackets: only behind "="
-    unsigned Per;          // PerComando
+    const char* Argomento; // name of its value, nullptr for a flag; in brackets: only after "="
+    unsigned Per;          // PerComando: where it does something
+    unsigned Innocua;      // PerComando: where it does nothing and nobody expects it to; accepted there, so
+                           // that a script can give every command the same options
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);
 };

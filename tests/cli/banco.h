@@ -45,7 +45,8 @@ struct Banco {
     bool ConPager = false;
 
     Banco() {
-        Disco.Metti("/casa/programma/home.GIF", "");
+        for (const char* nome : {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"})
+            Disco.Metti(std::string("/casa/programma/") + nome, "");
         Disco.Metti("/casa/p/Prova.vbp", "Module=B; B.bas\r\nModule=A; A.bas\r\nForm=C.frm\r\n");
         for (const char* nome : {"A.bas", "B.bas"})
             Disco.Metti(std::string("/casa/p/") + nome, "Option Explicit\r\nSub a()\r\nEnd Sub\r\n");

@@ -164,7 +164,9 @@ TEST(Documenta, BrowserAssente) {
     Banco b;
     b.Disco.Fallisci("Avvia", "Indice.Html", 53);
     EXPECT_EQ(b.Esegui({"documenta", "--apri", "p/Prova.vbp"}), 1);
-    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53")) << b.Errori.str();
+    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53, File non trovato. (un programma per "
+                       "/casa/p/Appoggio/Indice.Html)"))
+        << b.Errori.str();
     EXPECT_EQ(b.NellIndice(), "A.bas B.bas C.frm");
 }
 
@@ -812,7 +814,7 @@ TEST(Guida, PaginaEBrowser) {
     Banco senza;
     senza.Disco.Fallisci("Avvia", "tavolerio.htm", 53);
     EXPECT_EQ(senza.Esegui({"guida"}), 1);
-    EXPECT_TRUE(senza.Dice("errore 53"));
+    EXPECT_TRUE(senza.Dice("errore 53, File non trovato. (un programma per /casa/programma/tavolerio.htm)"));
     EXPECT_TRUE(senza.Disco.Esiste("/casa/programma/tavolerio.htm"));
 }
 

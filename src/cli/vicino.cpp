@@ -30,12 +30,11 @@ std::size_t Distanza(const std::string& a, const std::string& b) {
 }
 
 constexpr std::size_t MinimoCercato = 3;
-constexpr std::size_t MassimoCercato = 100; // the distance takes the product of both lengths
 
 } // namespace
 
 std::string PiuVicino(const std::string& scritto, const std::vector<std::string>& nomi) {
-    if (scritto.size() < MinimoCercato || scritto.size() > MassimoCercato) return "";
+    if (scritto.size() < MinimoCercato) return "";
     const std::string cercato = LCase(scritto);
     const std::string* inizio = nullptr;
     int iniziano = 0;

@@ -47,6 +47,7 @@ TEST(Progetto, SceltoInOgniScrittura) {
         0)
         << b.Errori.str();
     EXPECT_TRUE(b.Fatto("c.frm"));
+    EXPECT_TRUE(b.Fatto("Prova.vbp")); // named as in the list
 }
 
 // Where the new directory does not have it, the error names what is missing.
@@ -137,6 +138,7 @@ TEST(Uso, DiceCheCosaCiVuole) {
         {"mnuVorm_Click", "(forse «mnuvorn_Click»?)"},
         {"Check1_LostFokus", "(forse «Check1_LostFocus»?)"},
         {"Chek1=1", "(forse «Check1=»?)"},
+        {"Tex1='* una intestazione lunga", "(forse «Text1=»?)"},
         {"selezione=1", "(forse «seleziona=»?)"},
         {"boh", "evento sconosciuto: boh; ci sono File1Leggi_Click, Command1_Click, "},
         {"boh", "Form_KeyPress=, seleziona="},

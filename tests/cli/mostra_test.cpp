@@ -172,6 +172,8 @@ TEST(Mostra, OgniStruttura) {
         {"riquadro.txt",
          "              " + std::string(101, '*') + "\r\n000002                     Sub a()\r\n"},
         {"oltre.txt", "999999        x\r\n        y\r\n"},
+        {"senza-margine.txt", "000003     <<\xCD\xCD"
+                              "Exit Sub\r\n"},
         {"lf.txt", "'t\n000001        x\n"},
         {"nul.txt", "000001        x\0y\r\n"s}, // of a source that holds one
     };

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Makes the manual page: puts the version and the program's own tables of commands and options
-// into manual/morvella-cli.1.in, so that the page cannot fall behind the program.
+// into manual/morvella-cli.1.in, so that the page cannot get out of step with
+// it.
 //
 //     genera-manuale morvella-cli.1.in morvella-cli.1
 #include <cstdio>
@@ -41,13 +42,13 @@ std::string PaginaComandi() {
     std::string pagina;
     for (const Comando& c : Comandi()) {
         pagina += ".TP\n" + Grassetto(c.Nome);
-        if (*c.Righe) pagina += " " + Corsivo(c.Righe);
+        if (*c.Argomenti) pagina += " " + Corsivo(c.Argomenti);
         pagina += "\n" + PerRoff(c.Aiuto) + "\n";
     }
     return pagina;
 }
 
-// The commands that an option goes with, told by the shorter list; "" when it goes with all.
+// The commands where an option has an effect, told by the shorter list; "" when it has one everywhere.
 std::string ValePer(const Opzione& opzione) {
     std::string con;
     std::string senza;
@@ -68,7 +69,7 @@ std::string PaginaOpzioni() {
         pagina += ".TP\n";
         if (o.Corta) pagina += Grassetto(std::string("-") + o.Corta) + ", ";
         pagina += Grassetto(std::string("--") + o.Lunga);
-        if (o.Argomento) { // "[si|no]" is a value that can be left out, with its "="
+        if (o.Argomento) { // "[si|no]" is an optional value, after "=" only
             const bool libero = o.Argomento[0] == '[';
             pagina += (libero ? "[=" : "=") + Corsivo(o.Argomento + (libero ? 1 : 0));
         }
@@ -91,7 +92,7 @@ int Genera(const char* modello, const char* uscita) {
         std::cerr << "genera-manuale: " << modello << ": non si legge\n";
         return 1;
     }
-    // A page without one of the three would be a page without its commands: better none.
+    // Without one of the three the page would lack its commands: better no page.
     if (!Sostituisci(pagina, "@VERSIONE@", MORVELLA_VERSIONE) ||
         !Sostituisci(pagina, "@COMANDI@\n", PaginaComandi()) ||
         !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni())) {

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* DoveStanno =
     "Le strutture stanno in Appoggio, nella directory del progetto: sono i file .log.";
 
-// Two colours that differ for the colour-blind too: blue for conditions, yellow for loops.
+// Two colours that the colour-blind can tell apart: blue for conditions, yellow for loops.
 const char* Colore(Tratto::Genere che) {
     switch (che) {
     case Tratto::Numero: return "\x1b[2m";
@@ -30,7 +30,7 @@ const char* Colore(Tratto::Genere che) {
 
 // What a file's bytes say of it, before anything of it is shown.
 struct Aspetto {
-    bool SoloLf = false;    // its lines end in LF alone: it came out of a version control system so
+    bool SoloLf = false;    // lines end in LF alone, as version control may give them
     bool Struttura = false; // the listing engine can have written it
 };
 

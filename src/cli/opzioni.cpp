@@ -12,13 +12,13 @@ namespace morvella::cli {
 
 namespace {
 
-// A value of "[si|no]", or none: that is a yes.
+// The value of a "[si|no]" option; a missing one is a yes.
 bool SiNo(const std::string& valore) { return valore.empty() || DiceSi(valore); }
 
 // clang-format off
 constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Documenta;
 constexpr unsigned DiProgetto = Lavorano | Legge | Elenca | Eventi;
-constexpr unsigned Riscrivono = Esegue | Riordina | Struttura | Legge | Eventi; // leggi: a structure that is missing
+constexpr unsigned Riscrivono = Esegue | Riordina | Struttura | Legge | Eventi; // leggi rewrites a missing structure
 constexpr unsigned Chiedono = Esegue | Eventi;
 constexpr unsigned Avviano = Esegue | Documenta | Legge | Eventi | Guida;
 constexpr unsigned Tutti = ~0U;
@@ -94,13 +94,13 @@ constexpr Opzione TabellaOpzioni[] = {
 };
 // clang-format on
 
-// A word as it is compared: without blanks around it and in lower case, accents too.
+// A word as it is compared: trimmed and in lower case, accents too.
 Testo Piegata(std::string parola) {
     std::erase(parola, '\r');
     return LCase(Trim(Bytes1252DaUtf8(parola).value_or(parola)));
 }
 
-// As other programs call them.
+// Names that other programs use.
 constexpr std::pair<const char*, const char*> Sinonimi[] = {{"help", "aiuto"}, {"version", "versione"}};
 
 const Opzione& TrovaLunga(const std::string& scritta) {
@@ -134,7 +134,7 @@ const Comando& TrovaComando(const std::string& scritto) {
     throw UsoErrato{"comando sconosciuto: " + scritto + Forse(scritto, nomi)};
 }
 
-// The arguments taken apart: options go into the request, what is left stays in order.
+// Takes the arguments apart: options go into the request, the others are kept in order.
 class Lettura {
   public:
     Lettura(const std::vector<std::string>& argomenti, Richiesta& richiesta)
@@ -199,13 +199,13 @@ class Lettura {
     std::vector<const Opzione*> usate_;
 };
 
-// What follows the command, for "mostra".
+// The arguments of "mostra".
 void DividiFile(const std::vector<std::string>& liberi, Richiesta& richiesta) {
     if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
     richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
 }
 
-// The same for a command that wants a project.
+// The arguments of a command that wants a project.
 void DividiProgetto(const Comando& comando, const std::vector<std::string>& liberi, Richiesta& richiesta) {
     if (liberi.size() < 2)
         throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
@@ -276,20 +276,20 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
 std::string TestoAiuto(const std::string& comando) {
     std::string testo;
     unsigned chi = 0;
-    const Comando* di = TabellaComandi; // whose example it is
+    const Comando* di = TabellaComandi; // the command that the example shows
     if (comando.empty()) {
         testo = "morvella-cli COMANDO [OPZIONI] ...\n"
                 "Riscrive in Appoggio il codice di un progetto Visual Basic 5 o 6 e ne scrive la\n"
                 "struttura, senza toccare i sorgenti.\n\n";
         for (const Comando& c : TabellaComandi)
-            testo += "  " + Riempito(std::string(c.Nome) + " " + c.Righe, 33) + c.Aiuto + "\n";
+            testo += "  " + Riempito(std::string(c.Nome) + " " + c.Argomenti, 33) + c.Aiuto + "\n";
         testo += "\nmorvella-cli COMANDO --aiuto mostra le opzioni di un comando.\n";
     }
     for (const Comando& c : TabellaComandi) {
         if (comando != c.Nome) continue;
         chi = c.Chi;
         di = &c;
-        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Righe + "\n" + c.Aiuto + "\n\n";
+        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Argomenti + "\n" + c.Aiuto + "\n\n";
     }
     for (const Opzione& o : TabellaOpzioni) {
         if ((o.Per & chi) == 0) continue;

@@ -206,9 +206,9 @@ void ElencaProgetti(Stato& s);
 
 /// `Dir1.Path` becomes the directory with this platform path; raises Dir1_Change.
 void CambiaDir1(Stato& s, const std::string& percorso);
-/// The same for a home that knows which project it wants, by the file's name on the disk:
-/// File1Leggi holds this one, not chosen yet, and the directory is not read, which may be large,
-/// or closed to readers.
+/// The same for a front end that knows which project it wants, by the file's name on the disk.
+/// File1Leggi holds this one alone, not chosen yet; the directory is not read, since it may be large
+/// or unreadable.
 void CambiaDir1(Stato& s, const std::string& percorso, const std::string& progetto);
 /// Empties the file state, fills File1Leggi, puts the current directory on Dir1.Path, empties
 /// File1 and disables mnuLettura, mnuRiordina and mnuvorn. An error shows a box and skips the rest.

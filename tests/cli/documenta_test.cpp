@@ -70,7 +70,7 @@ struct Banco {
     bool Scrive(const std::string& testo) const { return Uscita.str().find(testo) != std::string::npos; }
     bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
     std::string Pagina(const std::string& nome) const { return Disco.Leggi("/casa/p/Appoggio/" + nome); }
-    /// The rows that the index links to, one behind the other.
+    /// The rows that the index links to, with blanks between them.
     std::string NellIndice() const {
         const std::string indice = Pagina("Indice.Html");
         std::string voci;
@@ -194,7 +194,7 @@ TEST(Documenta, Errore) {
     }
 }
 
-// What to do about a page that could not be written: --sottocartelle only where it helps.
+// The advice about a page that could not be written names --sottocartelle only where it helps.
 TEST(Documenta, ConsiglioSulleCartelle) {
     struct Caso {
         std::vector<std::string> Righe;
@@ -207,7 +207,7 @@ TEST(Documenta, ConsiglioSulleCartelle) {
         {{"+sub\\M.frm"}, {"-k"}, true},
         {{"+..\\lib\\M.frm"}, {}, false}, // its page would not lie in the work directory
         {{"+..\\lib\\M.frm"}, {"--sottocartelle"}, false},
-        {{"+x", "+file\\M.frm"}, {"-k"}, false}, // a file lies in the place of the folder
+        {{"+x", "+file\\M.frm"}, {"-k"}, false}, // a file has the folder's name
     };
     for (const Caso& caso : casi) {
         Banco b;
@@ -358,7 +358,7 @@ TEST(Prosegui, NessunaBuona) {
     EXPECT_FALSE(b.Fatto("Indice.Html") || b.Disco.Esiste("/Indice.Html") || b.Disco.Esiste("/p2.gif"));
 }
 
-// The question comes once, behind the run that succeeds.
+// The question comes once, after the run that succeeds.
 TEST(Prosegui, UnaDomanda) {
     Banco b;
     b.Progetto({"A.frm", "+B.frm", "C.frm"});
@@ -457,7 +457,7 @@ TEST(Sottocartelle, MaiFuori) {
                         bytes.find("<html>") == std::string::npos)
                 << percorso;
 
-        // Where there is a directory for it the rule writes there, and that place stays bare.
+        // Where the directory exists the page goes there, without pictures or index.
         b.Disco.FaiDirectory("/casa/p/lib");
         EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0) << b.Errori.str();
         EXPECT_TRUE(b.Disco.Esiste("/casa/p/lib/M.Html"));
@@ -610,7 +610,7 @@ TEST(Conservate, SenzaConferma) {
     no.Disco.Metti(Ini, pieno);
     EXPECT_EQ(no.Esegui({"esegui", "--senza-conferma=no", "p/Prova.vbp"}), 3);
     EXPECT_FALSE(no.Disco.Esiste("/casa/p/Appoggio"));
-    for (const char* comando : {"riordina", "struttura", "documenta"}) { // these answer No to it all the same
+    for (const char* comando : {"riordina", "struttura", "documenta"}) { // these answer No themselves
         Banco c;
         c.Disco.Metti(Ini, pieno);
         EXPECT_EQ(c.Esegui({comando, "p/Prova.vbp", "A.bas"}), 0);
@@ -638,7 +638,7 @@ TEST(Conservate, FileRovinato) {
         }
 }
 
-// The command that restores it can be given as it is told.
+// The command that the advice names can be pasted into a shell.
 TEST(Conservate, IlComandoCheRipristina) {
     const std::pair<const char*, const char*> casi[] = {
         {"altro", "--programma altro»"},
@@ -744,8 +744,8 @@ TEST(Opzioni, Mostrate) {
     EXPECT_TRUE(b.Scrive("Procedure:   sì"));
 }
 
-// A line of the text that reads OK is stored, ends the text when read and turns "Senza conferma" on:
-// so it is told.
+// A line "OK" of the text is stored, but ends the text when read and turns "Senza conferma" on: a warning
+// says so.
 TEST(Opzioni, TestoCheSiTronca) {
     Banco tronco;
     tronco.Disco.Metti("/casa/t.txt", "'uno\n\nOK\n'due\n");

@@ -33,7 +33,7 @@ constexpr const char* Mostrato = "000001        Option Explicit\n"
                                  "ENDIF - Loop, Next ... ect\n"
                                  "000005              End Sub\n";
 
-// The text without its escapes, and the escape in force in front of `pezzo`.
+// The text without its escape sequences, and the one in force before `pezzo`.
 std::string SenzaFughe(const std::string& testo) {
     std::string senza;
     for (std::size_t i = 0; i < testo.size(); ++i) {
@@ -120,7 +120,7 @@ TEST(Mostra, Pager) {
     EXPECT_EQ(b.Pager.Chiusi, 1);
 }
 
-// A reader who leaves has seen enough: no more is read, and nothing is wrong.
+// A reader who leaves the pager has seen enough: no more is read, and nothing is wrong.
 TEST(Mostra, LasciareIlPager) {
     Banco b;
     b.ConPager = b.UscitaTerminale = true;
@@ -139,7 +139,7 @@ TEST(Mostra, SoloLf) {
     b.Disco.Metti("/casa/x.log", "000001        x\n000002        y\n");
     EXPECT_EQ(b.Esegui({"mostra", "x.log"}), 0);
     EXPECT_EQ(b.Uscita.str(), "000001        x\n000002        y\n");
-    // A lone LF inside a line stays in it where lines end as they were written.
+    // Where lines end in CR LF a lone LF belongs to its line.
     b.Disco.Metti("/casa/x.log", "000001        x\ny\nz\r\n");
     EXPECT_EQ(b.Esegui({"mostra", "x.log"}), 0);
     EXPECT_EQ(b.Uscita.str(), "000001        x␊y␊z\n");
@@ -188,7 +188,7 @@ TEST(Mostra, OgniStruttura) {
     }
 }
 
-// The golden ones too.
+// The golden listings too.
 TEST(Mostra, LeStruttureDeiCasi) {
     int quante = 0;
     for (const auto& voce : std::filesystem::recursive_directory_iterator(std::string(MORVELLA_RADICE) +

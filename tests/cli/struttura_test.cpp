@@ -62,7 +62,7 @@ struct Banco {
     }
 };
 
-// Three forms: the second stops the listing behind its End Sub, the third is whole.
+// Three forms: the second stops the listing after its End Sub, the third is whole.
 void TreForm(Banco& b) {
     b.Riga("A.frm", Form({"Sub a()", "End Sub"}));
     b.Riga("B.frm", Form({"Sub b()", "End Sub", "#End If", "x"}));
@@ -91,7 +91,7 @@ TEST(Struttura, RigheNominate) {
     b.Riga("A.frm", Form({"x"}));
     b.Riga("B.bas", "Attribute VB_Name = \"A\"\r\n");
     EXPECT_EQ(b.Esegui({"struttura", "--senza-conferma", "p/Prova.vbp", "b.BAS"}), 0);
-    EXPECT_FALSE(b.Fatto("A.log")); // not selected: it neither is listed nor lifts the state
+    EXPECT_FALSE(b.Fatto("A.log")); // not selected: not listed, and no help to the module after it
     EXPECT_EQ(b.Log("B.log"), "");
     EXPECT_EQ(b.Esegui({"struttura", "p/Prova.vbp", "Z.bas"}), 2);
 }
@@ -129,7 +129,7 @@ TEST(Esegui, StrutturaAncheDopoUnArresto) {
     EXPECT_TRUE(b.Avvertito("mnuRiordina_Click fermato alla riga «A.frm»: errore 75"));
 }
 
-TEST(Prosegui, DietroLaRigaCheFerma) {
+TEST(Prosegui, DopoLaRigaCheFerma) {
     Banco b;
     TreForm(b);
     EXPECT_EQ(b.Esegui({"struttura", "p/Prova.vbp"}), 1);
@@ -207,13 +207,13 @@ const Rilevato Rilevati[] = {
         "p/F.frm:10: ", {"«Sub b()» (riga 8)", "un blocco", "riga 9 «Do»"}},
     {"an unknown head", {"Friend Sub a()", "If x Then y", "End Sub"},
         "p/F.frm:8: ", {"non si riconosce la testata", "riga 7 «If x Then y»"}},
-    {"an unknown head behind a known one", {"Sub a()", "End Sub", "Static Sub b()", "Do", "End Sub"},
+    {"an unknown head after a known one", {"Sub a()", "End Sub", "Static Sub b()", "Do", "End Sub"},
         "p/F.frm:10: ", {"non si riconosce la testata", "riga 9 «Do»"}},
     {"a block between procedures", {"Function a()", "End Function", "If x Then y", "Friend Sub b()", "End Sub"},
         "p/F.frm:10: ", {"non si riconosce la testata", "riga 8 «If x Then y»"}},
-    {"#End If behind End Sub", {"#If x Then", "Sub a()", "End Sub", "#End If"},
+    {"#End If after End Sub", {"#If x Then", "Sub a()", "End Sub", "#End If"},
         "p/F.frm:9: ", {"«#End If»", "riga 4 della struttura"}},
-    {"Next behind End Sub", {"Sub a()", "End Sub", "   Next i"}, "p/F.frm:8: ", {"«Next i»"}},
+    {"Next after End Sub", {"Sub a()", "End Sub", "   Next i"}, "p/F.frm:8: ", {"«Next i»"}},
     {"accents", {"Sub Perch\xE9()", "If \xE8 Then y", "End Sub"}, "p/F.frm:8: ", {"«Sub Perché()»", "«If è Then y»"}},
 };
 // clang-format on
@@ -237,8 +237,8 @@ TEST(Controlla, OgniRilievo) {
     }
 }
 
-// A margin that the control section left behind is told by its line there: it stands in the
-// discarded part of the listing, but in the file it can be found.
+// A column that the control section left open is told by its line there: the listing has discarded it,
+// but in the file it can be found.
 TEST(Controlla, ApertoNellaSezioneDeiControlli) {
     Banco b;
     b.Riga("F.frm",
@@ -251,7 +251,7 @@ TEST(Controlla, ApertoNellaSezioneDeiControlli) {
     EXPECT_NE(rilievi[0].find("riga 2 della struttura"), std::string::npos) << rilievi[0];
 }
 
-// An editor ends a line at a lone LF too, the engine does not: what is told is the editor's line.
+// An editor ends a line at a lone LF, the engine does not: the editor's line is told.
 TEST(Controlla, LfSoli) {
     Banco b;
     b.Riga("F.frm",
@@ -292,8 +292,8 @@ TEST(Controlla, NienteDaDire) {
     }
 }
 
-// The findings of all rows, in the order of the rows; each path as it is found from where the
-// program was started.
+// The findings of all rows, in the order of the rows, with paths relative to where the program was
+// started.
 TEST(Controlla, PiuRighe) {
     Banco b;
     b.Riga("C.frm", Form({"Sub c()", "Do", "End Sub", "Sub d()", "Do", "End Sub"}));
@@ -315,7 +315,7 @@ TEST(Controlla, PiuRighe) {
     EXPECT_TRUE(b.Avvertito("«B.frm»: errore 53"));
 }
 
-// Where nothing but an error was found the error decides.
+// Without a finding the error decides the exit status.
 TEST(Controlla, UnErroreSolo) {
     Banco b;
     b.Riga("F.frm", std::nullopt);
@@ -330,7 +330,7 @@ TEST(Controlla, SenzaOpzioneNonSiDice) {
     EXPECT_TRUE(b.Rilievi().empty());
 }
 
-// A long line is cut in a message, and what would act on a terminal does not stand in it.
+// A message cuts a long line, and holds nothing that would act on a terminal.
 TEST(Controlla, LineaLungaEByteDiControllo) {
     Banco b;
     b.Riga("F.frm", Form({"Sub a()", "If \x1B[31m\t" + std::string(500, 'x'), "End Sub"}));
@@ -356,7 +356,7 @@ TEST(Leggi, UnLettorePerStruttura) {
     EXPECT_EQ(b.Uscita.str() + b.Errori.str(), "");
 }
 
-// A missing one is written; nothing opens until the command is given again.
+// A missing structure is written; nothing opens until the command is given again.
 TEST(Leggi, StrutturaMancante) {
     Banco b;
     b.Riga("A.frm", Form({"x"}));
@@ -375,7 +375,7 @@ TEST(Leggi, SenzaLettore) {
     b.Esegui({"struttura", "p/Prova.vbp"});
     b.Disco.Fallisci("Avvia", "", ErrFileAssente);
     EXPECT_EQ(b.Esegui({"leggi", "p/Prova.vbp"}), 1);
-    // Error 53 means the program; the structure is there.
+    // Error 53 is about the viewer: the structure is there.
     EXPECT_TRUE(b.Avvertito("mnuLettura_Click fermato alla riga «A.frm»: errore 53, File non trovato. (un "
                             "programma per /casa/p/Appoggio/A.log)\n  Manca un programma che apra il file"))
         << b.Errori.str();
@@ -390,7 +390,7 @@ TEST(Eventi, Struttura) {
     EXPECT_TRUE(b.Fatto("A.log") && b.Fatto("C.log"));
     EXPECT_FALSE(b.Fatto("B.log"));
     EXPECT_TRUE(b.Detto("{\"testo\": \"A.frm\", \"selezionata\": false}"));
-    // A run that stopped goes on behind its row when the command is given again.
+    // The command given again goes on after the row that stopped the run.
     EXPECT_EQ(b.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "mnuvorn_Click", "mnuvorn_Click"}), 1);
     EXPECT_TRUE(b.Fatto("C.log"));
 }
@@ -412,7 +412,7 @@ TEST(Eventi, LetturaSenzaProcessi) {
     EXPECT_TRUE(b.Disco.Avviati.empty());
 }
 
-// Silence about findings says that all was examined: where it was not, that is told in spite of -q.
+// Silence about findings means that all was examined: what was not is told in spite of -q.
 TEST(Controlla, InSilenzioDiceCheCosaNonHaVisto) {
     Banco senza;
     senza.Riga("A.bas", "Attribute VB_Name = \"A\"\r\nSub a()\r\nDo\r\nEnd Sub\r\n");
@@ -452,7 +452,7 @@ TEST(Controlla, ConUnRapportoImpossibile) {
     EXPECT_EQ(b.Esegui({"struttura", "-r", "nessuna/r.json", "p/Prova.vbp"}), 1);
 }
 
-// The second run of --prosegui has no form before its modules any more.
+// In the second run of --prosegui no form comes before the modules any more.
 TEST(Prosegui, LaCorsaRicomincia) {
     Banco b;
     b.Riga("A.frm", Form({"x"}));

@@ -28,6 +28,7 @@ std::string PerShell(const std::string& parola) {
 #endif
 }
 
+// Error 5 has three causes; only a line of code leaves its number.
 std::string PerArgomento(const ErroreAvvenuto& e, const std::string& prosegui) {
     if (e.Riga > 0)
         return "La riga di codice chiude un blocco tra un End Sub e la procedura seguente (spesso un "
@@ -46,6 +47,8 @@ std::string PerFileAssente(const ErroreAvvenuto& e, const Circostanze& come, con
     return e.Voce.empty() ? "Controllare che ci sia." : "Controllare il nome nel progetto." + prosegui;
 }
 
+// The documentation alone names "Appoggio" itself: it makes the directory without a handler, and takes
+// one without files for missing.
 std::string PerAccesso(const ErroreAvvenuto& e, const Circostanze& come, const std::string& prosegui) {
     if (e.Causa.File != "Appoggio")
         return "Controllare i permessi, e che al posto del file non ci sia una directory." + prosegui;

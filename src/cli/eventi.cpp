@@ -56,7 +56,7 @@ constexpr Operazione Operazioni[] = {
     {"Form_Unload", Form_Unload, nullptr, true},
 };
 
-// A check box, and what setting it does.
+// A check box. Setting one stores nothing: as in the window, that is left to its LostFocus.
 struct Casella {
     const char* Nome;
     void (*Metti)(Stato&, int);
@@ -113,6 +113,7 @@ Evento DiCasella(const Casella& casella, const std::string& valore) {
     }};
 }
 
+// Typed text is not trimmed or checked, like the window's.
 Evento DiTesto(const std::string& valore) {
     return {[valore](Corsa& c) {
         bool persi = false;
@@ -206,6 +207,7 @@ std::vector<std::string> NomiEventi() {
 
 void EseguiEventi(Corsa& c) {
     std::vector<Evento> eventi;
+    // A slip in the last event must not leave half a run.
     for (const std::string& evento : c.Chiesto.Resto) {
         if (!eventi.empty() && eventi.back().Ultimo)
             throw UsoErrato{"dopo " + c.Chiesto.Resto[eventi.size() - 1] + " il programma è finito: «" +
@@ -214,6 +216,7 @@ void EseguiEventi(Corsa& c) {
     }
     for (const Evento& evento : eventi)
         if (!evento.Fai(c)) break;
+    // Which rows the events were for is not known any more: warnings are about all of them.
     if (c.Fronte.Prodotti.empty()) return;
     for (Lungo i = 0; i < c.S.File1.ListCount(); ++i) c.Lavorate.push_back(i);
 }

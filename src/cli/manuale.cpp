@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Makes the manual page: puts the version and the program's own tables of commands and options
-// into manual/morvella-cli.1.in, so that the page cannot get out of step with
-// it.
+// into manual/morvella-cli.1.in. So the page always says what the program does.
 //
 //     genera-manuale morvella-cli.1.in morvella-cli.1
 #include <cstdio>

@@ -44,7 +44,7 @@ void SelezionaEsattamente(Stato& s, const std::vector<Lungo>& voci) {
 }
 
 void ScegliVoci(Corsa& c) {
-    if (c.Chiesto.Resto.empty()) return;
+    if (c.Chiesto.Resto.empty()) return; // all of them, as File1Leggi_Click left them
     std::unordered_multimap<Testo, Lungo> perChiave;
     for (Lungo i = 0; i < c.S.File1.ListCount(); ++i) perChiave.emplace(ChiaveVoce(c.S.File1.List(i)), i);
     std::vector<Lungo> voci;

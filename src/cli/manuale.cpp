@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Makes the manual page: puts the version and the program's own tables of commands and options
-// into manual/morvella-cli.1.in. So the page always says what the program does.
+// Makes the manual page: puts the version and the program's own tables of commands, options and
+// events into manual/morvella-cli.1.in. So the page always says what the program does.
 //
 //     genera-manuale morvella-cli.1.in morvella-cli.1
 #include <cstdio>
@@ -9,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "cli/eventi.h"
 #include "cli/opzioni.h"
 
 #ifndef MORVELLA_VERSIONE
@@ -77,6 +78,15 @@ std::string PaginaOpzioni() {
     return pagina;
 }
 
+// The names of the events with commas between them; what wants a value ends in "=".
+std::string PaginaEventi() {
+    std::string pagina;
+    const std::vector<std::string> nomi = NomiEventi();
+    for (const std::string& nome : nomi)
+        pagina += ".BR " + PerRoff(nome) + (&nome == &nomi.back() ? "" : " ,") + "\n";
+    return pagina;
+}
+
 bool Sostituisci(std::string& pagina, const std::string& segnaposto, const std::string& testo) {
     const std::size_t posto = pagina.find(segnaposto);
     if (posto == std::string::npos) return false;
@@ -91,11 +101,12 @@ int Genera(const char* modello, const char* uscita) {
         std::cerr << "genera-manuale: " << modello << ": non si legge\n";
         return 1;
     }
-    // Without one of the three the page would lack its commands: better no page.
+    // Without one of them the page would lack its commands: better no page.
     if (!Sostituisci(pagina, "@VERSIONE@", MORVELLA_VERSIONE) ||
         !Sostituisci(pagina, "@COMANDI@\n", PaginaComandi()) ||
-        !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni())) {
-        std::cerr << "genera-manuale: " << modello << ": manca @VERSIONE@, @COMANDI@ o @OPZIONI@\n";
+        !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni()) ||
+        !Sostituisci(pagina, "@EVENTI@\n", PaginaEventi())) {
+        std::cerr << "genera-manuale: " << modello << ": manca @VERSIONE@, @COMANDI@, @OPZIONI@ o @EVENTI@\n";
         return 1;
     }
     std::ofstream file(uscita, std::ios::binary);

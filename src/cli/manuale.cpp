@@ -98,7 +98,7 @@ int Genera(const char* modello, const char* uscita) {
     std::ifstream ingresso(modello, std::ios::binary);
     std::string pagina((std::istreambuf_iterator<char>(ingresso)), {});
     if (!ingresso) {
-        std::cerr << "genera-manuale: " << modello << ": non si legge\n";
+        std::cerr << "genera-manuale: " << modello << ": cannot be read\n";
         return 1;
     }
     // Without one of them the page would lack its commands: better no page.
@@ -106,14 +106,15 @@ int Genera(const char* modello, const char* uscita) {
         !Sostituisci(pagina, "@COMANDI@\n", PaginaComandi()) ||
         !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni()) ||
         !Sostituisci(pagina, "@EVENTI@\n", PaginaEventi())) {
-        std::cerr << "genera-manuale: " << modello << ": manca @VERSIONE@, @COMANDI@, @OPZIONI@ o @EVENTI@\n";
+        std::cerr << "genera-manuale: " << modello
+                  << ": @VERSIONE@, @COMANDI@, @OPZIONI@ or @EVENTI@ is missing\n";
         return 1;
     }
     std::ofstream file(uscita, std::ios::binary);
     file << pagina;
     file.close();
     if (!file) {
-        std::cerr << "genera-manuale: " << uscita << ": non si scrive\n";
+        std::cerr << "genera-manuale: " << uscita << ": cannot be written\n";
         std::remove(uscita);
         return 1;
     }
@@ -126,6 +127,6 @@ int Genera(const char* modello, const char* uscita) {
 
 int main(int argc, char** argv) {
     if (argc == 3) return morvella::cli::Genera(argv[1], argv[2]);
-    std::cerr << "uso: genera-manuale MODELLO USCITA\n";
+    std::cerr << "usage: genera-manuale TEMPLATE OUTPUT\n";
     return 2;
 }

@@ -13,21 +13,6 @@ constexpr const char* SenzaAppoggio =
     "La directory Appoggio non c'è e non si è potuta creare: controllare i permessi, o togliere il file "
     "che ha il suo nome.";
 
-// A word of a command as a shell wants it.
-std::string PerShell(const std::string& parola) {
-    const auto semplice = [](char c) {
-        return std::isalnum(static_cast<unsigned char>(c)) != 0 || std::strchr("/._-+:\\", c) != nullptr;
-    };
-    if (std::all_of(parola.begin(), parola.end(), semplice)) return parola;
-#ifdef _WIN32
-    return '"' + parola + '"';
-#else
-    std::string fra = "'";
-    for (const char c : parola) fra += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return fra + "'";
-#endif
-}
-
 // Error 5 has three causes; only a line of code leaves its number.
 std::string PerArgomento(const ErroreAvvenuto& e, const std::string& prosegui) {
     if (e.Riga > 0)
@@ -66,6 +51,20 @@ std::string PerPercorso(const Circostanze& come, const std::string& prosegui) {
 }
 
 } // namespace
+
+std::string PerShell(const std::string& parola) {
+    const auto semplice = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || std::strchr("/._-+:\\", c) != nullptr;
+    };
+    if (std::all_of(parola.begin(), parola.end(), semplice)) return parola;
+#ifdef _WIN32
+    return '"' + parola + '"';
+#else
+    std::string fra = "'";
+    for (const char c : parola) fra += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return fra + "'";
+#endif
+}
 
 bool MancaUnProgramma(const ErroreAvvenuto& e, bool fileAssente) {
     if (e.Causa.Numero != ErrFileAssente) return false;

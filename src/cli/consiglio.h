@@ -19,6 +19,9 @@ struct Circostanze {
     std::string Programma;          // as --programma has it
 };
 
+/// A word of a command, quoted where a shell needs it.
+std::string PerShell(const std::string& parola);
+
 /// Sentences in UTF-8; "" where there is nothing to advise.
 std::string Consiglio(const ErroreAvvenuto& e, const Circostanze& come);
 

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "cli/avvisi.h"
+#include "cli/consiglio.h"
 #include "cli/programma.h"
 #include "listing/decodifica.h"
 
@@ -82,10 +83,11 @@ Aspetto Guarda(Ambiente& ambiente, const std::string& file) {
 
 // What to show instead of a file that is no listing.
 std::string Invece(const std::string& file) {
-    if (LCase(Right(file, 4)) == ".vbp")
-        return "È un progetto: «morvella-cli struttura " + file +
+    const Testo fine = LCase(Right(file, 4));
+    if (fine == ".vbp")
+        return "È un progetto: «morvella-cli struttura " + PerShell(file) +
                "» scrive in Appoggio le strutture dei suoi moduli.";
-    if (!HaNomeDiSorgente(file)) return DoveStanno;
+    if (fine != ".frm" && fine != ".bas" && fine != ".cls") return DoveStanno;
     const std::string nome = file.substr(file.find_last_of("/\\") + 1);
     return "È un sorgente: la sua struttura è Appoggio/" + nome.substr(0, nome.size() - 4) +
            ".log, e la scrive «morvella-cli struttura PROGETTO.vbp».";
@@ -114,9 +116,8 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
         return ambiente.Uscita.good();
     };
     const auto rifiuta = [&](const std::string& frase, const std::string& consiglio) {
-        ambiente.Errori << ambiente.Codifica("morvella-cli: " + frase + (consiglio.empty() ? "" : "\n  ") +
-                                             consiglio)
-                        << '\n';
+        const std::string detto = "morvella-cli: " + frase + (consiglio.empty() ? "" : "\n  ") + consiglio;
+        ambiente.Errori << ambiente.Codifica(MostrabileUtf8(detto, true)) << '\n';
     };
 
     int stato = Fatto;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "cli/consiglio.h"
 #include "cli/vicino.h"
 #include "text/codifica.h"
 #include "text/testo.h"
@@ -130,7 +131,7 @@ const Comando& TrovaComando(const std::string& scritto) {
         nomi.emplace_back(comando.Nome);
     }
     if (LCase(Right(scritto, 4)) == ".vbp")
-        throw UsoErrato{"manca il comando, per esempio: morvella-cli esegui " + scritto};
+        throw UsoErrato{"manca il comando, per esempio: morvella-cli esegui " + PerShell(scritto)};
     throw UsoErrato{"comando sconosciuto: " + scritto + Forse(scritto, nomi)};
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "cli/consiglio.h"
 #include "cli/vicino.h"
 
 namespace morvella::cli {
@@ -23,7 +24,7 @@ UsoErrato SenzaVoce(const Corsa& c, const std::string& nome) {
     std::vector<std::string> voci;
     for (Lungo i = 0; i < c.S.File1.ListCount(); ++i) voci.push_back(Utf8Da1252(c.S.File1.List(i)));
     return UsoErrato{"il progetto non ha la riga «" + nome + "»" + Forse(nome, voci) +
-                     ": morvella-cli elenca " + c.Chiesto.Progetto + " mostra quelle che ha"};
+                     ": morvella-cli elenca " + PerShell(c.Chiesto.Progetto) + " mostra quelle che ha"};
 }
 
 } // namespace

@@ -218,6 +218,9 @@ TEST(Mostra, NonSonoStrutture) {
         {"p/C.frm", "VERSION 5.00\r\n",
          "la sua struttura è Appoggio/C.log, e la scrive «morvella-cli struttura PROGETTO"},
         {"p/A.BAS", "Sub a()\r\nEnd Sub\r\n", "È un sorgente: la sua struttura è Appoggio/A.log"},
+        {"due parole.vbp", "x", "«morvella-cli struttura 'due parole.vbp'»"},
+        {"p/C.frx", "x", "Le strutture stanno"}, // nothing is listed of it
+        {"p/C.ctl", "VERSION 5.00\r\n", "Le strutture stanno"},
         {"numeri.bas", "000010     x = 1\r\n", "È un sorgente"}, // code with line numbers
         {"p/Appoggio/a.txt", "     Option Explicit\r\n", "Le strutture stanno in Appoggio"},
         {"binario", binario, "Le strutture stanno in Appoggio"},

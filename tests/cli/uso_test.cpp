@@ -42,6 +42,7 @@ TEST(Uso, Consiglia) {
         {{"riodina", "p/Prova.vbp"}, "comando sconosciuto: riodina (forse «riordina»?)\n"},
         {{"boh", "p/Prova.vbp"}, "comando sconosciuto: boh\n"},
         {{"p/Prova.VBP"}, "manca il comando, per esempio: morvella-cli esegui p/Prova.VBP\n"},
+        {{"due parole.vbp"}, "morvella-cli esegui 'due parole.vbp'\n"},
         {{"esegui", "--togli", "p/Prova.vbp"}, "opzione sconosciuta: --togli (forse «--togli-commenti»?)\n"},
         {{"esegui", "--prosegiu", "p/Prova.vbp"}, "opzione sconosciuta: --prosegiu (forse «--prosegui»?)\n"},
         {{"esegui", "--boh", "p/Prova.vbp"}, "opzione sconosciuta: --boh\n"},

@@ -70,7 +70,7 @@ struct Banco {
     bool Scrive(const std::string& testo) const { return Uscita.str().find(testo) != std::string::npos; }
     bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
     std::string Pagina(const std::string& nome) const { return Disco.Leggi("/casa/p/Appoggio/" + nome); }
-    /// The rows that the index links to, one after the other.
+    /// The rows that the index links to, with blanks between them.
     std::string NellIndice() const {
         const std::string indice = Pagina("Indice.Html");
         std::string voci;
@@ -164,7 +164,9 @@ TEST(Documenta, BrowserAssente) {
     Banco b;
     b.Disco.Fallisci("Avvia", "Indice.Html", 53);
     EXPECT_EQ(b.Esegui({"documenta", "--apri", "p/Prova.vbp"}), 1);
-    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53")) << b.Errori.str();
+    EXPECT_TRUE(b.Dice("mnuHTML_Click fermato: errore 53, File non trovato. (un programma per "
+                       "/casa/p/Appoggio/Indice.Html)"))
+        << b.Errori.str();
     EXPECT_EQ(b.NellIndice(), "A.bas B.bas C.frm");
 }
 
@@ -192,7 +194,7 @@ TEST(Documenta, Errore) {
     }
 }
 
-// What to do about a page that could not be written: --sottocartelle only where it helps.
+// The advice about a page that could not be written names --sottocartelle only where it helps.
 TEST(Documenta, ConsiglioSulleCartelle) {
     struct Caso {
         std::vector<std::string> Righe;
@@ -205,7 +207,7 @@ TEST(Documenta, ConsiglioSulleCartelle) {
         {{"+sub\\M.frm"}, {"-k"}, true},
         {{"+..\\lib\\M.frm"}, {}, false}, // its page would not lie in the work directory
         {{"+..\\lib\\M.frm"}, {"--sottocartelle"}, false},
-        {{"+x", "+file\\M.frm"}, {"-k"}, false}, // a file lies in the place of the folder
+        {{"+x", "+file\\M.frm"}, {"-k"}, false}, // a file has the folder's name
     };
     for (const Caso& caso : casi) {
         Banco b;
@@ -455,7 +457,7 @@ TEST(Sottocartelle, MaiFuori) {
                         bytes.find("<html>") == std::string::npos)
                 << percorso;
 
-        // Where there is a directory for it the rule writes there, and that place stays bare.
+        // Where the directory exists the page goes there, without pictures or index.
         b.Disco.FaiDirectory("/casa/p/lib");
         EXPECT_EQ(b.Esegui({"documenta", "--sottocartelle", "p/Prova.vbp"}), 0) << b.Errori.str();
         EXPECT_TRUE(b.Disco.Esiste("/casa/p/lib/M.Html"));
@@ -608,7 +610,7 @@ TEST(Conservate, SenzaConferma) {
     no.Disco.Metti(Ini, pieno);
     EXPECT_EQ(no.Esegui({"esegui", "--senza-conferma=no", "p/Prova.vbp"}), 3);
     EXPECT_FALSE(no.Disco.Esiste("/casa/p/Appoggio"));
-    for (const char* comando : {"riordina", "struttura", "documenta"}) { // these answer No to it all the same
+    for (const char* comando : {"riordina", "struttura", "documenta"}) { // these answer No themselves
         Banco c;
         c.Disco.Metti(Ini, pieno);
         EXPECT_EQ(c.Esegui({comando, "p/Prova.vbp", "A.bas"}), 0);
@@ -636,7 +638,7 @@ TEST(Conservate, FileRovinato) {
         }
 }
 
-// The command that restores it can be given as it is told.
+// The command that the advice names can be pasted into a shell.
 TEST(Conservate, IlComandoCheRipristina) {
     const std::pair<const char*, const char*> casi[] = {
         {"altro", "--programma altro»"},
@@ -742,8 +744,8 @@ TEST(Opzioni, Mostrate) {
     EXPECT_TRUE(b.Scrive("Procedure:   sì"));
 }
 
-// A line of the text that reads OK is stored, ends the text when read and turns "Senza conferma" on:
-// so it is told.
+// A line "OK" of the text is stored, but ends the text when read and turns "Senza conferma" on: a warning
+// says so.
 TEST(Opzioni, TestoCheSiTronca) {
     Banco tronco;
     tronco.Disco.Metti("/casa/t.txt", "'uno\n\nOK\n'due\n");
@@ -812,7 +814,7 @@ TEST(Guida, PaginaEBrowser) {
     Banco senza;
     senza.Disco.Fallisci("Avvia", "tavolerio.htm", 53);
     EXPECT_EQ(senza.Esegui({"guida"}), 1);
-    EXPECT_TRUE(senza.Dice("errore 53"));
+    EXPECT_TRUE(senza.Dice("errore 53, File non trovato. (un programma per /casa/programma/tavolerio.htm)"));
     EXPECT_TRUE(senza.Disco.Esiste("/casa/programma/tavolerio.htm"));
 }
 

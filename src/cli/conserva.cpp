@@ -26,7 +26,7 @@ Testo LeggiIntestazione(Corsa& c, bool avvisa) {
         throw UsoErrato{"--testo-intestazione: " + nome + ": " + Utf8Da1252(Descrizione(e.Numero))};
     }
     bool persi = false;
-    const Testo casella = ComeCasella(std::move(testo), persi);
+    Testo casella = ComeCasella(std::move(testo), persi);
     if (persi && avvisa)
         c.Fronte.Di("Avviso: " + nome +
                     " ha caratteri che Windows-1252 non ha: al loro posto si scrive «?».");

@@ -1,47 +1,30 @@
 // SPDX-License-Identifier: MIT
 // text/disco/archivio.h
 //
-// The file-system operations over the system's own paths: texts in Windows-1252 with "\"
-// (or "/") between the names, compared without regard to case. On a disk that tells case
-// apart each name is sought as it is spelled and then without regard to case, ".." is
-// resolved in the text, before any name is sought, and a new file gets the name given.
-//
-// What would surprise: the engines fold whole paths to lower case, directory and all, and
-// "\data\prog" must not lead to a neighbour of "\data\Prog". So they have it done here (Piega):
-// the folded path goes on leading to the directory that it was made from. And the directories
-// that paths are built from are hooked (Aggancia): a path that begins with such a text goes to
-// that very directory, whatever else has a like name, also when Windows-1252 cannot spell it.
+// The file-system operations over the system's own paths, and the one gate that every write goes
+// through. How a text leads to a file is percorsi.h's business, which files are out of reach
+// protezione.h's. A new file gets the name given.
 #pragma once
 
-#include <array>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "text/disco/disco.h"
+#include "text/disco/indice.h"
+#include "text/disco/percorsi.h"
+#include "text/disco/protezione.h"
 #include "text/testo.h"
 
 namespace morvella {
 
-/// The directories that the system builds its paths from.
-enum class Gancio { Lavoro, Progetto, Programma };
-
-/// Where a text leads on the disk.
-struct Trovato {
-    std::string Percorso;            // platform path; of what is there, or of what would be made
-    Scheda Cosa;                     // Assente when there is nothing
-    bool DirectoryPresente = false;  // whether the directory that it lies in is there
-    std::optional<Scheda> Directory; // that directory, where it had to be asked for a name not there
-};
-
 class Archivio {
   public:
     explicit Archivio(Disco& disco) : disco_(disco) {}
+    Archivio(const Archivio&) = delete;
+    Archivio& operator=(const Archivio&) = delete;
 
     /// The text of a platform path: names that Windows-1252 holds in its bytes, others as
     /// they are; no "\" at the end but for the root.
@@ -121,47 +104,17 @@ class Archivio {
     Lungo Cambiamenti() const noexcept { return cambiamenti_; }
 
   private:
-    struct Radice {
-        Testo Nome;           // the system's text, "" while nothing is hooked
-        std::string Percorso; // the platform's path
-    };
-    struct SpargiTesto { // by a part of a longer text, without a copy of it
-        using is_transparent = void;
-        std::size_t operator()(Vista testo) const noexcept { return std::hash<Vista>{}(testo); }
-    };
-    // The names of one directory by their folded texts, as of the directory's last change.
-    struct Indice {
-        std::optional<std::int64_t> Modificato; // nothing while it was never read
-        std::unordered_map<Testo, std::vector<std::string>> Nomi;
-    };
-
-    struct SpargiIdentita {
-        std::size_t operator()(const Identita& chi) const noexcept {
-            return std::hash<std::uint64_t>{}(chi.Numero * 31 + chi.Volume);
-        }
-    };
-
-    std::string Base(Vista& percorso) const;
-    Scheda CercaNome(Trovato& file, Vista nome);
-    const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
-    Indice* IndiceFresco(const Trovato& file);
-    void Annota(Indice* indice, const std::string& percorso, bool nato);
+    Indice::Modifica PrimaDiFare(const Trovato& file);
     Trovato TrovaFile(Vista percorso);
-    void Ricorda(Vista percorso, const Trovato& file) { visto_ = {Testo(percorso), file}; }
 
     Disco& disco_;
+    Indice indice_{disco_};
+    Percorsi percorsi_{disco_, indice_};
+    Protezione protezione_{disco_, percorsi_};
     Lungo cambiamenti_ = 0;
-    // What the last operation has found, for the next one if it is for the same file: who asks for
-    // a name mostly goes on to delete or copy what it stands for.
+    // What the last operation found, for the next one on the same file: whoever asks for a name
+    // mostly goes on to delete or copy it.
     std::optional<std::pair<Testo, Trovato>> visto_;
-    std::array<Radice, 3> ganci_;
-    // Folded paths with the directories that they were folded from. Whole paths, since a row can
-    // spell a directory of its own in just the way that another's folded path does.
-    std::unordered_map<Testo, Testo, SpargiTesto, std::equal_to<>> pieghe_;
-    std::unordered_set<std::string, SpargiTesto, std::equal_to<>> ricordati_;
-    std::unordered_set<Identita, SpargiIdentita> protetti_;
-    std::unordered_map<std::string, std::int64_t> directoryProtette_; // with their last changes
-    std::unordered_map<std::string, Indice> indici_;
 };
 
 } // namespace morvella

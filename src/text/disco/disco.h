@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "text/errore.h"
 #include "text/disco/unita.h"
+#include "text/errore.h"
 
 namespace morvella {
 

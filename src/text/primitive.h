@@ -5,9 +5,9 @@
 // system and the sequential files. It knows nothing of what the program is for.
 #pragma once
 
-#include "text/disco/archivio.h"
 #include "text/canali.h"
 #include "text/codifica.h"
+#include "text/disco/archivio.h"
 #include "text/disco/disco.h"
 #include "text/errore.h"
 #include "text/flusso.h"

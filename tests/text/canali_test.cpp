@@ -202,7 +202,7 @@ TEST(Canali, LineInputTrimComeTrim) {
             for (std::size_t massimo = 1; presa < attese.size(); massimo = massimo % 40 + 1) {
                 std::size_t date = 0;
                 const std::size_t quante =
-                    b.Canale.LineInputTrim(1, massimo, [&](const RigaLetta& riga, bool inMemoria) {
+                    b.Canale.LineInputTrim(1, massimo, [&](const LineaLetta& riga, bool inMemoria) {
                         const Testo& attesa = attese.at(presa + date++);
                         EXPECT_EQ(riga.Intera(), attesa);
                         EXPECT_EQ(riga.Trimmata(), Trim(attesa));
@@ -217,7 +217,7 @@ TEST(Canali, LineInputTrimComeTrim) {
                 if (HasFailure()) return;
             }
             EXPECT_TRUE(b.Canale.Eof(1));
-            EXPECT_EQ(NumeroDi([&] { b.Canale.LineInputTrim(1, 3, [](const RigaLetta&, bool) {}); }), 62);
+            EXPECT_EQ(NumeroDi([&] { b.Canale.LineInputTrim(1, 3, [](const LineaLetta&, bool) {}); }), 62);
         }
     }
 }
@@ -228,7 +228,7 @@ TEST(Canali, LineInputTrimNonVaOltreIlMassimo) {
     b.Canale.OpenInput(1, "\\p\\in");
     EXPECT_FALSE(b.Canale.Eof(1));
     Righe righe;
-    const auto prendi = [&](const RigaLetta& riga, bool) { righe.emplace_back(riga.Trimmata()); };
+    const auto prendi = [&](const LineaLetta& riga, bool) { righe.emplace_back(riga.Trimmata()); };
     EXPECT_EQ(b.Canale.LineInputTrim(1, 2, prendi), 2u);
     EXPECT_EQ(righe, (Righe{"a", "b"}));
     EXPECT_EQ(b.Canale.LineInput(1), "c ");

@@ -18,12 +18,12 @@
 #include "cli/opzioni.h"
 #include "cli/sottocartelle.h"
 #include "docs/docs.h"
-#include "listing/decodifica.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/comandi.h"
 #include "shell/dimora.h"
 #include "shell/opzioni.h"
+#include "text/codifica.h"
 
 #ifndef MORVELLA_VERSIONE
 #define MORVELLA_VERSIONE "0"

@@ -40,7 +40,7 @@ class DiscoMemoria : public Disco {
     void Copia(const std::string&, const std::string&) override {}
     void Cancella(const std::string&) override {}
     Istante Adesso() override { return {2026, 11, 21, 14, 30, 5}; }
-    Istante UltimaModifica(const std::string&) override { return Adesso(); }
+    Istante UltimaModifica(const Scheda&) override { return Adesso(); }
     void Avvia(const std::string&, const std::string&, int) override {}
 
   private:

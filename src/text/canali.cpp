@@ -32,10 +32,12 @@ void Canali::OpenInput(int n, Vista percorso) {
     Canale& c = Libero(n, percorso);
     const Trovato file = archivio_.Trova(percorso);
     RifiutaAperto(file, percorso);
-    c.File = archivio_.ApriLettura(file, percorso);
     // The second pass over a module that fits into the buffer reads nothing again: the file is
-    // unchanged, and nothing was written in between.
+    // unchanged, and nothing was written in between. With its rights unchanged too it would open as
+    // before, and is not even opened.
     c.Esaurito = c.Intero && c.ComEra == file.Cosa && c.Cambiamenti == archivio_.Cambiamenti();
+    c.File.reset();
+    if (!c.Esaurito || file.Cosa.Cambiato == 0) c.File = archivio_.ApriLettura(file, percorso);
     c.Chi = file.Cosa.Chi;
     c.Percorso = percorso;
     c.Guasto = false;
@@ -86,7 +88,7 @@ void Canali::Close(int n) {
     c.Stato = Modo::Chiuso;
     try {
         if (scrivere && c.Fine > 0) file->Scrivi(c.Memoria.data(), c.Fine);
-        file->Chiudi();
+        if (file) file->Chiudi();
     } catch (const Errore& e) {
         if (scrivere) throw Errore(e.Numero, c.Percorso);
     }

@@ -54,6 +54,7 @@ class DiscoFinto : public Disco {
     std::map<std::string, std::string> PercorsiCorti;      // with any entry: a platform that has them
     std::map<std::string, std::string> Unita{{"C:", "/"}}; // letters and the directories of their tops
     bool Distingue = true;
+    std::int64_t Cambiato = 0;            // of every file: a disk that keeps it, and a change of rights
     std::vector<std::string> SolaLettura; // nothing is made, changed or deleted in these and below
 
     Scheda Esamina(const std::string& percorso) override;
@@ -67,7 +68,7 @@ class DiscoFinto : public Disco {
     void Cancella(const std::string& percorso) override;
     bool Scrivibile(const std::string& directory) override;
     Istante Adesso() override;
-    Istante UltimaModifica(const std::string& percorso) override;
+    Istante UltimaModifica(const Scheda& cosa) override;
     void Avvia(const std::string& programma, const std::string& percorso, int finestra) override;
     std::vector<morvella::Unita> ElencaUnita() override;
     unsigned long GetShortPathNameA(const std::string& percorso, char* buffer, unsigned long misura) override;

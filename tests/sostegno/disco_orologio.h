@@ -30,7 +30,7 @@ class DiscoOrologio : public Disco {
     bool Scrivibile(const std::string& d) override { return vero_->Scrivibile(d); }
     std::string DirectoryUtente() override { return vero_->DirectoryUtente(); }
     Istante Adesso() override { return Ora; }
-    Istante UltimaModifica(const std::string&) override { return Ora; }
+    Istante UltimaModifica(const Scheda&) override { return Ora; }
     void Avvia(const std::string& a, const std::string& p, int f) override { vero_->Avvia(a, p, f); }
     bool DistingueMaiuscole() const override { return vero_->DistingueMaiuscole(); }
 

@@ -339,6 +339,39 @@ TEST(Canali, IlSecondoGiroNonRilegge) {
     EXPECT_GE(RileggiContando(b, [] {}), 2);
 }
 
+TEST(Canali, IlSecondoGiroNonRiapre) {
+    // On a disk that tells of changed rights a file that is unchanged in all is not opened again.
+    Banco b;
+    b.Disco.Metti("/p/in", "uno\r\n");
+    const auto leggi = [&](Vista attesa) { // gives the number of calls to the disk
+        const int prima = b.Disco.ChiamateFatte();
+        b.Canale.OpenInput(1, "\\p\\in");
+        EXPECT_EQ(b.Canale.LineInput(1), attesa);
+        EXPECT_TRUE(b.Canale.Eof(1));
+        b.Canale.Close(1);
+        return b.Disco.ChiamateFatte() - prima;
+    };
+    EXPECT_EQ(leggi("uno"), 4); // opened, read to its end in two steps, closed
+    EXPECT_EQ(leggi("uno"), 2); // this disk tells nothing: opened and closed
+    b.Disco.Cambiato = 1;
+    EXPECT_EQ(leggi("uno"), 4);
+    EXPECT_EQ(leggi("uno"), 0);
+    b.Canale.OpenInput(1, "\\p\\in");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenOutput(2, "\\p\\in"), 0; }), 55); // open all the same
+    EXPECT_EQ(b.Canale.LineInput(1), "uno");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.LineInput(1), 0; }), 62);
+    b.Canale.Close(1);
+    b.Disco.Cambiato = 2; // rights, say
+    b.Disco.Fallisci("ApriLettura", "/in", 75, 1);
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenInput(1, "\\p\\in"), 0; }), 75);
+    EXPECT_EQ(leggi("uno"), 4);
+    EXPECT_EQ(leggi("uno"), 0);
+    b.Disco.Cancella("/p/in");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenInput(1, "\\p\\in"), 0; }), 53);
+    b.Disco.Metti("/p/in", "due\r\n");
+    EXPECT_EQ(leggi("due"), 4);
+}
+
 // Random text of lines of about `media` bytes, with all kinds of line ends and some hits.
 Testo TestoACaso(std::uint32_t seme, std::size_t quanti, std::size_t media) {
     std::uint32_t n = seme;

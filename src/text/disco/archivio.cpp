@@ -60,12 +60,24 @@ void Archivio::RifiutaScrittura(const Trovato& file, Vista percorso) const {
 
 // A file that has to be there: 53 when it is not, whether or not its directory is.
 Trovato Archivio::TrovaFile(Vista percorso) {
-    const bool visto = visto_ && visto_->first == percorso;
-    Trovato file = visto ? std::move(visto_->second) : Trova(percorso);
+    const bool visto = visto_ && visto_->first == percorso && !visto_->second.Percorso.empty();
+    Trovato file = visto ? std::move(visto_->second) : percorsi_.Trova(percorso);
     visto_.reset();
     if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
     if (!file.Cosa.Esiste()) throw Errore(ErrFileAssente, percorso);
     return file;
+}
+
+// The same where nobody needs the path: a bare name is asked for without building it.
+Scheda Archivio::SchedaDiFile(Vista percorso) {
+    if (visto_ && visto_->first == percorso) return visto_->second.Cosa;
+    Trovato file;
+    if (const std::optional<Scheda> cosa = percorsi_.NellaCorrente(percorso))
+        file.Cosa = *cosa;
+    else
+        file = TrovaFile(percorso);
+    visto_ = {Testo(percorso), file};
+    return file.Cosa;
 }
 
 Testo Archivio::Dir(Vista percorso, int attributi) {
@@ -173,17 +185,20 @@ void Archivio::Kill(Vista percorso) {
     modifica.Tolto();
 }
 
-long long Archivio::FileLen(Vista percorso) { return static_cast<long long>(TrovaFile(percorso).Cosa.Bytes); }
+long long Archivio::FileLen(Vista percorso) {
+    const auto bytes = static_cast<long long>(SchedaDiFile(percorso).Bytes);
+    visto_.reset();
+    return bytes;
+}
 
 Testo Archivio::FileDateTime(Vista percorso) {
-    const Trovato file = TrovaFile(percorso);
+    visto_.reset(); // the date is asked anew
     Istante quando;
     try {
-        quando = disco_.UltimaModifica(file.Percorso);
+        quando = disco_.UltimaModifica(SchedaDiFile(percorso));
     } catch (const Errore& e) {
         throw Errore(e.Numero, percorso);
     }
-    visto_ = {Testo(percorso), file};
     Testo testo = disco_.TestoData(quando);
     if (quando.Ora != 0 || quando.Minuto != 0 || quando.Secondo != 0) testo += ' ' + disco_.TestoOra(quando);
     return testo;

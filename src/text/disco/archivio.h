@@ -106,6 +106,7 @@ class Archivio {
   private:
     Indice::Modifica PrimaDiFare(const Trovato& file);
     Trovato TrovaFile(Vista percorso);
+    Scheda SchedaDiFile(Vista percorso);
 
     Disco& disco_;
     Indice indice_{disco_};
@@ -113,7 +114,8 @@ class Archivio {
     Protezione protezione_{disco_, percorsi_};
     Lungo cambiamenti_ = 0;
     // What the last operation found, for the next one on the same file: whoever asks for a name
-    // mostly goes on to delete or copy it.
+    // mostly goes on to delete or copy it. Never for a copy's target: that one is asked anew. No
+    // Percorso where only the Scheda was wanted.
     std::optional<std::pair<Testo, Trovato>> visto_;
 };
 

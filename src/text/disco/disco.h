@@ -35,7 +35,9 @@ struct Scheda {
     TipoVoce Tipo = TipoVoce::Assente;
     Identita Chi;
     std::uint64_t Bytes = 0;
-    std::int64_t Modificato = 0; // of the platform's own count; changes when the entry changes
+    std::int64_t Modificato = 0; // in the platform's own count; changes when the contents change
+    std::int64_t Cambiato = 0;   // the same for rights, owner and links too; 0 where nobody keeps it
+    std::int64_t Quando = 0;     // the last change of the contents, for UltimaModifica alone
     bool Nascosto = false;       // hidden or a part of the system; never on POSIX
     int Errore = 0;              // Assente because it could not be asked: the run-time error
 
@@ -100,7 +102,8 @@ class Disco {
     virtual bool Legame(const std::string&) { return false; }
 
     virtual Istante Adesso() = 0;
-    virtual Istante UltimaModifica(const std::string& percorso) = 0;
+    /// When a file was last modified, from what Esamina said of it.
+    virtual Istante UltimaModifica(const Scheda& cosa) = 0;
     /// The regional short date and long time; Windows-1252. Here: 21/11/2026 and 14:30:05.
     virtual std::string TestoData(const Istante& quando);
     virtual std::string TestoOra(const Istante& quando);

@@ -136,6 +136,12 @@ Istante Locale(std::time_t secondi) {
     return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 
+// Only ever compared, so a time centuries from now may wrap around.
+std::int64_t Nanosecondi(const timespec& t) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(t.tv_sec) * 1000000000U +
+                                     static_cast<std::uint64_t>(t.tv_nsec));
+}
+
 class DiscoPosix : public Disco {
   public:
     Scheda Esamina(const std::string& percorso) override {
@@ -151,7 +157,9 @@ class DiscoPosix : public Disco {
                                           : TipoVoce::Altro;
         cosa.Chi = {static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
         cosa.Bytes = static_cast<std::uint64_t>(st.st_size);
-        cosa.Modificato = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+        cosa.Modificato = Nanosecondi(st.st_mtim);
+        cosa.Cambiato = Nanosecondi(st.st_ctim);
+        cosa.Quando = st.st_mtim.tv_sec;
         return cosa;
     }
 
@@ -271,11 +279,7 @@ class DiscoPosix : public Disco {
 
     Istante Adesso() override { return Locale(std::time(nullptr)); }
 
-    Istante UltimaModifica(const std::string& percorso) override {
-        struct stat st {};
-        if (::stat(percorso.c_str(), &st) != 0) Solleva();
-        return Locale(st.st_mtime);
-    }
+    Istante UltimaModifica(const Scheda& cosa) override { return Locale(cosa.Quando); }
 
     std::vector<Unita> ElencaUnita() override {
         std::string testo;

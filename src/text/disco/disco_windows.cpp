@@ -238,6 +238,7 @@ class DiscoWindows : public Disco {
         cosa.Bytes = Unisci(voce.nFileSizeHigh, voce.nFileSizeLow);
         cosa.Modificato = static_cast<std::int64_t>(
             Unisci(voce.ftLastWriteTime.dwHighDateTime, voce.ftLastWriteTime.dwLowDateTime));
+        cosa.Quando = cosa.Modificato;
         return cosa;
     }
 
@@ -343,13 +344,12 @@ class DiscoWindows : public Disco {
         return IstanteDa(t);
     }
 
-    Istante UltimaModifica(const std::string& percorso) override {
-        BY_HANDLE_FILE_INFORMATION voce{};
-        bool disco = false;
-        if (!Interroga(percorso, voce, disco)) Solleva();
+    Istante UltimaModifica(const Scheda& cosa) override {
+        const auto ticchi = static_cast<std::uint64_t>(cosa.Quando);
+        const FILETIME quando{static_cast<DWORD>(ticchi), static_cast<DWORD>(ticchi >> 32)};
         SYSTEMTIME universale{};
         SYSTEMTIME locale{};
-        if (!::FileTimeToSystemTime(&voce.ftLastWriteTime, &universale) ||
+        if (!::FileTimeToSystemTime(&quando, &universale) ||
             !::SystemTimeToTzSpecificLocalTime(nullptr, &universale, &locale))
             Solleva();
         return IstanteDa(locale);

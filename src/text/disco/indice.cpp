@@ -7,7 +7,7 @@
 
 namespace morvella {
 
-const std::vector<std::string>& Indice::Cerca(const std::string& directory, const Scheda& cosa, Vista nome) {
+const std::vector<std::string>* Indice::Cerca(const std::string& directory, const Scheda& cosa, Vista nome) {
     static const std::vector<std::string> nessuno;
     Elenco& elenco = elenchi_[directory];
     if (elenco.Modificato != cosa.Modificato) {
@@ -17,7 +17,7 @@ const std::vector<std::string>& Indice::Cerca(const std::string& directory, cons
         try {
             nomi = disco_.Elenca(PerDisco(directory));
         } catch (const Errore&) {
-            return nessuno; // search permission without read permission: no name is known
+            return nullptr; // search permission without read permission: no name is known
         }
         std::sort(nomi.begin(), nomi.end());
         for (std::string& scritto : nomi)
@@ -25,7 +25,7 @@ const std::vector<std::string>& Indice::Cerca(const std::string& directory, cons
         elenco.Modificato = cosa.Modificato;
     }
     const auto riga = elenco.Nomi.find(LCase(nome));
-    return riga == elenco.Nomi.end() ? nessuno : riga->second;
+    return riga == elenco.Nomi.end() ? &nessuno : &riga->second;
 }
 
 Indice::Modifica Indice::Prepara(const std::string& percorso, const std::optional<Scheda>& directory) {

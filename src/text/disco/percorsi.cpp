@@ -133,11 +133,10 @@ std::string Percorsi::Base(Vista& percorso) const {
     return corrente;
 }
 
-// The disk's own spelling of `nome`, without regard to case; null when there is none. Of several the
-// first in byte order, so that the choice is stable; for a remembered name only one that differs in
-// ASCII letters alone, since anything else that has its text is another file.
-const std::string* Percorsi::NelIndice(const std::string& directory, const Scheda& cosa, Vista nome) {
-    const std::vector<std::string>& scritti = indice_.Cerca(directory, cosa, nome);
+// The spelling that `nome` means, null when none. Of several the first in byte order, so that the
+// choice is stable; for a remembered name only one that differs in ASCII letters alone, since
+// anything else that has its text is another file.
+const std::string* Percorsi::Scelto(const std::vector<std::string>& scritti, Vista nome) const {
     const auto scritto = ricordati_.contains(nome)
                              ? std::find_if(scritti.begin(), scritti.end(),
                                             [&](const std::string& s) { return UgualiInAscii(s, nome); })
@@ -145,44 +144,60 @@ const std::string* Percorsi::NelIndice(const std::string& directory, const Sched
     return scritto == scritti.end() ? nullptr : &*scritto;
 }
 
-// Seeks one name and puts it behind the path of its directory, in the disk's spelling when it is there.
-Scheda Percorsi::CercaNome(Trovato& file, Vista nome) {
-    // A remembered name is sought and made in its own bytes.
-    const bool ricordato = ricordati_.contains(nome);
-    std::string& directory = file.Percorso;
+// Seeks one name and appends it to its directory's path, in the disk's spelling when it is there.
+Scheda Percorsi::CercaNome(Trovato& file, Vista nome, Viste* viste) {
     file.DirectoryPresente = true;
     file.Directory.reset();
-    const std::size_t lunga = directory.size();
-    directory += '/';
-    if (ricordato || SoloAscii(nome))
-        directory += nome;
+    const std::size_t lunga = file.Percorso.size();
+    const bool accentato = !SoloAscii(nome) && !ricordati_.contains(nome);
+    file.Percorso += '/';
+    if (accentato)
+        file.Percorso += Utf8Da1252(nome);
     else
-        directory += Utf8Da1252(nome);
-    Scheda cosa = disco_.Esamina(directory);
+        file.Percorso += nome; // a remembered name is sought and made in its own bytes
+    Scheda cosa = disco_.Esamina(file.Percorso);
     if (cosa.Esiste()) return cosa;
-    std::string esatto = directory;
-    directory.resize(lunga);
-    // A name that Windows-1252 cannot hold stands for itself.
-    if (!ricordato && !SoloAscii(nome)) {
-        const std::string grezzo = Unisci(directory, std::string(nome));
+    const std::string directory = file.Percorso.substr(0, lunga);
+    const std::vector<std::string>* scritti = nullptr;
+    if (cosa.Errore == 0) {
+        file.Directory = EsaminaDirectory(directory, viste);
+        file.DirectoryPresente = file.Directory->Tipo == TipoVoce::Directory;
+        if (file.DirectoryPresente && disco_.DistingueMaiuscole())
+            scritti = indice_.Cerca(directory, *file.Directory, nome);
+    }
+    // A name that Windows-1252 cannot hold stands for itself. Where the index has no name like this
+    // in any case or encoding, there is none to ask for.
+    if (accentato && !(scritti && scritti->empty())) {
+        std::string grezzo = Unisci(directory, std::string(nome));
         if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
-            directory = grezzo;
+            file.Percorso = std::move(grezzo);
+            file.DirectoryPresente = true;
             return altra;
         }
     }
-    if (cosa.Errore == 0) {
-        const Scheda dove = disco_.Esamina(PerDisco(directory));
-        file.DirectoryPresente = dove.Tipo == TipoVoce::Directory;
-        file.Directory = dove;
-        if (file.DirectoryPresente && disco_.DistingueMaiuscole()) {
-            if (const std::string* scritto = NelIndice(directory, dove, nome)) {
-                esatto = Unisci(directory, *scritto);
-                cosa = disco_.Esamina(esatto);
-            }
-        }
+    if (const std::string* scritto = scritti ? Scelto(*scritti, nome) : nullptr) {
+        file.Percorso.replace(lunga + 1, std::string::npos, *scritto);
+        cosa = disco_.Esamina(file.Percorso);
     }
-    directory = std::move(esatto);
     return cosa;
+}
+
+Scheda Percorsi::EsaminaDirectory(const std::string& directory, Viste* viste) const {
+    if (!viste) return disco_.Esamina(PerDisco(directory));
+    const auto vista = viste->find(directory);
+    if (vista != viste->end()) return vista->second;
+    return viste->emplace(directory, disco_.Esamina(PerDisco(directory))).first->second;
+}
+
+std::optional<Scheda> Percorsi::NellaCorrente(Vista nome) const {
+    const bool agganciato =
+        std::any_of(ganci_.begin(), ganci_.end(), [&](const Radice& radice) { return radice.Nome == nome; });
+    if (agganciato || nome.empty() || nome == "." || nome == ".." ||
+        nome.find_first_of(Vista("\\/\0", 3)) != Vista::npos || !disco_.DistingueMaiuscole())
+        return std::nullopt;
+    const Scheda cosa =
+        disco_.Esamina(SoloAscii(nome) || ricordati_.contains(nome) ? std::string(nome) : Utf8Da1252(nome));
+    return cosa.Esiste() ? std::optional(cosa) : std::nullopt;
 }
 
 Testo Percorsi::Piega(Vista percorso) {
@@ -192,7 +207,7 @@ Testo Percorsi::Piega(Vista percorso) {
     return piegato;
 }
 
-Trovato Percorsi::Trova(Vista percorso) {
+Trovato Percorsi::Trova(Vista percorso, Viste* viste) {
     Testo disteso;
     if (const auto piega = pieghe_.find(percorso); piega != pieghe_.end()) {
         disteso.append(piega->second).append(percorso.substr(piega->second.size()));
@@ -210,7 +225,7 @@ Trovato Percorsi::Trova(Vista percorso) {
         return file;
     }
     for (std::size_t i = 0; i < nomi.size(); ++i) {
-        file.Cosa = CercaNome(file, nomi[i]);
+        file.Cosa = CercaNome(file, nomi[i], viste);
         if (i + 1 == nomi.size()) break;
         if (file.Cosa.Tipo == TipoVoce::Directory) continue;
         // Nothing, or a plain file, where a directory is needed.

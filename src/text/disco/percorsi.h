@@ -60,8 +60,15 @@ class Percorsi {
     /// `LCase(percorso)`, which goes on leading to the directory that `percorso` names.
     Testo Piega(Vista percorso);
 
-    /// Seeks each name of the path in turn. Raises 52 for a path that holds a NUL.
-    Trovato Trova(Vista percorso);
+    /// Directories by platform path, as the disk told of them within one sweep.
+    using Viste = std::unordered_map<std::string, Scheda>;
+    /// Seeks each name of the path in turn. With `viste` a directory is asked once in a sweep; what it
+    /// holds may change meanwhile, so the caller compares at the end. Raises 52 for a path with a NUL.
+    Trovato Trova(Vista percorso, Viste* viste = nullptr);
+
+    /// What the current directory holds under a bare name, spelled like this. Nothing where there is
+    /// more to it: Trova then finds it, or says what is missing.
+    std::optional<Scheda> NellaCorrente(Vista nome) const;
 
   private:
     struct Radice {
@@ -74,8 +81,9 @@ class Percorsi {
     };
 
     std::string Base(Vista& percorso) const;
-    Scheda CercaNome(Trovato& file, Vista nome);
-    const std::string* NelIndice(const std::string& directory, const Scheda& cosa, Vista nome);
+    Scheda CercaNome(Trovato& file, Vista nome, Viste* viste);
+    Scheda EsaminaDirectory(const std::string& directory, Viste* viste) const;
+    const std::string* Scelto(const std::vector<std::string>& scritti, Vista nome) const;
 
     Disco& disco_;
     Indice& indice_;

@@ -31,6 +31,8 @@ class Protezione {
         }
     };
 
+    void Raccogli(const std::vector<Testo>& percorsi, Percorsi::Viste* viste);
+
     Disco& disco_;
     Percorsi& percorsi_;
     std::unordered_set<Identita, SpargiIdentita> protetti_;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // bench/memoria.h
 //
-// A disk without a disk, so that the benchmarks measure the program alone: what is read comes
-// from memory, what is written is dropped.
+// A disk in memory, so that the benchmarks measure the program alone: reads come from memory,
+// writes are dropped.
 #pragma once
 
 #include <algorithm>

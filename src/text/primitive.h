@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // text/primitive.h
 //
-// The ground that every rule stands on, in one header: texts, numbered errors, the file
-// system and the sequential files. It knows nothing of what the program is for.
+// What every rule is built on, in one header: texts, numbered errors, the file system and the
+// sequential files. It knows nothing of what the program is for.
 #pragma once
 
 #include "text/canali.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // tests/sostegno/disco_orologio.h
 //
-// The machine's own disk with a clock that stands still, so that whole runs give the same
-// bytes on any day: 21/11/2026, 14:30:05.
+// The platform's backend with a stopped clock, so that whole runs give the same bytes on any day:
+// 21/11/2026, 14:30:05.
 #pragma once
 
 #include "text/disco/disco.h"

@@ -136,7 +136,7 @@ TEST(Canali, LineInputOvunqueFiniscaIlBlocco) {
 TEST(Canali, LineInputAlBordoDelBlocco) {
     struct Caso {
         const char* Fine;
-        Righe Altre; // behind the long line
+        Righe Altre; // after the long line
         Righe AltreLf;
     };
     const Caso casi[] = {
@@ -318,7 +318,7 @@ TEST(Canali, IlSecondoGiroNonRilegge) {
                               }),
               2);
     EXPECT_EQ(RileggiContando(b, [&] { b.File.FileCopy("\\p\\in", "\\p\\altro"); }), 2);
-    // The channel's memory was put to another use.
+    // The channel's buffer was put to another use.
     EXPECT_EQ(RileggiContando(b,
                               [&] {
                                   b.Disco.Metti("/p/x", "x\r\n");
@@ -332,7 +332,7 @@ TEST(Canali, IlSecondoGiroNonRilegge) {
     EXPECT_FALSE(b.Canale.Eof(1));
     b.Canale.Close(1);
     EXPECT_EQ(RileggiContando(b, [] {}), 0);
-    // One byte more than the memory holds at its end.
+    // One byte more than the buffer holds.
     b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 3, 'y') + "\r\n");
     EXPECT_EQ(RileggiContando(b, [] {}), 0);
     b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 1, 'y') + "\r\n");
@@ -490,7 +490,7 @@ TEST(Canali, PrintAlBordoDelBlocco) {
         Banco b;
         b.Canale.OpenOutput(2, "\\p\\out");
         b.Canale.Print(2, testo);           // alone in the buffer
-        b.Canale.Print(2, "a", testo, "b"); // behind something
+        b.Canale.Print(2, "a", testo, "b"); // after something
         b.Canale.Print(2, "c");
         b.Canale.Print(2, testo + testo + testo);
         b.Canale.Close(2);
@@ -501,7 +501,7 @@ TEST(Canali, PrintAlBordoDelBlocco) {
 }
 
 TEST(Canali, PrintPezziDiOgniLunghezza) {
-    // Short pieces are copied in strides: each length, at the front and behind another.
+    // Short pieces are copied in strides: each length, at the front and after another.
     Testo attese;
     Banco b;
     b.Canale.OpenOutput(2, "\\p\\out");

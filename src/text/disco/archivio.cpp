@@ -118,7 +118,7 @@ std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
     std::vector<std::pair<Testo, Testo>> file; // folded, as it is
     for (const std::string& nome : nomi) {
         if (nome.size() < fine.size() || LCase(Right(nome, Len(fine))) != LCase(fine))
-            continue; // not even asked about
+            continue; // not even examined
         const Scheda cosa = disco_.Esamina(davanti + nome);
         if (cosa.Tipo != TipoVoce::File || cosa.Nascosto) continue;
         const Testo testo = Ricorda(nome);

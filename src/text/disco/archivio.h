@@ -26,38 +26,38 @@ class Archivio {
     Archivio(const Archivio&) = delete;
     Archivio& operator=(const Archivio&) = delete;
 
-    /// The text of a platform path: names that Windows-1252 holds in its bytes, others as
-    /// they are; no "\" at the end but for the root.
+    /// The text of a platform path: names that Windows-1252 holds in its bytes, others as they are; no
+    /// "\" at the end but for the root.
     static Testo TestoDiPercorso(const std::string& percorso);
 
     /// The text of a file's name. A name that Windows-1252 cannot hold keeps its own bytes and is
-    /// remembered until the next project: where a path has a name of these bytes it means this
-    /// one and no other, and what is made by it gets this very name.
+    /// remembered until the next project: a path with a name of these bytes means this one only, and a
+    /// file made by it gets this very name.
     Testo Ricorda(const std::string& nome);
     /// What a person reads for a text: its characters, and the remembered names as they are.
     std::string Utf8DiTesto(Vista testo) const;
 
-    /// Hooks a directory given by its platform path and gives its text, which from now on
-    /// leads there. A new project lets go of the work directory.
+    /// Hooks a directory by its platform path and gives its text, which leads there from now on. A new
+    /// project lets go of the work directory.
     Testo Aggancia(Gancio gancio, const std::string& percorso);
     /// Hooks the work directory by its text, spelled as the system builds it.
     void AgganciaLavoro(Vista testo);
-    /// Lets go of the work directory, whose text leads where it says again: it may be gone by now, or
-    /// be another.
+    /// Lets go of the work directory: its text is resolved again, since it may be gone or another.
     void SganciaLavoro();
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
-    /// output, deleting it or copying onto it raises 70. Replaces the list of before; paths
-    /// that lead to no file are passed over.
+    /// output, deleting it or copying onto it raises 70. Replaces the earlier list; paths that lead to
+    /// no file are passed over.
     void Proteggi(const std::vector<Testo>& percorsi);
-    /// Whether the directories that the protected paths lie in are as Proteggi saw them, so that
-    /// the same list would come to the same files.
+    /// Whether the directories of the protected paths are as Proteggi saw them, so that the same list
+    /// would give the same files.
     bool ProtezioneFresca();
 
-    /// `LCase(percorso)`; the result, whole, goes on leading to the directory that `percorso`
-    /// names, whatever else has a like name.
+    /// `LCase(percorso)`; the whole result goes on leading to the directory that `percorso` names,
+    /// whatever else has a similar name.
     Testo Piega(Vista percorso);
 
+    /// Where a text leads. Raises 52 for a path that holds a NUL.
     Trovato Trova(Vista percorso);
 
     /// `Dir(path, attributi)`: the bare name of the plain file (with 16: or directory) that
@@ -81,8 +81,8 @@ class Archivio {
     long long FileLen(Vista percorso);
     /// Date, one blank, time; at midnight the date alone. Raises 53 when there is no such file.
     Testo FileDateTime(Vista percorso);
-    /// Makes the file reachable under a further spelling of its name, beside it, on a disk that
-    /// tells case apart; nothing where it is reachable so already or is not there.
+    /// Makes the file reachable under another spelling of its name, beside it, on a disk that tells
+    /// case apart; does nothing where it already is, or is not there.
     void AncheCome(Vista percorso, Vista nome);
     Testo Date();
     Testo Time();
@@ -90,17 +90,18 @@ class Archivio {
     /// 53 when the program cannot be found.
     void Shell(Vista comando, int finestra);
 
-    /// What stands in the way of changing a file: raises 70 where it is one that is only to be
-    /// read, 75 where it is no plain file or cannot be asked, 76 without a directory for it.
+    /// Refuses to change a file: raises 70 for a protected one, 75 for one that is no plain file or
+    /// cannot be examined, 76 without a directory for it.
     void RifiutaScrittura(const Trovato& file, Vista percorso) const;
     /// For the channels: opens the file for reading. Raises 53, 75, 76.
     std::unique_ptr<FileAperto> ApriLettura(const Trovato& file, Vista percorso);
     /// For the channels: creates or empties the file. Raises 61, 70, 75, 76.
     std::unique_ptr<FileAperto> ApriScrittura(const Trovato& file, Vista percorso);
 
+    /// The backend below.
     Disco& DiscoInUso() noexcept { return disco_; }
 
-    /// Another number after each operation that may have changed what a file holds.
+    /// A different number after each operation that may have changed a file's contents.
     Lungo Cambiamenti() const noexcept { return cambiamenti_; }
 
   private:

@@ -29,8 +29,8 @@ bool UgualiInAscii(Vista a, Vista b) {
                       [&](char x, char y) { return minuscola(x) == minuscola(y); });
 }
 
-// The names of a path in order, with "." passed over and ".." taken back in the text.
-// `base` loses a name for each ".." that climbs above it.
+// The names of a path in order, "." dropped and ".." resolved in the text. `base` loses a name for
+// each ".." that climbs above it.
 std::vector<Vista> Nomi(Vista percorso, std::string& base) {
     std::vector<Vista> nomi;
     nomi.reserve(4);
@@ -112,7 +112,7 @@ void Percorsi::AgganciaLavoro(Vista testo) {
 
 void Percorsi::SganciaLavoro() { ganci_[static_cast<std::size_t>(Gancio::Lavoro)] = {}; }
 
-// Takes the hooked directory or the root off the front of `percorso` and gives its path.
+// Strips the hooked directory or the root from the front of `percorso` and gives its path.
 std::string Percorsi::Base(Vista& percorso) const {
     for (const Radice& radice : ganci_) { // the work directory first: it lies in the project's
         if (!Comincia(percorso, radice.Nome)) continue;

@@ -890,7 +890,7 @@ TEST(Archivio, DateTime) {
 TEST(Archivio, Shell) {
     Banco b;
     b.Disco.Metti("/p/Appoggio/Nome lungo.log", "");
-    b.File.Shell("Notepad.exe \\p\\appoggio\\nome lungo.LOG", 3); // the blank behind the program splits
+    b.File.Shell("Notepad.exe \\p\\appoggio\\nome lungo.LOG", 3); // the blank after the program splits
     b.File.Shell("Explorer \\p\\Appoggio\\Indice.Html", 3);
     EXPECT_EQ(b.Disco.Avviati, (std::vector<std::string>{"Notepad.exe|/p/Appoggio/Nome lungo.log",
                                                          "Explorer|/p/Appoggio/Indice.Html"}));

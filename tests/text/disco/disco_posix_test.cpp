@@ -154,7 +154,7 @@ TEST_F(DiscoPosix, DirectoryAlPostoDiUnFile) {
     EXPECT_EQ(NumeroDi([&] { return File.FileCopy(dir, P + "\\x"), 0; }), 75);
     EXPECT_EQ(NumeroDi([&] { return File.Kill(dir), 0; }), 75);
     EXPECT_EQ(NumeroDi([&] { return File.MkDir(dir), 0; }), 75);
-    // The disk itself says the same, should it change behind a look at it.
+    // The disk itself says the same, should it change after the lookup.
     EXPECT_EQ(NumeroDi([&] { return Vero->ApriScrittura(Radice + "/dir"); }), 75);
     EXPECT_EQ(NumeroDi([&] { return Vero->CreaDirectory(Radice + "/dir"), 0; }), 75);
     EXPECT_EQ(Nomi(), (std::vector<std::string>{"dir", "file"}));
@@ -430,7 +430,7 @@ class DiscoPosixAvvia : public DiscoPosix {
         return NumeroDi([&] { return File.Shell("Explorer " + P + "\\x.html", 3), 0; });
     }
     static bool SenzaFigli() { return ::waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD; }
-    // A pipe beside the program: who reads it waits for who writes it, and the other way round.
+    // A pipe beside the program: reader and writer wait for each other.
     void Tubo(const std::string& nome) const { ASSERT_EQ(::mkfifo((Radice + "/" + nome).c_str(), 0666), 0); }
 
     std::string Percorsi;
@@ -492,7 +492,7 @@ TEST_F(DiscoPosixAvvia, NonLasciaNessuno) {
     EXPECT_TRUE(SenzaFigli());
 }
 
-// Who reads this program's output to its end does not wait for the one that was started.
+// A reader of this program's output does not wait for the program that was started.
 TEST_F(DiscoPosixAvvia, NonTieneLUscita) {
     Programma("xdg-open", "#!/bin/sh\n"
                           "read -r via < \"$0.via\"\n"

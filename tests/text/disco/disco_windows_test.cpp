@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The home on Windows, on the machine's own disk: what its errors come to, hidden files, names
+// The Windows backend, on the machine's own disk: what its errors come to, hidden files, names
 // in any script, long paths, the current directory of each drive. Another program's hold on a
 // file is a second handle here, for which the rules are the same.
 #include <gtest/gtest.h>

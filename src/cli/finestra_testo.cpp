@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/opzioni.h"
-#include "listing/decodifica.h"
+#include "text/codifica.h"
 
 namespace morvella::cli {
 

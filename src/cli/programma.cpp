@@ -14,9 +14,9 @@
 #include "cli/voci.h"
 #include "comandi/comandi.h"
 #include "docs/docs.h"
-#include "listing/decodifica.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
+#include "text/codifica.h"
 
 #ifndef MORVELLA_VERSIONE
 #define MORVELLA_VERSIONE "0"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "listing/decodifica.h"
+#include "text/codifica.h"
 
 namespace morvella::cli {
 

@@ -28,6 +28,8 @@ void mnuLettura_Click(Stato& s);
 
 /// The number field: 6 digits with leading zeros and 5 blanks; from 1,000,000 on 5 blanks alone.
 Testo CampoNumero(Lungo n);
+/// The same, in place.
+void Numera(TestoLargo& numero, Lungo n);
 
 /// Writes the head of the listing to channel 2 and uses up ElencoShow.
 void ScriviTesta(Stato& s);

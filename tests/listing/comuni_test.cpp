@@ -4,7 +4,7 @@
 #include <random>
 
 #include "listing/banco.h"
-#include "listing/connettori.h"
+#include "listing/comuni.h"
 
 namespace morvella {
 
@@ -140,7 +140,7 @@ TEST(Comuni, QuanteInUnaVolta) {
         b.S.Punto.MargineSeguito = false;
         b.S.Margine = Space(3);
         b.S.StoriaBlocchi = "00";
-        b.S.Numero = CampoNumero(41);
+        b.S.ContaRighe = 41;
         std::vector<std::string> righe(prova.Righe.begin(), prova.Righe.end());
         b.Disco.Metti("/p/in", Sorgente(righe) + "fine");
         b.S.Canale.OpenInput(1, "\\p\\in");
@@ -157,7 +157,7 @@ TEST(Comuni, QuanteInUnaVolta) {
         b.S.Canale.Close(2);
         const Testo log = b.Log("x.log");
         EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), static_cast<Lungo>(prova.Quante));
-        // Followed by the home, or into a channel that is not open, or from a wide margin: none.
+        // None where the front end watches, from a wide margin, or into a channel that is not open.
         b.S.Canale.OpenOutput(2, "\\p\\Appoggio\\x.log");
         b.S.Punto.MargineSeguito = true;
         EXPECT_EQ(ElencaComuni(b.S, sorgente.Pronte()), 0u);

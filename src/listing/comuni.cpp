@@ -14,6 +14,8 @@ namespace {
 
 // Margins up to this width: one copy of a fixed size, whatever the width.
 constexpr std::size_t Largo = TestoLargo::Passo;
+// Of a line without its text: the number, the margin, the line end.
+constexpr std::size_t Intorno = 11 + Largo + 2;
 
 // The next number, in the six digits that `campo` begins with.
 void Avanza(std::uint64_t& campo) {
@@ -30,6 +32,7 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
     const Canali::Spazio spazio = s.Canale.DaStampare(2);
     if (spazio.Dove == nullptr) return 0;
 
+    const char* const fondo = spazio.Dove + spazio.Posto;
     char* dove = spazio.Dove;
     char* storia = s.StoriaBlocchi.Coda(2 * righe.size());
     s.Margine.Coda(Largo); // makes room
@@ -49,9 +52,8 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
         const std::size_t lunga = riga.Letta.Lunga;
         const unsigned commento = se(testo[0] == '\'') & (senzaCommenti | se(testo[1] == '*'));
         const unsigned riparte = se(lunga == FineControlli.size()) & se(testo[0] == FineControlli[0]);
-        const unsigned stretta = se(larga < disegno.Taglia) | se(larga + 3 > Largo);
-        const unsigned pieno =
-            se(static_cast<std::size_t>(dove - spazio.Dove) + lunga + Largo + 17 > spazio.Posto);
+        const unsigned stretta = se(larga < disegno.Taglia) | se(larga > Largo - 3);
+        const unsigned pieno = se(static_cast<std::size_t>(fondo - dove) < lunga + Intorno);
         if ((commento | riparte | stretta | pieno) != 0) break;
 
         Avanza(campo);

@@ -61,19 +61,19 @@ void ScriviTestaProcedura(Stato& s) {
     Di(s, PassoMargine::Testa);
 }
 
-// The one judgement on balance: anything but blanks in the margin at a procedure's end.
+// The one judgement on balance: anything but blanks in the margin at a procedure's end. The
+// margin is blanked and keeps its width, so an unbalanced procedure's end stands deep.
 void ControllaChiusura(Stato& s) {
     if (Trim(s.Margine).empty()) return;
     Scrivi(s, Space(Len(s.Numero)), ErroreGenerico);
     Di(s, PassoMargine::Sbilanciata);
+    s.Margine.assign(s.Margine.size(), ' ');
 }
 
-// The margin keeps its width on the closing line, so an unbalanced procedure's end stands deep.
-void ChiudiProcedura(Stato& s, Vista margineDopo) {
+void ChiudiProcedura(Stato& s, Lungo larghezzaDopo) {
     ControllaChiusura(s);
-    s.Margine.assign(s.Margine.size(), ' ');
     ScriviAlMargine(s);
-    s.Margine = margineDopo;
+    s.Margine.assign(static_cast<std::size_t>(larghezzaDopo), ' ');
     Di(s, PassoMargine::Fine);
 }
 
@@ -110,9 +110,9 @@ void ElencaRiga(Stato& s, Classe classe) {
     case RigaProperty: ScriviTestaProcedura(s); break;
     // End Sub alone leaves an empty margin: lines up to the next head start further left, and
     // what closes a block there ends the run.
-    case RigaEndSub: ChiudiProcedura(s, ""); break;
+    case RigaEndSub: ChiudiProcedura(s, 0); break;
     case RigaEndFunction:
-    case RigaEndProperty: ChiudiProcedura(s, "   "); break;
+    case RigaEndProperty: ChiudiProcedura(s, 3); break;
     case RigaEndWith: ChiudiWith(s); break;
     case RigaExitDo:
     case RigaExitFor:

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "scan/classifica.h"
+#include "listing/connettori.h"
 #include "shell/state.h"
 
 namespace morvella {
@@ -73,29 +73,6 @@ bool Disegnata(Tratto::Genere che) {
     return che == Tratto::Condizione || che == Tratto::Ciclo || che == Tratto::Barra;
 }
 
-// Whether a line of this class is drawn with this connector: one in front of any other text is
-// letters of that text.
-bool Appartiene(const Gruppo& gruppo, Classe classe) {
-    switch (classe) {
-    case RigaIf:
-    case RigaCondIf:
-    case RigaWith:
-    case RigaSelect: return gruppo.Bytes[0] == '\xDA';
-    case RigaElse:
-    case RigaCondElse:
-    case RigaCase: return gruppo.Bytes[0] == '\xC3';
-    case RigaEndIf:
-    case RigaCondEndIf:
-    case RigaEndSelect:
-    case RigaEndWith: return gruppo.Bytes[0] == '\xC0';
-    case RigaFor:
-    case RigaDo: return gruppo.Bytes[0] == '\xC9';
-    case RigaNext:
-    case RigaLoop: return gruppo.Bytes[0] == '\xC8';
-    default: return false;
-    }
-}
-
 } // namespace
 
 std::string MostrabileUtf8(std::string_view utf8, bool righe) {
@@ -154,7 +131,8 @@ void TagliaRiga(Vista riga, std::vector<Porzione>& fette) {
         const auto* gruppo = std::find_if(std::begin(Gruppi), std::end(Gruppi),
                                           [&](const Gruppo& g) { return riga.substr(0, 3) == g.Bytes; });
         ancora = gruppo != std::end(Gruppi) &&
-                 (!gruppo->Ultimo || Appartiene(*gruppo, ClassificaRiga(riga.substr(3))));
+                 // Before any other statement these bytes are letters of its own.
+                 (!gruppo->Ultimo || gruppo->Bytes == Disegni[ClassificaRiga(riga.substr(3))].Qui);
         if (!ancora) break;
         Accoda(fette, gruppo->Che, 3);
         riga.remove_prefix(3);

@@ -19,19 +19,32 @@ void Riparti(Stato& s) {
     Istruzione(s, [&] { s.Canale.Ricomincia(2); });
     s.ContaRighe = 0;
     s.Numero = Space(5);
-    if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
+    if (s.Check1 == 1 && !s.Text1.empty()) Scrivi(s, s.Text1);
 }
 
-// Writes the common lines among those that are read already; returns how many.
+// Writes the common lines that are read already, up to the first other one; returns how many.
 Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte) {
-    if (s.StatoTesta != 7) return 0;
-    const auto restano = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
-    const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), restano))));
-    if (comuni == 0) return 0;
+    if (pronte.empty() || s.StatoTesta != 7) return 0;
+    const auto numerate = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
     s.Riga = {}; // it is none of these
+    const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), numerate))));
     s.Punto.Riga += comuni;
     AvanzaBarra(s, s.Progress, comuni);
     return comuni;
+}
+
+// The next line, whatever it is.
+void ElencaProssima(Stato& s, RigheSorgente& sorgente) {
+    ++s.ContaRighe;
+    ++s.Punto.Riga;
+    AvanzaBarra(s, s.Progress);
+    const RigaSorgente& riga = sorgente.Prossima();
+    s.Riga = riga.Letta.Trimmata();
+    const PassoTesta passo = AvanzaTestaStruttura(s);
+    if (passo.Testa) ScriviTesta(s);
+    if (passo.Codice || passo.Riparte) Numera(s.Numero, s.ContaRighe);
+    if (passo.Riparte) Riparti(s);
+    if (passo.Codice) ElencaRiga(s, riga.Quale);
 }
 
 void ElencaFile(Stato& s, const Testo& voce) {
@@ -51,31 +64,19 @@ void ElencaFile(Stato& s, const Testo& voce) {
 
     PreparaProgress(s);
 
-    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
-    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    ApriSorgente(s);
+    ApriUscita(s);
     IniziaTestaStruttura(s);
     s.Punto.MargineSeguito = s.Fronte.SegueMargine();
     if (s.Punto.MargineSeguito)
         s.Fronte.MargineMosso({PassoMargine::Inizio, s.Punto.Voce, 0, 0, Len(s.Margine), s.Margine, {}});
     RigheSorgente sorgente(s);
     while (!sorgente.Finita()) {
-        if (const Lungo comuni = ElencaPronte(s, sorgente.Pronte()); comuni > 0) {
-            sorgente.Salta(comuni);
-            continue;
-        }
-        ++s.ContaRighe;
-        ++s.Punto.Riga;
-        AvanzaBarra(s, s.Progress);
-        const RigaSorgente& riga = sorgente.Prossima();
-        s.Riga = riga.Letta.Trimmata();
-        const PassoTesta passo = AvanzaTestaStruttura(s);
-        if (passo.Testa) ScriviTesta(s);
-        if (passo.Codice || passo.Riparte) Numera(s.Numero, s.ContaRighe);
-        if (passo.Riparte) Riparti(s);
-        if (passo.Codice) ElencaRiga(s, riga.Quale);
+        ElencaProssima(s, sorgente);
+        sorgente.Salta(ElencaPronte(s, sorgente.Pronte()));
     }
-    Istruzione(s, [&] { s.Canale.Close(1); });
-    Istruzione(s, [&] { s.Canale.Close(2); });
+    ChiudiSorgente(s);
+    ChiudiUscita(s);
     s.Punto.Riga = 0;
     s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
@@ -122,19 +123,18 @@ Testo CampoNumero(Lungo n) {
 }
 
 void ScriviTesta(Stato& s) {
-    const auto scrivi = [&](const auto&... pezzi) { Istruzione(s, [&] { s.Canale.Print(2, pezzi...); }); };
     const Testo stelle(55, '*');
-    scrivi("\x0F", stelle); // 15, the only control byte, and only here
-    scrivi("*              Procedura by Dario Fenzoni             *");
-    scrivi("*              E-mail ", IndirizzoContatto, "           *");
-    scrivi("*", Space(53), "*");
-    if (!s.ElencoShow.Resto().empty()) scrivi("*  La procedura esegue i seguenti Form o procedure:   *");
-    for (Testo voce; VoceShow(s.ElencoShow, voce);) scrivi(voce);
-    scrivi(stelle);
-    const Testo data = Istruzione(s, [&] { return s.File.Date(); });
-    const Testo ora = Istruzione(s, [&] { return s.File.Time(); });
-    scrivi("              ... ", data, " - ", ora);
-    scrivi();
+    Scrivi(s, "\x0F", stelle); // 15, the only control byte, and only here
+    Scrivi(s, "*              Procedura by Dario Fenzoni             *");
+    Scrivi(s, "*              E-mail ", IndirizzoContatto, "           *");
+    Scrivi(s, "*", Space(53), "*");
+    if (!s.ElencoShow.Resto().empty()) Scrivi(s, "*  La procedura esegue i seguenti Form o procedure:   *");
+    for (Testo voce; VoceShow(s.ElencoShow, voce);) Scrivi(s, voce);
+    Scrivi(s, stelle);
+    const Testo data = Oggi(s);
+    const Testo ora = Adesso(s);
+    Scrivi(s, "              ... ", data, " - ", ora);
+    Scrivi(s);
 }
 
 void mnuvorn_Click(Stato& s) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "scan/sorgente.h"
 
+#include "scan/rubrica.h"
+
 namespace morvella {
 
 void RigheSorgente::Leggi() {

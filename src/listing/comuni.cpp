@@ -12,12 +12,12 @@ namespace morvella {
 
 namespace {
 
-// Margins up to this width: one copy of a fixed size, whatever the width.
+// The widest margin drawn here: one copy of fixed size, whatever the width.
 constexpr std::size_t Largo = TestoLargo::Passo;
-// Of a line without its text: the number, the margin, the line end.
+// What a line needs besides its text: number, margin, line end.
 constexpr std::size_t Intorno = 11 + Largo + 2;
 
-// The next number, in the six digits that `campo` begins with.
+// The next number: `campo` is the field's first eight bytes, its sixth digit in bits 40 to 47.
 void Avanza(std::uint64_t& campo) {
     campo += std::uint64_t{1} << 40;
     for (int posto = 40; (campo >> posto & 0xFF) > '9'; posto -= 8)
@@ -35,14 +35,13 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
     const char* const fondo = spazio.Dove + spazio.Posto;
     char* dove = spazio.Dove;
     char* storia = s.StoriaBlocchi.Coda(2 * righe.size());
-    s.Margine.Coda(Largo); // makes room
+    s.Margine.Coda(Largo); // room for what follows
     char* const margine = s.Margine.data();
     std::size_t larga = s.Margine.size();
     Numera(s.Numero, s.ContaRighe);
     std::uint64_t campo = 0;
     std::memcpy(&campo, s.Numero.data(), sizeof campo);
-    // A bit for each reason to stop, so that no reason is a branch of its own: which line comes next
-    // cannot be predicted.
+    // The reasons to stop are joined as bits, so that they make one branch.
     const auto se = [](bool questo) { return static_cast<unsigned>(questo); };
     const unsigned senzaCommenti = se(s.TogliCommenti == 1);
     std::size_t fatte = 0;

@@ -14,19 +14,15 @@ void Di(Stato& s, PassoMargine::Genere che) {
     s.Fronte.MargineMosso({che, s.Punto.Voce, s.Punto.Riga, s.ContaRighe, Len(s.Margine), s.Margine, s.Riga});
 }
 
-// Margine = Mid(Margine, 1, Len(Margine) - 3), which is error 5 here: after an End Sub a line that
-// closes something ends the run, and that is meant.
-void TagliaTroppo(Stato& s) {
-    Istruzione(s, [&] { Mid(s.Margine, 1, Len(s.Margine) - 3); });
-}
-
+// One row of the table, step by step. A margin too short to be cut asks Mid for a negative length,
+// error 5: after an End Sub a line that closes something ends the run, and that is meant.
 void Disegna(Stato& s, const Disegno& disegno) {
-    if (s.Margine.size() < disegno.Taglia) [[unlikely]]
-        return TagliaTroppo(s);
-    s.Margine.Fino(s.Margine.data() + s.Margine.size() - disegno.Taglia);
+    const Lungo resta = Len(s.Margine) - disegno.Taglia;
+    if (resta < 0) return Istruzione(s, [&] { Mid(s.Margine, 1, resta); });
+    s.Margine.Fino(s.Margine.data() + resta);
     ScriviAlMargine(s, disegno.Qui);
     s.Margine.Fino(Posa(s.Margine.Coda(disegno.Dopo.Quanti), disegno.Dopo));
-    if (!disegno.Piano()) Di(s, disegno.Passo); // told before the floor
+    if (!disegno.Piano()) Di(s, disegno.Passo()); // before the floor: the width is the cut one
     if (s.Margine.size() < disegno.Minimo) s.Margine.resize(disegno.Minimo, ' ');
 }
 
@@ -77,12 +73,11 @@ void ChiudiProcedura(Stato& s, Lungo larghezzaDopo) {
     Di(s, PassoMargine::Fine);
 }
 
-// A line that begins with "'".
+// A line that begins with "'". The text of a banner ("'*") goes, its number and margin stay; any
+// other comment that is left out leaves a gap in the numbers.
 void ElencaCommento(Stato& s) {
-    if (Mid(s.Riga, 2, 1) == "*")
-        return Scrivi(s, s.Numero, s.Margine); // its text goes: a banner of an earlier run
-    if (s.TogliCommenti == 1) return;          // a gap in the numbers
-    ScriviAlMargine(s);
+    if (Mid(s.Riga, 2, 1) == "*") return Scrivi(s, s.Numero, s.Margine);
+    if (s.TogliCommenti != 1) ScriviAlMargine(s);
 }
 
 } // namespace
@@ -118,10 +113,8 @@ void ElencaRiga(Stato& s, Classe classe) {
     case RigaExitFor:
     case RigaExitSub: Scrivi(s, s.Numero, BarraUscita(s.Margine), s.Riga); break;
     default:
-        if (Mid(s.Riga, 1, 1) == "'") // no other class begins so
-            ElencaCommento(s);
-        else
-            Disegna(s, Disegni[classe]);
+        if (Mid(s.Riga, 1, 1) == "'") return ElencaCommento(s); // RigaAltra: no other class begins so
+        Disegna(s, Disegni[classe]);
     }
 }
 

@@ -14,19 +14,19 @@ namespace {
 struct Gruppo {
     Vista Bytes;
     Tratto::Genere Che;
-    bool Ultimo; // a connector: the text of the line follows
+    bool Ultimo; // a connector: the line's text follows
 };
 
 // clang-format off
 constexpr Gruppo Gruppi[] = {
-    {"   ",          Tratto::Scritto,    false},
-    {"\xB3  ",       Tratto::Condizione, false}, // │
-    {"\xBA  ",       Tratto::Ciclo,      false}, // ║
-    {"\xDA\xC4>",    Tratto::Condizione, true},  // ┌─>
-    {"\xC3\xC4>",    Tratto::Condizione, true},  // ├─>
-    {"\xC0\xC4>",    Tratto::Condizione, true},  // └─>
-    {"\xC9\xCD>",    Tratto::Ciclo,      true},  // ╔═>
-    {"\xC8\xCD>",    Tratto::Ciclo,      true},  // ╚═>
+    {"   ",                    Tratto::Scritto,    false},
+    {connettore::Segue,        Tratto::Condizione, false},
+    {connettore::SegueDoppio,  Tratto::Ciclo,      false},
+    {connettore::Apre,         Tratto::Condizione, true},
+    {connettore::Mezzo,        Tratto::Condizione, true},
+    {connettore::Chiude,       Tratto::Condizione, true},
+    {connettore::ApreDoppio,   Tratto::Ciclo,      true},
+    {connettore::ChiudeDoppio, Tratto::Ciclo,      true},
 };
 // clang-format on
 
@@ -122,7 +122,7 @@ void TagliaRiga(Vista riga, std::vector<Porzione>& fette) {
     Accoda(fette, Tratto::Numero, campo);
     riga.remove_prefix(campo);
 
-    if (const std::size_t barre = std::min(riga.find_first_not_of('\xCD', 2), riga.size());
+    if (const std::size_t barre = std::min(riga.find_first_not_of(connettore::DoppioTratto, 2), riga.size());
         riga.substr(0, 2) == "<<" && barre >= 4 && IniziaPer(riga.substr(barre), "exit ")) {
         Accoda(fette, Tratto::Barra, barre);
         riga.remove_prefix(barre);

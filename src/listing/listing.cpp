@@ -14,7 +14,7 @@ namespace {
 
 constexpr Lungo NumeroMassimo = 999999; // of a line that shows its number
 
-// A form's control section ends here: the file starts anew, the margin and the history do not.
+// A form's control section ends here: the listing starts over, the margin and the history do not.
 void Riparti(Stato& s) {
     Istruzione(s, [&] { s.Canale.Ricomincia(2); });
     s.ContaRighe = 0;

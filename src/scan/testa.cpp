@@ -11,7 +11,7 @@ void RaccogliShow(Stato& s, bool scriviLabel2) {
     ApriSorgente(s);
     if (scriviLabel2) ScriviLabel2(s, s.FileSorgente);
     s.ElencoShow.Svuota();
-    // Lines that cannot hold the name of a form are counted in blocks.
+    // Lines without ".Show" are skipped and counted in bulk.
     const auto fine = [&] {
         s.TotaleRighe += s.Canale.SaltaSenza(1, ".Show");
         return s.Canale.Eof(1);
@@ -23,7 +23,7 @@ void RaccogliShow(Stato& s, bool scriviLabel2) {
         const Lungo trovato = InStr(1, s.RigaLetta, ".Show"); // the first hit only; .ShowHelp is one too
         if (trovato == 0) continue;
         s.ElencoShow.Voci += "*    ";
-        s.ElencoShow.Voci += UCase(Mid(s.RigaLetta, 1, trovato - 1)); // whatever stands in front of it
+        s.ElencoShow.Voci += UCase(Mid(s.RigaLetta, 1, trovato - 1)); // whatever precedes it
         s.ElencoShow.Voci += '\r';
     }
     ChiudiSorgente(s);
@@ -45,7 +45,7 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce) {
 void IniziaTestaRiordina(Stato& s) { s.StatoTesta = SorgenteForm(s) ? 7 : 0; }
 
 bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim) {
-    // Also in the midst of the code: a member attribute throws the file back into its head, up
+    // In the midst of the code too: a member attribute throws the file back into its head, up
     // to the next line that begins "option". Meant: the scanner never guesses.
     if (Mid(trim, 1, 9) == "Attribute") s.StatoTesta = 0;
     // A bare prefix: "Option1.Value = True" ends a head as well.

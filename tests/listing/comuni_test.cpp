@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The common lines drawn many at a time: the same bytes as one by one, whatever the lines are.
+// The batch writer: the same bytes as line by line, whatever the lines are.
 #include <random>
 
 #include "listing/banco.h"
@@ -31,7 +31,7 @@ class Caso {
         return riga;
     }
 
-    // Procedures whose blocks close mostly, and now and then do not.
+    // Procedures whose blocks mostly close.
     Testo Modulo(std::size_t righe, std::size_t profonda) {
         Testo bytes;
         const auto metti = [&](const Testo& riga) {
@@ -65,14 +65,14 @@ struct Esito {
 
 Esito Elenca(const Testo& bytes, bool segue, int togliCommenti, bool lf = false) {
     Banco b;
-    b.Casa.Segue = segue;
+    b.Fronte.Segue = segue;
     b.S.TogliCommenti = togliCommenti;
     b.S.Canale.FineRigaLf = lf;
     b.Modulo("F.frm", bytes);
     b.Tutte();
     mnuvorn_Click(b.S);
     Esito esito{b.Log("F.log"), {}, Testo(Vista(b.S.Margine)) + '|' + Testo(Vista(b.S.StoriaBlocchi))};
-    for (const Arresto& a : b.Casa.Arresti)
+    for (const Arresto& a : b.Fronte.Arresti)
         esito.Arresti.push_back(CStr(a.Causa.Numero) + '|' + CStr(a.Riga) + '|' + CStr(a.RigaListato) + '|' +
                                 a.Linea);
     return esito;
@@ -90,7 +90,7 @@ TEST(Comuni, ComeUnaPerUna) {
     }
 }
 
-// Blocks that are full at any place of a line.
+// Buffers that fill up anywhere in a line.
 TEST(Comuni, ABlocchiPieni) {
     for (unsigned seme = 0; seme < 8; ++seme) {
         Caso caso(seme + 1000);
@@ -117,7 +117,7 @@ TEST(Comuni, INumeriFinoAllUltimo) {
     EXPECT_EQ(riga(1000005), "        \xDA\xC4>If a");
 }
 
-// What is done many at a time, and what is left for one by one.
+// What is written as a batch, and what is left for ElencaRiga.
 TEST(Comuni, QuanteInUnaVolta) {
     struct Prova {
         std::vector<const char*> Righe;

@@ -14,8 +14,8 @@ namespace {
 
 struct Banco {
     prove::DiscoFinto Disco;
-    prove::FinestraFinta Casa;
-    Stato S{Disco, Casa};
+    prove::FinestraFinta Fronte;
+    Stato S{Disco, Fronte};
 
     Banco() { CambiaDir1(S, "/p"); }
 
@@ -100,7 +100,7 @@ TEST(RaccogliShow, FileVuoto) {
     EXPECT_FALSE(b.S.Canale.Aperto(1));
 }
 
-// The first pass told as simply as it can be: a line, its end, the next.
+// The first pass in its simplest form: a line, its end, the next.
 void ConfrontaPassata(const Testo& bytes) {
     Testo voci;
     Lungo righe = 0;
@@ -522,7 +522,7 @@ TEST(TestaStruttura, OgniRigaDellaTavola) {
         {"Attribute VB_Name = \"x\"",      5, 5, 2, {7, TestaECodice, 1}},
         {"Attribute VB_Exposed = True",    5, 5, 2, {7, TestaECodice, 1}},
         {"Attribute VB_Exposed = False",   5, 5, 2, {7, TestaERiparte, 1}},
-        // Option Explicit behind five of them
+        // Option Explicit after five of them
         {"Option Explicit",                5, 5, 2, {7, TestaECodice, 1}},
         {"Option Explicit 'x",             5, 5, 2, {7, TestaECodice, 1}},
         {"Option ExplicitX",               5, 5, 2, {7, TestaECodice, 1}},

@@ -17,11 +17,11 @@
 #include "cli/mostra.h"
 #include "cli/opzioni.h"
 #include "cli/sottocartelle.h"
+#include "comandi/comandi.h"
 #include "docs/docs.h"
 #include "listing/decodifica.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
-#include "shell/comandi.h"
 #include "shell/dimora.h"
 #include "shell/opzioni.h"
 

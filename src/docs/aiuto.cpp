@@ -7,8 +7,8 @@ namespace morvella {
 
 namespace {
 
-// The page in full, written here in UTF-8 and on the disk in Windows-1252. Its slips and the two
-// <html> lines are part of it; an "@" is the contact address.
+// The whole page, in UTF-8 here and in Windows-1252 on the disk. Its slips and the two <html> lines
+// are meant; "@" is the contact address.
 // clang-format off
 constexpr std::string_view Pagina[] = {
     "<html>",

@@ -5,7 +5,7 @@
 
 #include "docs/righe.h"
 #include "shell/cartella.h"
-#include "shell/gestore.h"
+#include "shell/protezione.h"
 
 namespace morvella {
 
@@ -51,7 +51,7 @@ constexpr Vista SecondaCella[] = {
     R"(    <td width="5%"></td>)",
 };
 
-constexpr Vista TerzaCella[] = { // with the row's end, which stands only here
+constexpr Vista TerzaCella[] = { // only this one ends the table row
     R"(    <td valign="top" width="30%">@</a></td>)",
     "  </tr>",
 };
@@ -65,12 +65,12 @@ constexpr Vista IndiceCoda[] = {
 };
 // clang-format on
 
-// "dario.gif" here and "Dario.gif" in the pages: each is meant.
+// "dario.gif" here and "Dario.gif" in the pages: both are meant.
 constexpr Vista Figure[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
 constexpr Vista DarioNellePagine = "Dario.gif";
 
-// The first pass of this run. RaccogliShow is another: entries have another shape here, and
-// some names stay out.
+// The first pass of this run. Unlike RaccogliShow it formats entries for HTML and leaves some
+// names out.
 void RaccogliMostrati(Stato& s) {
     s.Canale.OpenInput(1, s.FileSorgente);
     s.ElencoShow.Svuota();
@@ -89,12 +89,34 @@ void RaccogliMostrati(Stato& s) {
     s.Canale.Close(1);
 }
 
+// The index has up to three columns of links.
+struct Colonne {
+    Lungo Limite1 = 0;   // the last link of the first column, counted from 1
+    Lungo Limite2 = 0;   // the last link of the second; 0: no second column
+    Lungo TerzoBase = 0; // 0: no third column
+};
+
+Colonne DividiInColonne(Lungo selezionati) {
+    // One more than are selected, which makes the third column the short one.
+    const Lungo conto = selezionati > 0 ? selezionati + 1 : 0;
+    if (conto == 2) return {1, 2, 0};
+    Colonne colonne;
+    if (conto >= 3) {
+        colonne.Limite1 = colonne.Limite2 = colonne.TerzoBase = conto / 3;
+        const Lungo resto = conto - 3 * colonne.TerzoBase;
+        if (resto >= 1) ++colonne.Limite1;
+        if (resto == 2) ++colonne.Limite2;
+        colonne.Limite2 += colonne.Limite1;
+    }
+    return colonne;
+}
+
 } // namespace
 
-// A directory that holds no plain file counts as missing, and MkDir then fails: meant.
+// A directory without plain files counts as missing, and MkDir then fails: meant.
 Testo PreparaDirectory(Stato& s) {
     Testo directory = s.Dir1Path + "\\Appoggio";
-    s.File.SganciaLavoro(); // an earlier run's
+    s.File.SganciaLavoro(); // of an earlier run
     if (s.File.Dir(directory + "\\*.*", 0).empty()) {
         s.File.ChDir(s.Dir1Path);
         s.File.MkDir("Appoggio");
@@ -106,13 +128,18 @@ Testo PreparaDirectory(Stato& s) {
     return directory;
 }
 
+Testo PercorsoPagina(const Testo& dirPagine, Vista voce) {
+    const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
+    return dirPagine + (radice ? "" : "\\") + Testo(BaseDiVoce(voce)) + ".Html";
+}
+
 void CopiaFigure(Stato& s, const Testo& dirPagine) {
     if (s.AppPath == s.Dir1Path && s.AppPath == dirPagine) return;
     for (const Vista nome : Figure) {
         const Testo figura = dirPagine + "\\" + Testo(nome);
         if (s.File.Dir(figura, 0).empty()) s.File.FileCopy(s.AppPath + "\\" + Testo(nome), figura);
     }
-    // A browser on a disk that tells case apart must find the name that the pages use.
+    // A browser on a case-sensitive disk must find the name that the pages use.
     s.File.AncheCome(dirPagine + "\\dario.gif", DarioNellePagine);
 }
 
@@ -127,18 +154,15 @@ void mnuHTML_Click(Stato& s) {
         if (!s.File1.Selected(s.IndiceFile)) continue;
         s.Punto.Voce = s.IndiceFile;
         const Testo& voce = s.File1.List(s.IndiceFile);
-        // No page depends on these three; they are left as this sets them.
+        // No page depends on these three; the run sets them all the same.
         s.Numero = Space(5);
         s.Margine = Space(5);
         s.StoriaBlocchi = "00";
         s.TotaleRighe = 0;
-        const Testo pagina = Testo(BaseDiVoce(voce)) + ".Html";
-        const bool radice = Len(dirPagine) == 3 && Mid(dirPagine, 2, 2) == ":\\";
-        s.FileUscita = dirPagine;
-        s.FileUscita.append(radice ? "" : "\\").append(pagina);
+        s.FileUscita = PercorsoPagina(dirPagine, voce);
         if (!s.File.Dir(s.FileUscita, 0).empty()) s.File.Kill(s.FileUscita);
         s.FileSorgente = s.Dir1Path + "\\" + voce;
-        // The place in the whole list, from 0, over the number selected: "9/3" can be.
+        // The index in the whole list, from 0, over the number selected: "9/3" is possible.
         ScriviLabel2(s, s.FileSorgente + "  " + CStr(s.IndiceFile) + "/" + CStr(selezionati));
         RaccogliMostrati(s);
         PreparaProgress(s);
@@ -149,7 +173,7 @@ void mnuHTML_Click(Stato& s) {
     CopiaFigure(s, dirPagine);
     ScriviLabel2(s, "");
     ScriviIndice(s, dirPagine);
-    MostraBarra(s, s.Progress, false); // the bar stays in view behind the question
+    MostraBarra(s, s.Progress, false); // the bar stays visible during the question
     PortaBarra(s, s.Progress, 0);
 }
 
@@ -159,23 +183,7 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
     s.Canale.OpenOutput(1, indice);
     ScriviRighe<IndiceTesta>(s, 1);
 
-    // One more than there are, which makes the third column the short one.
-    Lungo conto = s.File1.ContaSelezionate();
-    if (conto > 0) ++conto;
-    Lungo limiteColonna1 = 0;
-    Lungo limiteColonna2 = 0;
-    Lungo terzoBase = 0;
-    if (conto == 2) {
-        limiteColonna1 = 1;
-        limiteColonna2 = 2;
-    } else if (conto >= 3) {
-        limiteColonna1 = limiteColonna2 = terzoBase = conto / 3;
-        const Lungo resto = conto - 3 * terzoBase;
-        if (resto >= 1) ++limiteColonna1;
-        if (resto == 2) ++limiteColonna2;
-        limiteColonna2 += limiteColonna1;
-    }
-
+    const Colonne colonne = DividiInColonne(s.File1.ContaSelezionate());
     Testo testoColonna1;
     Testo testoColonna2;
     Testo testoColonna3;
@@ -184,10 +192,10 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
         if (!s.File1.Selected(i)) continue;
         const Testo& voce = s.File1.List(i);
         ++corrente;
-        Testo& colonna = corrente <= limiteColonna1   ? testoColonna1
-                         : corrente <= limiteColonna2 ? testoColonna2
-                                                      : testoColonna3;
-        // Only a column's last link is closed; the others run on to the next.
+        Testo& colonna = corrente <= colonne.Limite1   ? testoColonna1
+                         : corrente <= colonne.Limite2 ? testoColonna2
+                                                       : testoColonna3;
+        // Only the last link of a column is closed, by the table cell: meant.
         colonna.append("<a href=\"")
             .append(dirPagine)
             .append("\\")
@@ -197,8 +205,8 @@ void ScriviIndice(Stato& s, const Testo& dirPagine) {
     }
     ScriviRighe<IndiceTitolo>(s, 1);
     ScriviRighe<PrimaCella>(s, 1, testoColonna1);
-    if (limiteColonna2 >= 1) ScriviRighe<SecondaCella>(s, 1, testoColonna2);
-    if (terzoBase >= 1) ScriviRighe<TerzaCella>(s, 1, testoColonna3);
+    if (colonne.Limite2 >= 1) ScriviRighe<SecondaCella>(s, 1, testoColonna2);
+    if (colonne.TerzoBase >= 1) ScriviRighe<TerzaCella>(s, 1, testoColonna3);
     ScriviRighe<IndiceCoda>(s, 1);
     s.Canale.Close(1);
 

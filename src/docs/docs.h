@@ -1,49 +1,53 @@
 // SPDX-License-Identifier: MIT
 // docs/docs.h
 //
-// The HTML documentation: a page for each selected row, an index of them, and the tool's own
-// help page. Code that writes HTML; what it writes is fixed text, kept in tables as the pages
-// hold it: unbalanced tags, mixed case and slips are part of it.
+// The HTML documentation: a page for each selected row, an index of them, and the tool's help page.
+// Their fixed text is kept in tables; unbalanced tags, mixed case and slips belong to it.
 //
-// Nothing here has a handler: an error is final, pages that were finished stay, and the page in
-// work stays as far as it came.
+// What would surprise: nothing here runs under the handler. An error is final; finished pages stay,
+// and so does the part of the current page that was written.
 #pragma once
 
 #include "shell/state.h"
 
 namespace morvella {
 
-/// The run over the selected rows of File1. Raises what any of its statements raises: 5 for a
-/// row of fewer than 4 bytes, 53 without a source or a picture, 62 where a menu begins on the
-/// last line, 75 where the work directory holds no plain file, 76 for a row with a directory
-/// that the work directory does not have.
+/// The run over the selected rows of File1. Raises whatever one of its statements raises: 5 for a
+/// row of fewer than 4 bytes, 53 for a missing source or picture, 62 for a menu that begins on the
+/// last line, 75 for a work directory without plain files, 76 for a row in a directory that the
+/// work directory lacks.
 void mnuHTML_Click(Stato& s);
 
-/// The run's own way to the work directory, whose text it gives: makes it with its marker where
-/// it is missing or holds no plain file; raises 75 in the second case.
+/// Makes the work directory with its marker and returns its path. One without a plain file counts
+/// as missing, and making it again raises 75.
 Testo PreparaDirectory(Stato& s);
 
-/// Lays the pictures of the pages into `dirPagine` where they are not there yet; raises 53 when
-/// one is not beside the program.
+/// The path of a row's page in `dirPagine`, with no second separator after the root of a drive.
+/// Raises 5 for a row of fewer than 4 bytes.
+Testo PercorsoPagina(const Testo& dirPagine, Vista voce);
+
+/// Copies the pages' pictures into `dirPagine` unless they are there. Raises 53 for a picture that
+/// is not in App.Path.
 void CopiaFigure(Stato& s, const Testo& dirPagine);
 
-/// Writes the page of one row; FileSorgente and FileUscita name source and page.
-/// What a control has said of itself stays pending until its row is written, also into the
+/// Properties of a Data or ADO control, kept until its table row is written: if need be into the
 /// next module.
 struct ValoriPendenti {
     Testo NomeData, DatabaseData, RecordData;
     Testo NomeAdo, OledbAdo, RecordAdo;
 };
+/// Writes the page of row `voce` from FileSorgente to FileUscita. `pendenti`: in/out. Raises as
+/// mnuHTML_Click.
 void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti);
 
-/// Writes "Indice.Html" into `dirPagine`, says that the run succeeded, and opens the index where
-/// the answer is Yes.
+/// Writes "Indice.Html" into `dirPagine`, announces success, and opens the index if the answer is
+/// Yes. Raises 53 when the browser cannot be started.
 void ScriviIndice(Stato& s, const Testo& dirPagine);
 
-/// `testo` without any "../", in one sweep from left to right. No operation calls it.
+/// `testo` without any "../", removed in one pass from left to right. No operation calls it.
 Testo TogliRisalita(Vista testo);
 
-/// Opens the help page beside the program; writes it first where there is none.
+/// Opens the help page in App.Path; writes it first if it is missing.
 void MnuHelpHtml_Click(Stato& s);
 
 } // namespace morvella

@@ -8,8 +8,7 @@ namespace morvella {
 
 namespace {
 
-// The lines of a page, in its order. An "@" is the place of a value; slips and unbalanced tags
-// are the page's own.
+// A page's lines, in order. "@" is a placeholder; slips and unbalanced tags are meant.
 // clang-format off
 constexpr Vista TestaPagina[] = {
     "<html>",
@@ -107,7 +106,7 @@ constexpr Vista MostratiCoda[] = {
     "</center></div>",
 };
 
-// Where the other lines have quotes these two have the byte 13: meant.
+// The last two lines have the byte 13 in place of quotes: meant.
 constexpr Vista Rilettura[] = {
     R"(<p align="center"><br><br> <strong>Rilettura del  @... </strong> </p>)",
     "<p align=\rcenter\r>&nbsp;</p>",
@@ -120,14 +119,15 @@ constexpr Vista Fine[] = {
 };
 // clang-format on
 
-// One pass over a source, from behind the summary to the end of the procedure list.
+// The pass over a source that fills the page from the summary to the end of the procedure list.
 class Scansione {
   public:
     Scansione(Stato& s, ValoriPendenti& pendenti) : s_(s), p_(pendenti) {}
 
-    void RigaLetta();
+    /// Examines the line in Riga, untrimmed. May read one line on.
+    void EsaminaRiga();
     bool MenuTrovati() const { return menuTrovati_; }
-    /// In the code, behind its heading: only heads of procedures matter any more.
+    /// In the code, after its heading: only procedure heads matter from here on.
     bool SoloProcedure() const { return statoTesta_ == 7 && procIntestate_; }
 
   private:
@@ -142,19 +142,18 @@ class Scansione {
 
     Stato& s_;
     ValoriPendenti& p_;
-    int statoTesta_ = 5; // 5 the head of the file, 6 in passing, 7 code; this pass has its own
+    int statoTesta_ = 5; // 5 the file's head, 6 in transit, 7 code; independent of s.StatoTesta
     bool menuTrovati_ = false;
     bool daoIntestato_ = false;
     bool adoIntestato_ = false;
     bool procIntestate_ = false;
 };
 
-// For the line in Riga, untrimmed.
-void Scansione::RigaLetta() {
-    // A bare prefix: a control's property "Options" ends the head as well.
+void Scansione::EsaminaRiga() {
+    // A bare prefix: a control's property "Options" ends the head too.
     if (statoTesta_ < 7 && IniziaPer(Trim(s_.Riga), "option")) statoTesta_ = 7;
     if (statoTesta_ <= 5) {
-        CercaMenu(); // may read a line on: the next two see that line
+        CercaMenu(); // may read one line on, which the next two then see
         CercaControlli();
         ProvaAttribute();
     }
@@ -167,14 +166,14 @@ void Scansione::CercaMenu() {
     if (trovato == 0) return;
     Testa(menuTrovati_, "Menu presenti nell'applicazione");
     const Testo nome = LCase(Mid(s_.Riga, trovato + 13, Len(s_.Riga)));
-    s_.Riga = s_.Canale.LineInput(1); // with no look at the end of the file, and not counted
-    // Without the marker the caption is the line from its 20th byte on, whatever stands there.
+    s_.Riga = s_.Canale.LineInput(1); // without a test for the end of the file, and not counted
+    // Without the marker the caption is the line from its 20th byte on, whatever it is.
     const Lungo segno = InStr(1, s_.Riga, "Caption         =   ");
     ScriviRighe<RigaMenu>(s_, 2, nome, Trim(Mid(s_.Riga, segno + 20, Len(s_.Riga))));
 }
 
-// The first test that holds ends the chain. The cuts differ on purpose: some values keep the
-// blanks and the "=" in front of them.
+// The first test that holds ends the chain. The cuts differ on purpose: some values keep their
+// leading blanks and "=".
 void Scansione::CercaControlli() {
     const Vista t = Trim(s_.Riga);
     const Lungo tutta = Len(s_.Riga);
@@ -203,16 +202,16 @@ void Scansione::CercaControlli() {
     }
 }
 
-// The second test sees an Option Explicit only where it is the line behind a Begin VB.Menu:
-// any other has ended the head before.
+// The second test sees an Option Explicit only on the line after a Begin VB.Menu: any other has
+// already ended the head.
 void Scansione::ProvaAttribute() {
     if (Mid(s_.Riga, 1, 9) == "Attribute" ||
         (statoTesta_ == 5 && Mid(Trim(s_.Riga), 1, 15) == "Option Explicit"))
         ++statoTesta_;
 }
 
-// The list of procedures has rules of its own, and they are not the classifier's: six starts
-// and no other, so a Sub without Private or Public stays out.
+// The procedure list does not use the classifier: six prefixes and no others, so a Sub without
+// Private or Public is left out.
 void Scansione::Procedura() {
     Testa(procIntestate_, "Procedure interne");
     s_.Riga = Trim(s_.Riga);
@@ -234,8 +233,8 @@ void Scansione::Procedura() {
     ScriviRighe<RigaProcedura>(s_, 2, s_.Riga);
 }
 
-// Where in a slice a line may begin with "private" or "public", behind blanks. For speed alone: it
-// only has to miss none.
+// Marks where in a slice a line may begin with "private" or "public" after blanks. A filter for
+// speed: false positives are harmless, misses are not.
 Segni CercaPrivatePublic(const char* p) {
     Segni trovati = 0;
     for (Segni forse = DoveParola(p, 'p', 'v', 'l'); forse != 0; forse &= forse - 1) // "priv", "publ"
@@ -244,7 +243,7 @@ Segni CercaPrivatePublic(const char* p) {
     return trovati;
 }
 
-// The forms shown, in their order. The closing lines come in any case.
+// The forms shown, in order. The closing lines are written even without any: meant.
 void ScriviMostrati(Stato& s) {
     if (!s.ElencoShow.Resto().empty()) ScriviRighe<MostratiTesta>(s, 2);
     for (;;) {
@@ -265,7 +264,7 @@ void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti) {
     s.Canale.OpenInput(1, s.FileSorgente);
     s.Canale.OpenOutput(2, s.FileUscita);
     ScriviRighe<TestaPagina>(s, 2, s.FileUscita);
-    // The row goes to the disk as it stands: relative to the current directory.
+    // The row itself is the path, relative to the current directory: meant.
     const Testo quando = s.File.FileDateTime(voce);
     const Vista data = Mid(quando, 1, InStr(1, quando, " ") - 1); // error 5 at midnight: meant
     const Testo misura = CStr(s.File.FileLen(voce));
@@ -277,7 +276,7 @@ void ScriviPagina(Stato& s, const Testo& voce, ValoriPendenti& pendenti) {
         if (s.Canale.Eof(1)) break;
         AvanzaBarra(s, s.Progress);
         s.Riga = s.Canale.LineInput(1);
-        scansione.RigaLetta();
+        scansione.EsaminaRiga();
     }
     if (!scansione.MenuTrovati()) ScriviRighe<SenzaMenu>(s, 2);
     ScriviRighe<Banda>(s, 2);

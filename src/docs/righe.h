@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // docs/righe.h
 //
-// Fixed lines of a page with places for values.
+// Tables of fixed lines with placeholders.
 #pragma once
 
 #include <algorithm>
@@ -12,8 +12,8 @@
 
 namespace morvella {
 
-// A table of lines as one text, each with its CR LF, cut where an "@" stands: made by the
-// compiler, since some tables are printed for every procedure.
+// A table joined into one text, each line with its CR LF, and cut at every "@". Done at compile
+// time, since some tables are printed for every procedure.
 template <const auto& Righe>
 struct RigheUnite {
     static constexpr std::size_t Misura = [] {
@@ -45,8 +45,8 @@ struct RigheUnite {
     }();
 };
 
-/// Prints a table's lines to channel `n`, each "@" replaced by the next of the values, as it is:
-/// nothing is escaped for HTML.
+/// Prints a table to channel `n`, each "@" replaced by the next value, unescaped. Raises what
+/// Canali::PrintPezzi raises.
 template <const auto& Righe, class... Dati>
 void ScriviRighe(Stato& s, int n, const Dati&... valori) {
     using Unite = RigheUnite<Righe>;

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "listing/connettori.h"
-#include "shell/state.h"
+#include "shell/testi.h"
 
 namespace morvella {
 

@@ -22,8 +22,8 @@ void PassoIndietro(Stato& s) {
         s.Margine.assign(5, ' ');
 }
 
-// Opening adds 6 in all, closing takes 7: a closed block leaves the margin one blank short of
-// where it began, with a floor of 6. The layout is this drift.
+// Opening adds 6 in all and closing takes 7, so a closed block leaves the margin one blank narrower
+// than before, with a floor of 6. The layout is this drift.
 void PassoApri(Stato& s) {
     CambiaMargine(s, 0, 5);
     RigaVuota(s);
@@ -46,8 +46,8 @@ void PassoChiudi(Stato& s) {
     if (Len(s.Margine) < 6) s.Margine.assign(6, ' ');
 }
 
-// End With differs twice, and both are meant: below 6 it steps back to 6 and not to 5, and a
-// margin that is below 6 behind the line becomes 5, without the floor of 6.
+// End With differs twice, and both are meant: below 6 it steps back to 6 and not to 5, and a margin
+// still below 6 after the line becomes 5, without the floor of 6.
 void PassoChiudiWith(Stato& s) {
     if (Len(s.Margine) >= 6)
         CambiaMargine(s, 6, 5);
@@ -63,7 +63,7 @@ void PassoChiudiWith(Stato& s) {
     }
 }
 
-// Five lines; `larghezza` is that of the four lines of stars and blanks, their "'" included.
+// Five lines; `larghezza` is the width of the four of stars and blanks, with their "'".
 void Riquadro(Stato& s, Lungo larghezza, Vista davantiAllaRiga) {
     const Testo prefisso = Space(Len(s.Margine) + Len(s.Numero));
     const Testo stelle(static_cast<std::size_t>(larghezza - 1), '*');
@@ -75,8 +75,8 @@ void Riquadro(Stato& s, Lungo larghezza, Vista davantiAllaRiga) {
     Scrivi(s, prefisso, "'", stelle);
 }
 
-// The margin holds blanks alone in this engine, so this test never finds anything: a block left
-// open shows as a deep margin and no more. The listing has the same test, and there it bites.
+// Only blanks are ever in this engine's margin, so the test never fires and an open block shows as
+// a deep margin only. The listing has the same test, and there it does.
 void ControllaMargine(Stato& s) {
     if (!Trim(s.Margine).empty()) Scrivi(s, Space(Len(s.Numero)), ErroreGenerico);
     s.Margine = Space(Len(s.Margine));
@@ -104,7 +104,7 @@ void RiscriviRiga(Stato& s, Classe classe) {
         break;
     case RigaProperty:
         s.Margine.assign(3, ' ');
-        Riquadro(s, 102, s.Numero); // its line alone has the number field in front
+        Riquadro(s, 102, s.Numero); // only here the number field precedes the line
         break;
     case RigaIf:
     case RigaCondIf:
@@ -121,7 +121,7 @@ void RiscriviRiga(Stato& s, Classe classe) {
     case RigaEndSelect:
     case RigaLoop: PassoChiudi(s); break;
     case RigaEndWith: PassoChiudiWith(s); break;
-    // The three ends leave three margins, and End Property alone no blank line behind it.
+    // The three ends leave three different margins; only End Property has no blank line after it.
     case RigaEndSub:
         ControllaMargine(s);
         ScriviAlMargine(s);

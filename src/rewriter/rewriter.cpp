@@ -15,7 +15,7 @@ namespace {
 constexpr Vista Stelle = "*******************************************************"; // 55
 static_assert(Stelle.size() == 55);
 
-// Stands at the end of the rewritten file, behind the last line of the module.
+// The closing block, after the module's last line.
 void ScriviChiusura(Stato& s) {
     const Testo margine = Space(10);
     const Testo data = Oggi(s);
@@ -33,7 +33,7 @@ void ScriviChiusura(Stato& s) {
 
 // First stage, one selected row: the rewritten text.
 void RiscriviFile(Stato& s, const Testo& voce) {
-    // A new file. ElencoShow is emptied when the source is open, StatoTesta set further down.
+    // A new file. ElencoShow is cleared once the source is open, StatoTesta is set further down.
     s.ContaRighe = 0;
     s.Numero = Space(5);
     s.Margine = Space(5);
@@ -76,9 +76,9 @@ void CopiaSeEsiste(Stato& s) {
     s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, 0);
 }
 
-// Second stage, one selected row: the rewritten text under the module's own name, and the
-// form's binary companion. A row with a directory that is missing below the work directory has
-// its text flat there, where this does not look for it: such a row gets no copy of its own.
+// Second stage, one selected row: the rewritten text under the module's own name, and the form's
+// binary companion. A row whose directory is missing below the work directory has its text flat
+// there; this does not look for it, so such a row gets no copy: meant.
 void CopiaFile(Stato& s, const Testo& voce) {
     const Testo base(Istruzione(s, [&] { return BaseDiVoce(voce); }));
     s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + voce);
@@ -95,12 +95,12 @@ void CopiaFile(Stato& s, const Testo& voce) {
 void Riordina(Stato& s) {
     ScriviDir(s, s.Dir1Path + "\\Appoggio");
     Istruzione(s, [&] { s.File.ChDir(s.Dir1Path); });
-    // ProgressBar1.Value is not set back: a second run goes on from where the bar stood.
+    // ProgressBar1.Value is not reset: a second run continues from where the bar was.
     LimitaBarra(s, s.ProgressBar1, s.File1.ListCount());
     MostraBarra(s, s.ProgressBar1, true);
 
-    const Lungo righe = s.File1.ListCount();
-    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+    const Lungo voci = s.File1.ListCount();
+    for (s.IndiceFile = 0; s.IndiceFile < voci; ++s.IndiceFile) {
         if (s.ProgressBar1.Max >= s.ProgressBar1.Value + 1)
             PortaBarra(s, s.ProgressBar1, s.ProgressBar1.Value + 1);
         if (!s.File1.Selected(s.IndiceFile)) continue;
@@ -113,9 +113,9 @@ void Riordina(Stato& s) {
 
     s.Punto.SecondoGiro = true;
     MostraBarra(s, s.Progress, true);
-    LimitaBarra(s, s.Progress, righe + 10);
+    LimitaBarra(s, s.Progress, voci + 10);
     PortaBarra(s, s.Progress, 0);
-    for (s.IndiceFile = 0; s.IndiceFile < righe; ++s.IndiceFile) {
+    for (s.IndiceFile = 0; s.IndiceFile < voci; ++s.IndiceFile) {
         if (!s.File1.Selected(s.IndiceFile)) continue;
         s.Punto.Voce = s.IndiceFile;
         AvanzaBarra(s, s.Progress);

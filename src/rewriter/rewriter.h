@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // rewriter/rewriter.h
 //
-// The code rewriter: for each selected row a re-indented copy in the work directory, first
-// as ".txt", then under the module's own name with the form's binary companion beside it.
-// Sources are only read. What belongs to the head of a file, and the class of a line, are
-// the scanner's business (scan/).
+// The code rewriter: a re-indented copy of each selected row in the work directory, first as
+// ".txt", then under the module's own name, with the form's binary companion. Sources are only
+// read. The scanner (scan/) finds the head of a file and the class of a line.
 //
-// What would surprise: opening a block adds 6 to the margin and closing it takes 7, and
-// there is no stack. The layout is this drift.
+// What would surprise: there is no stack. Opening a block adds 6 to the margin, closing it takes 7,
+// and the layout is this drift.
 #pragma once
 
 #include "scan/classifica.h"
@@ -15,12 +14,12 @@
 
 namespace morvella {
 
-/// The run over the selected rows of File1. Raises nothing: an error that the handler does not
-/// mend ends the run in silence, with word of it to Finestra::MotoreFermato.
+/// The run over the selected rows of File1. Raises nothing: an error that the handler cannot repair
+/// ends the run, and only Finestra::MotoreFermato is told.
 void mnuRiordina_Click(Stato& s);
 
-/// Writes the line in Riga, which is of class `classe`, at its margin to channel 2 and moves Margine and StoriaBlocchi on.
-/// Raises FineMotore when a write fails.
+/// Writes the line in Riga, of class `classe`, to channel 2 and updates Margine and StoriaBlocchi.
+/// Throws FineMotore when a write fails.
 void RiscriviRiga(Stato& s, Classe classe);
 
 } // namespace morvella

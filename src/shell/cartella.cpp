@@ -5,8 +5,7 @@ namespace morvella {
 
 namespace {
 
-// A statement under resume-next: what it raises is dropped. Only bytes that did not reach a
-// file are worth a word.
+// A statement under "resume next": its error is dropped. Only lost bytes are reported.
 template <class F>
 void SaltaSeFallisce(Stato& s, F&& statement) {
     try {
@@ -20,9 +19,9 @@ void SaltaSeFallisce(Stato& s, F&& statement) {
 
 void ScriviDir(Stato& s, Vista mdir) {
     const Testo marca = Testo(mdir) + "\\OK.LOG";
-    s.File.SganciaLavoro(); // an earlier run's
-    // A plain file of the directory's name counts as the directory: none is made then, and the
-    // engines meet it at their first output.
+    s.File.SganciaLavoro(); // of an earlier run
+    // A plain file of that name counts as the directory: nothing is made, and the engines fail at
+    // their first output.
     if (s.File.Dir(mdir, 16).empty()) {
         SaltaSeFallisce(s, [&] { s.File.MkDir(mdir); });
         SaltaSeFallisce(s, [&] { s.Canale.OpenOutput(7, marca); });

@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: MIT
 // shell/cartella.h
 //
-// The work directory Appoggio below the project: how it comes to be, and the short path of
-// a file in it.
+// Makes the work directory Appoggio below the project; row names and short paths of files in it.
 #pragma once
 
 #include "shell/state.h"
 
 namespace morvella {
 
-/// What the marker OK.LOG says.
+/// The text of the marker OK.LOG.
 inline constexpr Vista FraseOkLog = "Ok! Directory Creata, ora mettiamoci al lavoro ...";
 
-/// Makes the work directory `mdir` with its marker OK.LOG where nothing of that name is there,
-/// sets DirAppoggio, and copies the chosen project file into it. A statement that fails is
-/// passed over: nothing is raised, and a directory that could not be made shows later.
+/// Makes the work directory `mdir` with its marker OK.LOG unless something of that name exists,
+/// sets DirAppoggio, and copies the chosen project file into it. Raises nothing: a statement that
+/// fails is skipped, and a missing directory shows at the engine's first output.
 void ScriviDir(Stato& s, Vista mdir);
 
 /// The row without its last 4 bytes, whatever they are. Raises 5 for a row of fewer.
-inline Vista BaseDiVoce(Vista riga) { return Mid(riga, 1, Len(riga) - 4); }
+inline Vista BaseDiVoce(Vista voce) { return Mid(voce, 1, Len(voce) - 4); }
 
-/// The short form of a path for a viewer's command line, cut to 50 bytes; the path itself when
-/// it has none. Where the platform knows no short paths it is the path itself, uncut.
+/// The short path for a viewer's command line, cut to 50 bytes. Without one, and on a platform
+/// that has none, `percorso` itself, uncut.
 Testo PercorsoCorto(Stato& s, Vista percorso);
 
 } // namespace morvella

@@ -9,14 +9,14 @@ namespace morvella {
 
 namespace {
 
-// What the program looks for in App.Path: the pictures of the pages, those of the help page, and
-// what it writes there itself.
+// The files in App.Path: pictures of the pages and of the help page, and the two files that the
+// program writes.
 constexpr const char* Corredo[] = {
     "p2.gif",  "Dario.gif", "BLULETHR.GIF", "home.GIF",      "A01.jpg",
     "A02.jpg", "A03.jpg",   "Default.ini",  "tavolerio.htm",
 };
 
-// With the directories above it.
+// Makes the directory and those above it.
 void Crea(Disco& disco, const std::string& directory) {
     if (disco.Esamina(directory).Tipo == TipoVoce::Directory) return;
     const std::size_t barra = directory.find_last_of('/');
@@ -24,13 +24,13 @@ void Crea(Disco& disco, const std::string& directory) {
     try {
         disco.CreaDirectory(directory);
     } catch (const Errore&) {
-        // Another start may have made it just now.
+        // Another process may have made it meanwhile.
         if (disco.Esamina(directory).Tipo != TipoVoce::Directory) throw;
     }
 }
 
-// The names are compared as the program will look for them, without regard to case. A link that
-// leads nowhere has its name, too, and is not written through.
+// Copies what is missing. Names are compared without regard to case, as the program will look for
+// them. A dangling link counts as present, so that nothing is written through it.
 std::vector<Errore> Riempi(Disco& disco, const std::string& da, const std::string& a) {
     std::vector<std::string> presenti = disco.Elenca(a);
     for (std::string& nome : presenti) nome = LCase(nome);
@@ -45,9 +45,9 @@ std::vector<Errore> Riempi(Disco& disco, const std::string& da, const std::strin
         } catch (const Errore& e) {
             guasti.emplace_back(e.Numero, e.File.empty() ? suo : e.File);
             try {
-                // Half a picture would be taken for his at the next start.
+                // The next start would take half a picture for the user's own.
                 if (disco.Esamina(suo).Esiste()) disco.Cancella(suo);
-            } catch (const Errore&) { // it stays
+            } catch (const Errore&) { // it remains
             }
         }
     }
@@ -62,10 +62,10 @@ Dimora TrovaDimora(Disco& disco, const std::string& programma, const std::string
     try {
         Crea(disco, utente);
         Dimora sua{utente, true, Riempi(disco, programma, utente)};
-        // Whole as it was filled once, it serves also where nothing can be written any more; one
-        // that can be neither filled nor written does not.
+        // A complete directory is good even if it has become read-only; an incomplete one that
+        // cannot be written is not.
         if (sua.Guasti.empty() || disco.Scrivibile(utente)) return sua;
-    } catch (const Errore&) { // no directory of his own
+    } catch (const Errore&) { // the user's directory cannot be made or read
     }
     return qui;
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // shell/dimora.h
 //
-// Where App.Path leads: to the directory that keeps Default.ini, the help page and the pictures.
-// It is the program's own as long as this user may write there, so that a copy in one folder
-// stays in one folder. An installation that he may only read gets a directory of his own, filled
-// from the installed one with what he does not have yet.
+// Finds the directory for App.Path, which holds Default.ini, the help page and the pictures. It is
+// the program's own directory if the user may write there, so that a copy in one folder stays in
+// one folder. For a read-only installation it is a directory of the user's, and files it lacks
+// are copied from the installed one.
 //
-// What would surprise: what he has is never renewed. A picture that a later version brings
-// changed stays as it is in his directory until he deletes it there. And root may write
-// anywhere: the options that root stores are those which every user begins with.
+// What would surprise: files already there are never updated. A picture changed by a later version
+// stays old until the user deletes it. And root may write anywhere: options that root stores are
+// every user's first options.
 #pragma once
 
 #include <string>
@@ -20,13 +20,13 @@ namespace morvella {
 
 struct Dimora {
     std::string Directory;      // platform path for App.Path
-    bool Utente = false;        // it is the user's own
-    std::vector<Errore> Guasti; // what could not be copied there, each with its path
+    bool Utente = false;        // the user's own directory
+    std::vector<Errore> Guasti; // failed copies, each with its path
 };
 
-/// `programma` is the directory of the executable, `utente` the user's own ("" where he has
-/// none), both platform paths. Never raises: where no directory of the user's can be had it is
-/// the program's, and who then writes there is told.
+/// `programma` is the directory of the executable, `utente` the user's ("": none), both platform
+/// paths. Raises nothing: if the user's directory cannot be used the result is the program's, where
+/// a later write fails with its own error.
 Dimora TrovaDimora(Disco& disco, const std::string& programma, const std::string& utente);
 
 } // namespace morvella

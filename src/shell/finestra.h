@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // shell/finestra.h
 //
-// What the run needs of the window and cannot answer itself. Two homes implement it: one
-// without a window and one with. The states of the controls are not here but in the state
-// (shell/state.h), so that both homes run the same logic; what they get is word of a change.
+// What a run asks of its front end and reports to it. The command line and the window implement
+// it. The controls' states are in shell/state.h, so that both front ends run the same logic; here
+// they learn of changes.
 #pragma once
 
 #include "text/primitive.h"
@@ -22,33 +22,33 @@ enum FlagMsgBox : int {
 };
 enum RispostaMsgBox : int { RispostaOk = 1, RispostaSi = 6, RispostaNo = 7 };
 
-/// An engine that the handler ended. The window says nothing of it.
+/// Where and why the handler ended an engine. The window itself shows nothing of it.
 struct Arresto {
-    Vista Motore;             // the operation that was called, "mnuRiordina_Click"
-    Lungo Voce = -1;          // the row of File1 in work, -1 before the first
-    bool SecondoGiro = false; // the rewriter's second stage: the earlier rows are complete
-    Lungo Riga = 0;           // the line of the source in work, from 1; 0 if none was
-    Lungo RigaListato = 0;    // the same line as the listing numbers it
+    Vista Motore;             // "mnuRiordina_Click"; "Close": bytes were lost as it ended
+    Lungo Voce = -1;          // the current row of File1, -1 before the first
+    bool SecondoGiro = false; // the rewriter's second stage: earlier rows are complete
+    Lungo Riga = 0;           // the current line of the source, from 1; 0: none
+    Lungo RigaListato = 0;    // its number in the listing
     Testo Linea;              // the line, trimmed
     Errore Causa{0};
 };
 
-/// A step of the listing's margin. The engine keeps no stack: who wants to know which block
-/// stands open watches these, with a record as long as the margin is wide.
+/// A change of the listing's margin. The engine keeps no stack; an observer rebuilds one from
+/// these, with one entry for each column of the margin.
 struct PassoMargine {
     enum Genere {
         Inizio,      // a new file
-        Testa,       // a procedure's head: the margin starts anew
-        Apre,        // a block; Larghezza is the margin's width with its column
+        Testa,       // a procedure's head resets the margin
+        Apre,        // a block opens; Larghezza includes its column
         Mezzo,       // an Else or a Case redraws the last column, or draws one where none was
-        Chiude,      // a block; Larghezza is the margin's width without its column
-        Sbilanciata, // a procedure ends with columns in Margine: the error line is written
-        Fine,        // a procedure's end, behind its balance test
+        Chiude,      // a block closes; Larghezza is without its column
+        Sbilanciata, // a procedure ends with columns left in Margine: the error line is written
+        Fine,        // a procedure's end, after its balance test
     };
     Genere Che;
     Lungo Voce;        // the row of File1
     Lungo Riga;        // of the source, from 1
-    Lungo RigaListato; // as the listing numbers it
+    Lungo RigaListato; // its number in the listing
     Lungo Larghezza;   // of the margin, in bytes
     Vista Margine;
     Vista Testo; // the source line, trimmed
@@ -58,30 +58,32 @@ class Finestra {
   public:
     virtual ~Finestra() = default;
 
-    /// Shows a box and waits; gives the button pressed. `titolo` "" is the program's title.
+    /// Shows a box, waits and returns the button pressed. `titolo` "" is the program's title.
     virtual int MsgBox(Vista testo, int flag, Vista titolo) = 0;
     virtual void Beep() = 0;
     /// Starts another program by `Shell`; raises 53 when there is none.
     virtual void Avvia(Vista comando, int finestra) = 0;
     /// The caption of Label2 changed.
     virtual void RidisegnaLabel2() = 0;
-    /// A bar changed by as much as can be seen.
+    /// A bar changed visibly.
     virtual void RidisegnaBarra(const Barra& barra) = 0;
-    /// `Dir1.Refresh`: read the directory list anew.
+    /// `Dir1.Refresh`: read the directory list again.
     virtual void AggiornaDir1() = 0;
 
     /// The focus goes to Text1.
     virtual void PortaFuocoSuText1() = 0;
 
-    /// For a front end that reports what the window keeps silent about.
+    // Reports. The window ignores them; the command line prints them.
+
+    /// The handler ended an engine.
     virtual void MotoreFermato(const Arresto& arresto) = 0;
-    /// Bytes did not reach a file in a place that passes over its errors.
+    /// Bytes did not reach a file, in a statement whose errors are ignored.
     virtual void ErroreSaltato(const Errore& causa) = 0;
-    /// A file of row `voce` was written whole; `percorso` is its text, `righe` the lines read
-    /// for it, 0 for a copy.
+    /// A file of row `voce` is complete; `percorso` is its path, `righe` the lines read for it, 0
+    /// for a copy.
     virtual void FileScritto(Lungo voce, Vista percorso, Lungo righe) = 0;
-    /// Whether this front end watches the margin: MargineMosso is called only then. Asked once per
-    /// file; a listing nobody watches is made faster, with the same bytes.
+    /// Whether MargineMosso is to be called. Asked once per file; an unwatched listing is made
+    /// faster, with the same bytes.
     virtual bool SegueMargine() const { return true; }
     /// The listing's margin moved.
     virtual void MargineMosso(const PassoMargine& passo) = 0;

@@ -5,8 +5,8 @@ namespace morvella {
 
 namespace {
 
-// Close #1, Close #2. What did not reach the disk is told, also where another error is being
-// handled: it is the reason why the file is not whole.
+// A close that fails is reported even while another error is handled: it is why the file is
+// incomplete.
 void ChiudiCanali(Stato& s) {
     s.Canale.Close(1);
     s.Canale.Close(2);
@@ -32,16 +32,16 @@ Seguito Gestisci(Stato& s, const Errore& e, bool& invano) {
         } catch (const Errore& chiusura) {
             throw FineMotore{chiusura};
         }
-        return Seguito::Prosegui; // on behind the statement that failed
-    case ErrPercorso: {           // 76
-        // The repair does not look at what failed: a source in a missing directory comes here
-        // too, and no repair helps it.
+        return Seguito::Prosegui;
+    case ErrPercorso: { // 76
+        // The repair does not ask what failed: a source in a missing directory comes here too, and
+        // a new name for the output does not help it.
         const Testo prima = s.FileUscita;
         AppiattisciUscita(s);
         const bool uguale = s.FileUscita == prima;
         if (uguale && invano) break;
         invano = uguale;
-        return Seguito::Riprova; // the same statement again
+        return Seguito::Riprova;
     }
     default: break;
     }
@@ -62,28 +62,6 @@ Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa) {
             inRiga ? s.ContaRighe : 0,
             inRiga ? Testo(s.Riga) : Testo(),
             causa};
-}
-
-void ProteggiSorgenti(Stato& s) {
-    // A command given again and again for the rows that are left must not look at every row
-    // each time.
-    if (s.Protetto.Versione == s.File1.Versione() && s.Protetto.Directory == s.Dir1Path &&
-        s.Protetto.Progetto == s.File1Leggi.Scelto() && s.File.ProtezioneFresca())
-        return;
-    std::vector<Testo> percorsi;
-    percorsi.reserve(static_cast<std::size_t>(s.File1.ListCount()) * 2 + 1);
-    for (Lungo i = 0; i < s.File1.ListCount(); ++i) {
-        const Testo& riga = s.File1.List(i);
-        percorsi.push_back(s.Dir1Path + "\\" + riga);
-        if (Len(riga) >= 4)
-            percorsi.push_back(s.Dir1Path + "\\" + Testo(Mid(riga, 1, Len(riga) - 4)) + ".Frx");
-    }
-    percorsi.push_back(s.Dir1Path + "\\" + Testo(s.File1Leggi.Scelto()));
-    s.Protetto.Versione = -1; // half a protection is none
-    s.File.Proteggi(percorsi);
-    s.Protetto.Versione = s.File1.Versione();
-    s.Protetto.Directory = s.Dir1Path;
-    s.Protetto.Progetto = s.File1Leggi.Scelto();
 }
 
 } // namespace morvella

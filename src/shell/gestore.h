@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // shell/gestore.h
 //
-// The error handler that the line engines share, and the helper that runs one statement
-// under it. Every statement of an engine that can fail goes through Istruzione, so that 55
-// goes on behind the failed statement and 76 runs that same statement again.
+// The error handler of the line engines. Every statement of theirs that can fail goes through
+// Istruzione, so that 55 resumes after the failed statement and 76 runs that statement again. The
+// usual ones have names in shell/motore.h.
 #pragma once
 
 #include <new>
@@ -17,21 +17,22 @@ namespace morvella {
 /// What follows a failed statement.
 enum class Seguito { Prosegui, Riprova };
 
-/// Leaves an engine by the handler's third rule; EseguiMotore takes it.
+/// Thrown by the handler to end the engine; caught by EseguiMotore.
 struct FineMotore {
     Errore Causa;
 };
 
-/// The handler. 55: closes both channels, on behind the statement. 76: makes FileUscita flat,
-/// the statement again. Any other number: closes both channels, the engine ends (FineMotore).
-/// `invano` is the failed statement's own: whether a 76 has already come to nothing, since the
-/// retry ends when the repair leaves FileUscita as it was and the statement fails again.
+/// The handler. 55: closes both channels, resumes after the statement. 76: flattens FileUscita,
+/// retries the statement. Any other number: closes both channels, ends the engine (FineMotore).
+/// `invano`: in/out, false for a new statement. True: an earlier 76 left FileUscita as it was, and
+/// a second one ends the engine instead of retrying for ever.
 Seguito Gestisci(Stato& s, const Errore& e, bool& invano);
 
-/// The repair of 76: FileUscita becomes its last name, directly in the work directory.
+/// The repair after 76: moves FileUscita directly into the work directory, under its last name.
 void AppiattisciUscita(Stato& s);
 
-/// Runs one statement. One that is given up gives the value of an empty variable.
+/// Runs one statement under the handler and returns its value; an empty one (0, "", false) when
+/// the handler resumes after it. Throws FineMotore when the handler ends the engine.
 template <class F>
 [[gnu::always_inline]] inline auto Istruzione(Stato& s, F&& statement) {
     using Valore = std::invoke_result_t<F&>;
@@ -49,11 +50,7 @@ template <class F>
     }
 }
 
-/// An engine's end at the place where the state stands.
+/// The report of engine `motore` ended by `causa`, with row and line as the state has them.
 Arresto FaiArresto(const Stato& s, Vista motore, const Errore& causa);
-
-/// Tells every row's source, its companion and the project file to the file layer as files
-/// that are only to be read.
-void ProteggiSorgenti(Stato& s);
 
 } // namespace morvella

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // shell/motore.h
 //
-// What the two line engines are written in: the run under the handler, and the statements that
-// both use. They read the source through channel 1 and write through channel 2. A rarer statement
-// is spelled where it stands, as a lambda for Istruzione (shell/gestore.h).
-//
-// Every function here is one statement: 55 goes on after it, 76 runs all of it again.
+// The run of a line engine, and the statements that both engines share. They read the source
+// through channel 1 and write through channel 2. Each of these functions is one statement under
+// the handler; a rare statement is a lambda for Istruzione (shell/gestore.h) where it is needed.
 #pragma once
 
 #include "shell/gestore.h"
+#include "shell/protezione.h"
 
 namespace morvella {
 
@@ -34,15 +33,15 @@ template <class... Pezzi>
 inline void Scrivi(Stato& s, const Pezzi&... pezzi) {
     Istruzione(s, [&] { s.Canale.Print(2, pezzi...); });
 }
-/// `Print #2` of Riga after Numero, Margine and `dopoMargine`. The one statement that runs for
-/// nearly every line.
+/// `Print #2` of Numero, Margine, `dopoMargine` and Riga. Inlined, since it runs for nearly every
+/// line.
 template <class... Pezzi>
 [[gnu::always_inline]] inline void ScriviAlMargine(Stato& s, const Pezzi&... dopoMargine) {
     Istruzione(s, [&] { s.Canale.PrintRiga(2, s.Riga, s.Numero, s.Margine, dopoMargine...); });
 }
 
-/// `Dir(percorso) <> ""`: a plain file is there. `percorso` is a reference, since it may be the
-/// FileUscita that a repair changes.
+/// `Dir(percorso) <> ""`: whether a plain file is there. `percorso` is a reference because it may
+/// be FileUscita, which a repair changes between two attempts.
 inline bool EsisteFile(Stato& s, const Testo& percorso) {
     return !Istruzione(s, [&] { return s.File.Dir(percorso, 0); }).empty();
 }
@@ -55,20 +54,20 @@ inline Testo Adesso(Stato& s) {
     return Istruzione(s, [&] { return s.File.Time(); });
 }
 
-/// Runs an engine's body up to its end or to the handler's third rule, which is silent but
-/// for the word to Finestra::MotoreFermato. Sources of rows are out of reach of every write
-/// meanwhile.
+/// Runs an engine's body, with the sources protected. Raises nothing: where the handler ends the
+/// engine, Finestra::MotoreFermato is told and the window stays silent. `motore` is the name of
+/// the operation.
 template <class F>
 void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
     s.Punto.Voce = -1;
-    s.Riga = s.RigaLetta = {}; // of an engine that was stopped in a line
+    s.Riga = s.RigaLetta = {}; // left by an engine that ended within a line
     s.Punto.Riga = 0;
     s.Punto.SecondoGiro = false;
     try {
         try {
             ProteggiSorgenti(s);
             corpo();
-        } catch (const std::bad_alloc&) { // between two statements
+        } catch (const std::bad_alloc&) { // outside of any statement
             bool invano = false;
             Gestisci(s, Errore(ErrMemoria), invano);
         }

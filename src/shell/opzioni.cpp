@@ -86,7 +86,7 @@ void OpzioniDefault(Stato& s) {
     s.TestoIntestazione.clear();
     s.Text1.clear();
     for (const Vista riga : Modello) s.Text1.append(riga).append("\r\n");
-    s.Canale.Print(1, ""); // the template is shown, and not stored
+    s.Canale.Print(1, ""); // the template is shown but not stored
     s.OpzSenzaConferma = false;
     s.Check2 = 0;
     s.Canale.Print(1, Sigla(false));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // shell/progetto.h
 //
-// Reads a project file (*.vbp) into File1. A line is judged by how it begins and by nothing
-// else: there is no key, no section, no first line.
+// Reads a project file (*.vbp) into File1. Only how a line begins counts: there are no keys, no
+// sections and no first line.
 #pragma once
 
 #include <optional>
@@ -11,12 +11,11 @@
 
 namespace morvella {
 
-/// The row that a line of a project file adds, nothing for a line that adds none. The result
-/// looks into `linea`.
+/// The row that a line of a project file adds, if any. The result is a view of `linea`.
 std::optional<Vista> VoceDiProgetto(Vista linea);
 
-/// Empties File1 and fills it from the chosen project file through channel 1. Raises what the
-/// opening and the reading raise: no handler stands here.
+/// Refills File1 from the chosen project file through channel 1. Runs under no handler: raises
+/// what Canali::OpenInput and LineInput raise.
 void LeggiProgetto(Stato& s);
 
 } // namespace morvella

@@ -28,6 +28,7 @@ const misure = {
   'a02.jpg': [398, 278],
   'a03.jpg': [205, 238],
 };
+const pazienza = 300000; // ms; ends what hangs, on a machine however busy
 const titoloIndice = 'Indice Progetto di Documentazione';
 const senzaMenu = 'non sono stati rilevati menù';
 const giorno = new Date(2004, 4, 3, 10, 20); // when every module was last changed
@@ -151,7 +152,7 @@ const fileDi = (pagina) => fileURLToPath(pagina.url().replace(/[?#].*$/, ''));
 async function segui(pagina, collegamento, file) {
   await collegamento.click();
   await pagina.waitForURL((url) => url.protocol === 'file:' && fileURLToPath(url) === file,
-    { waitUntil: 'load', timeout: 10000 });
+    { waitUntil: 'load' });
 }
 
 async function guarda(dove, pagina, { file, testi, figure, sfondo = true }) {
@@ -241,6 +242,7 @@ function contenuto(directory, pagine) {
 
 async function prove(browser) {
   const contesto = await browser.newContext({ viewport: { width: 1024, height: 768 } });
+  contesto.setDefaultTimeout(pazienza);
   // The links hold the project's whole path: a blank and an accent must come through.
   for (const nome of ['Magazzino', 'Il più vecchio magazzino']) {
     const directory = documentaMagazzino(nome);
@@ -258,6 +260,7 @@ async function prove(browser) {
 mkdirSync(lavoro, { recursive: true });
 mkdirSync(schermate, { recursive: true });
 const browser = await chromium.launch({
+  timeout: pazienza,
   executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium',
   args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
     '--disable-component-update', '--disable-sync'],

@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
 //
-// Whole runs. A case is tests/casi/SUBSYSTEM/CASE with
+// Whole runs. Every directory tests/casi/SUBSYSTEM/CASE is a case:
 //   progetto/   what the user has; it holds one *.vbp, at any depth
-//   progetto-da in the place of progetto/: a directory of the repository that is the project;
-//               with more lines than one, directories laid over it in their order
-//               (listing/form-davanti puts a form in front of modules, whose listings would be
-//               empty without one)
-//   opzioni     the command line, one argument a line; without a command among them the
-//               subsystem's own (rewriter: riordina)
-//   atteso/     the whole work directory afterwards
+//   progetto-da instead of progetto/: a directory of the repository that is the project; several
+//               lines are directories laid one over the other (tests/sostegno/form-davanti puts a
+//               form before modules, whose listings would be empty without one)
+//   opzioni     the command line, one argument a line; the command is "riordina" unless the first
+//               line names one
+//   atteso/     the work directory afterwards, less what every run leaves alike: the marker OK.LOG,
+//               the project file's copy, and X.txt, which is X.frm, X.bas or X.cls once more. These
+//               are checked by rule (AttesoDiCaso), and byte for byte where atteso/ holds them
 //   fuori/      files that the run writes below progetto/ but not in the work directory
-//   esito       the exit status (0 when there is no such file), then texts that standard
-//               error must hold, one a line
+//   esito       the exit status (0 when there is no such file), then texts that standard error
+//               must hold, one a line
 //   perche.md   what the case holds fast
 // Beside the program lie the pictures that pages show. Pages name their own paths: in atteso/ the
-// run's directory stands as "\caso", and the pictures' copies, which are looked at, do not stand.
-// Each case runs twice from its start and once more over its own output, in one process: all
-// three must give the same bytes, and nothing else below progetto/ may have changed. What a
-// failed case wrote stays in the build directory; tests/promuovi takes it over.
+// run's directory stands as "\caso", and copies of pictures are left out, though they must exist.
+// Each case runs twice from the start and once more over its own output each time, in one process:
+// all must give the same bytes, and nothing else below progetto/ may change. What a failed case
+// wrote stays in the build directory; tests/promuovi takes it over.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,8 +41,7 @@ void Confronta(const Albero& atteso, const Albero& avuto, const std::string& che
 
 class Caso : public testing::Test {
   public:
-    explicit Caso(fs::path directory)
-        : caso_(std::move(directory)), progetto_(ProgettoDiCaso(caso_, MORVELLA_RADICE)) {}
+    explicit Caso(fs::path directory) : caso_(std::move(directory)) {}
 
     void TestBody() override {
         Passa("prima");
@@ -60,8 +60,8 @@ class Caso : public testing::Test {
 
     void Guarda(const fs::path& qui, const fs::path& progetto, const std::string& quale) {
         std::vector<std::string> argomenti = Righe(caso_ / "opzioni");
-        const bool comando = !argomenti.empty() && argomenti.front().front() != '-';
-        if (!comando) argomenti.insert(argomenti.begin(), "riordina");
+        const std::string comando = ComandoDiCaso(caso_);
+        if (argomenti.empty() || argomenti.front() != comando) argomenti.insert(argomenti.begin(), comando);
         argomenti.insert(argomenti.begin() + 1, progetto.string());
 
         std::istringstream ingresso;
@@ -91,10 +91,8 @@ class Caso : public testing::Test {
             }
         }
         SenzaLuogo(scritto, qui);
-        Confronta(LeggiAlbero(caso_ / "atteso"), scritto, quale);
-        Albero resto;
-        for (const fs::path& strato : progetto_)
-            for (auto& [file, bytes] : LeggiAlbero(strato)) resto[file] = bytes;
+        Confronta(AttesoDiCaso(caso_, MORVELLA_RADICE), scritto, quale);
+        Albero resto = SorgentiDiCaso(caso_, MORVELLA_RADICE);
         for (auto& [file, bytes] : LeggiAlbero(caso_ / "fuori")) resto[file] = bytes;
         Albero avuto = LeggiAlbero(qui / "progetto");
         SenzaLuogo(avuto, qui);
@@ -106,7 +104,6 @@ class Caso : public testing::Test {
     }
 
     fs::path caso_;
-    std::vector<fs::path> progetto_;
 };
 
 } // namespace
@@ -115,13 +112,7 @@ class Caso : public testing::Test {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    std::vector<fs::path> casi;
-    for (const auto& sottosistema : fs::directory_iterator(MORVELLA_CASI))
-        if (sottosistema.is_directory())
-            for (const auto& caso : fs::directory_iterator(sottosistema.path()))
-                if (fs::exists(caso.path() / "progetto") || fs::exists(caso.path() / "progetto-da"))
-                    casi.push_back(caso.path());
-    std::sort(casi.begin(), casi.end());
+    const std::vector<fs::path> casi = morvella::prove::Casi(MORVELLA_CASI);
     if (casi.empty()) {
         std::fprintf(stderr, "no cases below %s\n", MORVELLA_CASI);
         return 1;
@@ -134,5 +125,10 @@ int main(int argc, char** argv) {
     std::string filtro = GTEST_FLAG_GET(filter);
     std::replace(filtro.begin(), filtro.end(), '-', '?');
     GTEST_FLAG_SET(filter, filtro);
-    return RUN_ALL_TESTS();
+    const int esito = RUN_ALL_TESTS();
+    if (!GTEST_FLAG_GET(list_tests) && testing::UnitTest::GetInstance()->test_to_run_count() == 0) {
+        std::fprintf(stderr, "no case for %s\n", filtro.c_str());
+        return 1;
+    }
+    return esito;
 }

@@ -70,7 +70,7 @@ struct Banco {
     bool Scrive(const std::string& testo) const { return Uscita.str().find(testo) != std::string::npos; }
     bool Fatto(const std::string& nome) const { return Disco.Esiste("/casa/p/Appoggio/" + nome); }
     std::string Pagina(const std::string& nome) const { return Disco.Leggi("/casa/p/Appoggio/" + nome); }
-    /// The rows that the index links to, one behind the other.
+    /// The rows that the index links to, one after the other.
     std::string NellIndice() const {
         const std::string indice = Pagina("Indice.Html");
         std::string voci;
@@ -356,7 +356,7 @@ TEST(Prosegui, NessunaBuona) {
     EXPECT_FALSE(b.Fatto("Indice.Html") || b.Disco.Esiste("/Indice.Html") || b.Disco.Esiste("/p2.gif"));
 }
 
-// The question comes once, behind the run that succeeds.
+// The question comes once, after the run that succeeds.
 TEST(Prosegui, UnaDomanda) {
     Banco b;
     b.Progetto({"A.frm", "+B.frm", "C.frm"});

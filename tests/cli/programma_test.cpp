@@ -452,7 +452,7 @@ TEST(Rapporto, OggettoIntero) {
 }
 
 TEST(Rapporto, AncheQuandoLeRigheSonoAndate) {
-    Banco b; // the event empties the list behind the work: what was done is told all the same
+    Banco b; // the event empties the list after the work: what was done is told all the same
     EXPECT_EQ(b.Esegui({"eventi", "-r", "r.json", "p/Prova.vbp", "File1Leggi_Click", "mnuRiordina_Click",
                         "Dir1_Change"}),
               0);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What README shows of real files is what the files hold: a block behind a mark
-// "<!-- file: PATH -->" is that file, one behind "<!-- listing: PATH -->" a structure as it is
+// What README shows of real files is what the files hold: a block after a mark
+// "<!-- file: PATH -->" is that file, one after "<!-- listing: PATH -->" a structure as it is
 // shown.
 #include <gtest/gtest.h>
 

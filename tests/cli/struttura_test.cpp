@@ -88,7 +88,7 @@ struct Banco {
     }
 };
 
-// Three forms: the second stops the listing behind its End Sub, the third is whole.
+// Three forms: the second stops the listing after its End Sub, the third is whole.
 void TreForm(Banco& b) {
     b.Riga("A.frm", Form({"Sub a()", "End Sub"}));
     b.Riga("B.frm", Form({"Sub b()", "End Sub", "#End If", "x"}));
@@ -233,13 +233,13 @@ const Rilevato Rilevati[] = {
         "p/F.frm:10: ", {"«Sub b()» (riga 8)", "un blocco", "riga 9 «Do»"}},
     {"an unknown head", {"Friend Sub a()", "If x Then y", "End Sub"},
         "p/F.frm:8: ", {"non si riconosce la testata", "riga 7 «If x Then y»"}},
-    {"an unknown head behind a known one", {"Sub a()", "End Sub", "Static Sub b()", "Do", "End Sub"},
+    {"an unknown head after a known one", {"Sub a()", "End Sub", "Static Sub b()", "Do", "End Sub"},
         "p/F.frm:10: ", {"non si riconosce la testata", "riga 9 «Do»"}},
     {"a block between procedures", {"Function a()", "End Function", "If x Then y", "Friend Sub b()", "End Sub"},
         "p/F.frm:10: ", {"non si riconosce la testata", "riga 8 «If x Then y»"}},
-    {"#End If behind End Sub", {"#If x Then", "Sub a()", "End Sub", "#End If"},
+    {"#End If after End Sub", {"#If x Then", "Sub a()", "End Sub", "#End If"},
         "p/F.frm:9: ", {"«#End If»", "riga 4 della struttura"}},
-    {"Next behind End Sub", {"Sub a()", "End Sub", "   Next i"}, "p/F.frm:8: ", {"«Next i»"}},
+    {"Next after End Sub", {"Sub a()", "End Sub", "   Next i"}, "p/F.frm:8: ", {"«Next i»"}},
     {"accents", {"Sub Perch\xE9()", "If \xE8 Then y", "End Sub"}, "p/F.frm:8: ", {"«Sub Perché()»", "«If è Then y»"}},
 };
 // clang-format on
@@ -553,7 +553,7 @@ TEST(Eventi, Struttura) {
     EXPECT_TRUE(b.Fatto("A.log") && b.Fatto("C.log"));
     EXPECT_FALSE(b.Fatto("B.log"));
     EXPECT_TRUE(b.Detto("{\"testo\": \"A.frm\", \"selezionata\": false}"));
-    // A run that stopped goes on behind its row when the command is given again.
+    // A run that stopped goes on after its row when the command is given again.
     EXPECT_EQ(b.Esegui({"eventi", "p/Prova.vbp", "File1Leggi_Click", "mnuvorn_Click", "mnuvorn_Click"}), 1);
     EXPECT_TRUE(b.Fatto("C.log"));
 }

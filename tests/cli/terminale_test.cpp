@@ -42,10 +42,9 @@ TEST(InCodifica, QuelCheManca) {
 
 // The pager gets the text, and less is told of UTF-8 where no locale does.
 TEST(Impagina, ConUnImpaginatoreSuo) {
-    const std::filesystem::path dove =
-        std::filesystem::temp_directory_path() /
-        ("morvella-impagina-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
-    std::filesystem::create_directories(dove);
+    std::string modello = (std::filesystem::temp_directory_path() / "morvella-impagina-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(modello.data()), nullptr); // its own, whatever else runs at the same time
+    const std::filesystem::path dove = modello;
     const std::string programma = (dove / "pagina").string();
     std::ofstream(programma) << "#!/bin/sh\n{ echo \"$LESSCHARSET|$LESS\"; cat; } > \"$0.detto\"\n";
     std::filesystem::permissions(programma, std::filesystem::perms::owner_all);

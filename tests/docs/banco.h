@@ -109,7 +109,7 @@ inline Testo Mostrato(Vista chi) {
     return Testo(10, ' ') + "'" + voce + Testo(54 - voce.size(), ' ') + "<br> \r\n";
 }
 
-/// Everything behind the sections; `mostrati` are whole lines.
+/// Everything after the sections; `mostrati` are whole lines.
 inline Testo Coda(bool conMenu, Vista mostrati = "") {
     Testo coda;
     if (!conMenu)

@@ -22,7 +22,7 @@ std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) 
     return altre;
 }
 
-// The directory that an earlier run worked in may be gone by the next, and be made anew as it is told.
+// An earlier run's work directory may be gone by the next run, which then makes it again.
 TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
     Banco b;
     b.Riga("A.bas", "x\n");
@@ -162,8 +162,8 @@ TEST(Corsa, Label2) {
               (std::vector<Testo>{"\\p\\B.bas  1/3", "\\p\\E.bas  4/3", "\\p\\J.bas  9/3", ""}));
 }
 
-// The bar counts the lines that the page's loop reads: the one behind a menu is not among them.
-// It stays in view behind the question.
+// The bar counts the lines that the page's loop reads: the one after a menu is not among them.
+// It stays visible during the question.
 TEST(Corsa, Progress) {
     Banco b;
     b.Riga("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");
@@ -179,6 +179,58 @@ TEST(Corsa, Progress) {
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_EQ(domande, 1);
     EXPECT_FALSE(b.S.Progress.Visible);
+}
+
+// A disk that has no memory left at its first call.
+struct DiscoSenzaMemoria : DiscoFinto {
+    Scheda Esamina(const std::string& percorso) override {
+        if (Finita) throw std::bad_alloc();
+        return DiscoFinto::Esamina(percorso);
+    }
+    bool Finita = false;
+};
+
+// The viewer's command comes on before anything that can fail, the look at the sources included.
+TEST(Corsa, LetturaSiAccendePerPrima) {
+    DiscoSenzaMemoria disco;
+    FinestraFinta casa;
+    Stato s(disco, casa);
+    CambiaDir1(s, "/p");
+    s.File1.AddItem("A.bas");
+    s.mnuLettura = false;
+    disco.Finita = true;
+    EXPECT_THROW(mnuHTML_Click(s), std::bad_alloc);
+    EXPECT_TRUE(s.mnuLettura);
+}
+
+// The source is closed after the last link line and before "</body>". A page is written in blocks,
+// so each of the two shows where it is the line that no longer fits.
+TEST(Corsa, IlSorgenteSiChiudeDopoLUltimoCollegamento) {
+    const std::string coda = "</body>\r\n</html>\r\n";
+    std::size_t nome = 130000;
+    for (const std::size_t misura : {std::size_t{0}, Canali::Blocco, Canali::Blocco + 1}) {
+        Banco b;
+        if (misura > 0) { // of the page up to the last link line, by the name of the form shown
+            b.Riga("A.bas", Testo(130000, 'F') + ".Show\n");
+            ASSERT_EQ(b.Documenta(), 0);
+            nome = 130000 + misura - (b.Pagina("A.Html").size() - coda.size());
+        }
+        Banco c;
+        c.Riga("A.bas", Testo(nome, 'F') + ".Show\n");
+        ASSERT_EQ(c.Documenta(), 0);
+        const std::string pagina = c.Pagina("A.Html");
+        ASSERT_TRUE(pagina.ends_with(coda));
+        ASSERT_TRUE(misura == 0 || pagina.size() - coda.size() == misura);
+        std::vector<std::string> dopo = SenzaLetture(c.Disco.Chiamate);
+        dopo.erase(dopo.begin(), std::find(dopo.begin(), dopo.end(), "Adesso "));
+        dopo.erase(std::find(dopo.begin(), dopo.end(), "Chiudi /p/Appoggio/A.Html"), dopo.end());
+        const std::vector<std::string> uno = {"Adesso ", "Chiudi /p/A.bas", "Scrivi /p/Appoggio/A.Html"};
+        const std::vector<std::string> due = {"Adesso ", "Chiudi /p/A.bas", "Scrivi /p/Appoggio/A.Html",
+                                              "Scrivi /p/Appoggio/A.Html"};
+        const std::vector<std::string> prima = {"Adesso ", "Scrivi /p/Appoggio/A.Html", "Chiudi /p/A.bas",
+                                                "Scrivi /p/Appoggio/A.Html"};
+        EXPECT_EQ(dopo, misura == 0 ? uno : misura == Canali::Blocco ? due : prima) << misura;
+    }
 }
 
 // After an error the bar stands and the label names the module.
@@ -429,10 +481,31 @@ TEST(Figure, TutteUguali) {
                   CopiaFigure(b.S, b.S.Dir1Path + "\\Appoggio");
                   return 0;
               }),
-              53); // not beside the "program"
+              53);        // not beside the "program"
+    b.S.AppPath = "\\p2"; // the pages lie beside the program, the project does not: it runs
+    EXPECT_EQ(NumeroDi([&] {
+                  CopiaFigure(b.S, "\\p2");
+                  return 0;
+              }),
+              53);
     b.S.AppPath = "\\prog";
     CopiaFigure(b.S, b.S.Dir1Path);
     EXPECT_TRUE(b.C("/p/p2.gif"));
+}
+
+// The root of a drive ends in a separator, and gets no second one.
+TEST(Corsa, PercorsoPagina) {
+    struct Caso {
+        const char *Directory, *Voce, *Pagina;
+    };
+    const Caso casi[] = {
+        {"C:\\", "A.bas", "C:\\A.Html"},     {"C:\\", "sub\\A.bas", "C:\\sub\\A.Html"},
+        {"C:\\", ".cls", "C:\\.Html"},       {"C:", "A.bas", "C:\\A.Html"},
+        {"C:\\p", "A.bas", "C:\\p\\A.Html"}, {"C:\\p\\", "A.bas", "C:\\p\\\\A.Html"}, // four bytes: no root
+        {"C:p", "A.bas", "C:p\\A.Html"},     {"\\p\\", "A.bas", "\\p\\\\A.Html"}, // three bytes, but no drive
+        {"", "A.bas", "\\A.Html"},
+    };
+    for (const Caso& caso : casi) EXPECT_EQ(PercorsoPagina(caso.Directory, caso.Voce), caso.Pagina);
 }
 
 // The project in a root: doubled separators, and the disk takes them.

@@ -214,7 +214,7 @@ TEST(Indice, Apertura) {
     }
 }
 
-// A browser that does not start is an error like any other, behind the index.
+// A browser that does not start is an error like any other, after the index.
 TEST(Indice, AvvioFallito) {
     Banco b;
     Righe(b, 1);

@@ -39,6 +39,9 @@ TEST(Menu, Righe) {
          testa + Menu(" mnufile ", "\"&File\"")},
         {"quotes, accelerator, comment and trailing blanks",
          "Begin VB.Menu m\nCaption         =   \"Fi&le\"  'x  \n", true, testa + Menu(" m", "\"Fi&le\"  'x")},
+        {"the first marker of two, at column 1",
+         "Begin VB.Menu m\nCaption         =   Caption         =   \"x\"\n", true,
+         testa + Menu(" m", "Caption         =   \"x\"")},
         {"a sub-menu is one more table under one head",
          "   Begin VB.Menu Menu1 \n      Caption         =   \"A\"\n      Begin VB.Menu Sub1 \n"
          "         Caption         =   \"B\"\n      End\n   End\n",
@@ -51,19 +54,19 @@ TEST(Menu, Righe) {
         {"a line of 19 bytes", "Begin VB.Menu m\n1234567890123456789\n", true, testa + Menu(" m", "")},
         {"a line of 20 bytes", "Begin VB.Menu m\n12345678901234567890\n", true, testa + Menu(" m", "0")},
         {"an empty line", "Begin VB.Menu m\n\n", true, testa + Menu(" m", "")},
-        {"two blanks behind the =", "Begin VB.Menu m\nCaption         =  \"12345\"\n", true,
+        {"two blanks after the =", "Begin VB.Menu m\nCaption         =  \"12345\"\n", true,
          testa + Menu(" m", "\"12345\"")},
         {"the marker with text in front", "Begin VB.Menu m\nxx Caption         =   y\n", true,
          testa + Menu(" m", "y")},
         {"lower-case caption", "Begin VB.Menu m\ncaption         =   \"yz\"\n", true,
          testa + Menu(" m", "\"yz\"")}, // the same by chance: 20 bytes in front, taken from the 20th
         {"at any column", "xx Begin VB.Menu m\n\n", true, testa + Menu(" m", "")},
-        {"no blank behind", "Begin VB.MenuBar\n\n", true, testa + Menu("bar", "")},
-        {"nothing behind", "Begin VB.Menu\n\n", true, testa + Menu("", "")},
+        {"no blank after it", "Begin VB.MenuBar\n\n", true, testa + Menu("bar", "")},
+        {"nothing after it", "Begin VB.Menu\n\n", true, testa + Menu("", "")},
         {"case", "begin vb.menu m\nBEGIN VB.MENU m\nBegin VB.menu m\n", false, ""},
         {"two blanks", "Begin  VB.Menu m\n", false, ""},
         {"accents fold, marks stay", "Begin VB.Menu \xC0<&\n\n", true, testa + Menu(" \xE0<&", "")},
-        {"the line behind is no menu", "Begin VB.Menu a\nBegin VB.Menu b\nBegin VB.Menu c\n\n", true,
+        {"the next line is no menu", "Begin VB.Menu a\nBegin VB.Menu b\nBegin VB.Menu c\n\n", true,
          testa + Menu(" a", "") + Menu(" c", "")},
         {"twice on a line", "Begin VB.Menu a Begin VB.Menu b\n\n", true,
          testa + Menu(" a begin vb.menu b", "")},
@@ -73,7 +76,7 @@ TEST(Menu, Righe) {
     Prova(casi);
 }
 
-// What stands behind Begin VB.Menu is the line of this step for the other tests too.
+// The line after Begin VB.Menu is the one that the other tests of this step see.
 TEST(Menu, LaRigaSeguente) {
     const Testo menu = Sezione(TitoloMenu);
     const Testo interne = Sezione("Procedure interne");
@@ -103,7 +106,7 @@ TEST(Menu, LaRigaSeguente) {
     Prova(casi);
 }
 
-// The head of the file stands in the page, and nothing behind it.
+// Only the head of the file is in the page, nothing after it.
 TEST(Menu, SullUltimaRiga) {
     for (const char* ultima : {"Begin VB.Menu m", "Begin VB.Menu m\n"}) {
         Banco b;
@@ -160,7 +163,7 @@ TEST(Controlli, Ado) {
         {"the 18th byte is lost, whatever it is",
          "Begin MSAdodcLib.Adodc A\nOLEDBString     =xy\nRecordSource    =xy\n", false,
          testa + Controllo("A", "y", "y")},
-        {"nothing behind the =", "Begin MSAdodcLib.Adodc A\nOLEDBString     =\nRecordSource    =\n", false,
+        {"nothing after the =", "Begin MSAdodcLib.Adodc A\nOLEDBString     =\nRecordSource    =\n", false,
          testa + Controllo("A", "", "")},
         {"no OLEDBString", "Begin MSAdodcLib.Adodc A\nRecordSource    =   r\n", false,
          testa + Controllo("A", "", "  r")},
@@ -174,7 +177,7 @@ TEST(Controlli, Ado) {
         {"another spacing is no string of it",
          "Begin MSAdodcLib.Adodc A\nOLEDBString = r\nOLEDBString      =   r\nRecordSource    =   s\n", false,
          testa + Controllo("A", "", "  s")},
-        {"behind its row the next record is a Data row",
+        {"after its row the next record is a Data row",
          "Begin MSAdodcLib.Adodc A\nRecordSource    =   a\nRecordSource    =   b\n", false,
          testa + Controllo("A", "", "  a") + Controllo("", "", "    =   b")},
         {"without a name it is not under way",
@@ -209,11 +212,11 @@ TEST(Testa, Fine) {
         {"indented", " Attribute VB_Name = 1\n" + dati, false, riga},
         {"lower case", "attribute VB_Name = 1\n" + dati, false, riga},
         {"Option Explicit", "Option Explicit\n" + dati, false, interne},
-        {"in any case, behind blanks", "   oPTION Compare Text\n" + dati, false, interne},
+        {"in any case, after blanks", "   oPTION Compare Text\n" + dati, false, interne},
         {"as a prefix of a property", "      Options         =   0\n" + dati, false, interne},
         {"Optional", "Optional\n" + dati, false, interne},
         {"the bare word", "option\n" + dati, false, interne},
-        {"behind a TAB", "\tOption Explicit\n" + dati, false, riga},
+        {"after a TAB", "\tOption Explicit\n" + dati, false, riga},
         {"commented out", "'Option Explicit\n" + dati, false, riga},
         {"later", dati + "Attribute VB_Name = 1\nPublic Sub a()\n", false, riga + interne},
         {"a property Options in front of the record",

@@ -2,8 +2,8 @@
 //
 // The run over the rows: number field, head of the listing, restart, what carries over from one
 // file to the next, bars and label.
+#include "comandi/comandi.h"
 #include "listing/banco.h"
-#include "shell/comandi.h"
 
 namespace morvella {
 

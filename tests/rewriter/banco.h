@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include "comandi/comandi.h"
 #include "rewriter/rewriter.h"
 #include "scan/testa.h"
-#include "shell/comandi.h"
 #include "sostegno/disco_finto.h"
 #include "sostegno/finestra_finta.h"
 
@@ -35,7 +35,7 @@ inline Testo RiquadroSub(Vista riga) { return Riquadro(10, 114, 112, 10, riga); 
 inline Testo RiquadroProperty(Vista riga) { return Riquadro(8, 101, 99, 13, riga); }
 inline Testo RiquadroType(Lungo m, Vista riga) { return Riquadro(m + 5, 112, 110, m + 5, riga); }
 
-/// The closing block; `voci` are its entries, each as it stands behind the comment mark.
+/// The closing block; `voci` are its entries, each as it stands after the comment mark.
 inline Testo Chiusura(std::initializer_list<Vista> voci = {}) {
     const Testo stelle = Linea(10, "'" + Testo(55, '*'));
     Testo blocco = stelle;

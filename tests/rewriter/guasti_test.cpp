@@ -112,10 +112,10 @@ void OgniChiamataConOgniNumero(const Motore& motore) {
                 } else if (numero == 76) { // the same statement again
                     EXPECT_EQ(arresto, 0);
                     EXPECT_TRUE(dopo == fatti);
-                } else if (!riordina) { // on behind it; 52 where a channel is used again
+                } else if (!riordina) { // on after it; 52 where a channel is used again
                     EXPECT_TRUE(arresto == 0 || arresto == 52) << arresto;
                 } else if (operazione == "CambiaDirectory" || operazione == "Cancella" ||
-                           operazione == "Chiudi") { // on behind it, and nothing is missing
+                           operazione == "Chiudi") { // on after it, and nothing is missing
                     EXPECT_EQ(arresto, 0);
                     EXPECT_TRUE(dopo == fatti);
                 } else if (operazione == "Copia") {
@@ -123,7 +123,7 @@ void OgniChiamataConOgniNumero(const Motore& motore) {
                     for (const auto& [quale, bytes] : fatti)
                         EXPECT_TRUE(quale == percorso || dopo.at(quale) == bytes) << quale;
                     EXPECT_TRUE(!dopo.contains(percorso) || dopo.at(percorso) == "vecchio");
-                } else { // on behind it with closed channels: 52 at the next use of one
+                } else { // on after it with closed channels: 52 at the next use of one
                     EXPECT_EQ(arresto, 52);
                 }
             }
@@ -179,7 +179,7 @@ TEST(Guasti, EsamiEdElenchi) { // what cannot be asked of the disk raises nothin
         }
 }
 
-TEST(Guasti, DiscoPieno) { // wherever the room ends: 61, and the text that did not fit is told
+TEST(Guasti, DiscoPieno) { // wherever the space ends: 61, and the incomplete text is reported
     Corsa intera(Progetto::Nuovo);
     intera.Esegui(Motori[0]);
     std::size_t bytes = 0;

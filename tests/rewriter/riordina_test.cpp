@@ -133,7 +133,7 @@ TEST(Riordina, OrdineDelleChiamate) {
         "Chiudi /p/b.frm",
         "Scrivi /p/Appoggio/b.txt",
         "Chiudi /p/Appoggio/b.txt",
-        "Copia /p/Appoggio/a.bas", // the second stage, behind all of the first
+        "Copia /p/Appoggio/a.bas", // the second stage, after all of the first
         "Copia /p/Appoggio/b.frm",
         "Copia /p/Appoggio/b.frx",
     };
@@ -313,7 +313,7 @@ TEST(Righe, CortaErrore5) {
         Prova p;
         p.Riga("a.bas");
         p.B.Riga(corta);
-        p.B.Riga("zzzz.bas"); // behind it, never reached
+        p.B.Riga("zzzz.bas"); // after it, never reached
         p.Esegui();
         EXPECT_EQ(p.B.Arresto(), 5) << corta;
         EXPECT_EQ(p.B.Casa.Arresti.front().Voce, 1);
@@ -544,7 +544,7 @@ TEST(Sorgenti, DentroAppoggio) { // the working copy of one row is the source of
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
     EXPECT_EQ(p.A("x.bas"), "Option z\r\n");
-    EXPECT_EQ(p.A("x.txt"), Rifatto); // behind it, and flat, that of the other row was written here
+    EXPECT_EQ(p.A("x.txt"), Rifatto); // after it the other row's text was written here, flat
 }
 
 TEST(Sorgenti, CambiatiFraDueCorse) { // what is only read is looked at again

@@ -133,7 +133,7 @@ TEST(Testata, UnaVoltaPerModulo) {
 }
 
 TEST(Testata, RiscrittoDiNuovo) {
-    // Its own '* lines vanish, another comes back as a comment of the source: behind the new one.
+    // Its own '* lines vanish, another comes back as a comment of the source: after the new one.
     const Opzioni opzioni{.Check1 = 1, .Text1 = "'* T\r\n'  U"};
     const Testo prima =
         Riordina("C.cls", "Attribute VB_Exposed = False\nSub a()\nb.Show\nEnd Sub\n", opzioni);

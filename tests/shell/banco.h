@@ -28,10 +28,10 @@ struct Banco {
         S.File1Leggi.ListIndex = 1;
     }
 
-    std::vector<Testo> Righe() const {
-        std::vector<Testo> righe;
-        for (Lungo i = 0; i < S.File1.ListCount(); ++i) righe.push_back(S.File1.List(i));
-        return righe;
+    std::vector<Testo> Voci() const {
+        std::vector<Testo> voci;
+        for (Lungo i = 0; i < S.File1.ListCount(); ++i) voci.push_back(S.File1.List(i));
+        return voci;
     }
     /// "101": which rows are selected.
     Testo Selezione() const {

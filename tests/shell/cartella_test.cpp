@@ -61,8 +61,9 @@ TEST(Cartella, NessunProgettoScelto) {
         b.Scegli("x");
         b.S.File1Leggi.Nomi = {nome};
         b.S.File1Leggi.ListIndex = *nome ? 0 : -1;
+        b.Disco.Metti("/p/   ", "y"); // a name of blanks is none, though there is a file of it
         ScriviDir(b.S, A);
-        EXPECT_EQ(b.Disco.TuttiIFile().size(), 2u); // the project and the marker
+        EXPECT_EQ(b.Disco.TuttiIFile().size(), 3u); // the project, that file and the marker
         EXPECT_EQ(b.Disco.Leggi("/p/Appoggio/OK.LOG"), Marca);
         EXPECT_EQ(b.Casa.Aggiornamenti, 1);
     }
@@ -170,8 +171,8 @@ TEST(Cartella, BaseDiVoce) {
         {".frm", ""},           {"sub\\a.bas", "sub\\a"}, {"..\\a.bas", "..\\a"},
     };
     for (const Caso& c : Casi) EXPECT_EQ(BaseDiVoce(c.Riga), c.Base) << c.Riga;
-    for (const Vista riga : {"", "a", "ab", "abc"})
-        EXPECT_EQ(NumeroDi([&] { return BaseDiVoce(riga); }), 5) << riga;
+    for (const Vista voce : {"", "a", "ab", "abc"})
+        EXPECT_EQ(NumeroDi([&] { return BaseDiVoce(voce); }), 5) << voce;
 }
 
 TEST(Cartella, PercorsoCortoSenzaPercorsiCorti) {

@@ -18,7 +18,7 @@ const std::string Sua = "/home/utente/.local/share/morvella";
 const std::vector<std::string> Figure = {"p2.gif",  "Dario.gif", "BLULETHR.GIF", "home.GIF",
                                          "A01.jpg", "A02.jpg",   "A03.jpg"};
 
-// An installation below "/usr", which this user can only read, and a home of his.
+// An installation below "/usr", read-only for this user, and a directory of the user's own.
 struct Banco {
     DiscoFinto Disco{"/home/utente"};
 

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "comandi/comandi.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
 #include "shell/banco.h"
-#include "shell/comandi.h"
 #include "shell/motore.h"
 
 namespace morvella {
@@ -61,7 +61,7 @@ TEST(Gestore, SenzaErrore) {
     EXPECT_EQ(Istruzione(b.S, [] { return 7; }), 7);
 }
 
-TEST(Gestore, Errore55ProsegueDietro) {
+TEST(Gestore, Errore55ProsegueDopo) {
     ConCanali b;
     const Esito e = Prova(b, {55});
     EXPECT_EQ(e.Tentativi, 1); // not repeated
@@ -128,7 +128,7 @@ TEST(Gestore, Ripetizioni) {
 }
 
 TEST(Gestore, OgniIstruzioneContaPerSe) {
-    // A retry that came to nothing before does not shorten the next statement's.
+    // A useless retry of one statement does not count for the next.
     ConCanali b;
     b.S.FileUscita = "\\p\\Appoggio\\x";
     EXPECT_TRUE(Prova(b, {76}).Riuscita);
@@ -167,7 +167,7 @@ TEST(Gestore, ChiusuraCheFallisceMentreFinisce) {
         ConCanali b;
         b.Disco.Fallisci(operazione, "/out", 61, 1);
         EXPECT_EQ(Prova(b, {53}).Fine, 53);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u) << operazione; // what did not reach the file is told
+        ASSERT_EQ(b.Casa.Arresti.size(), 1u) << operazione; // lost bytes are reported
         EXPECT_EQ(b.Casa.Arresti[0].Motore, "Close");
         EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 61);
         EXPECT_EQ(b.Casa.Arresti[0].Causa.File, "\\p\\out");
@@ -261,7 +261,7 @@ TEST(Gestore, EseguiMotore) {
     EXPECT_EQ(b.Casa.Arresti.size(), 1u);
 }
 
-// A window whose status line has no room left for its text.
+// A window that runs out of memory when it repaints its status line.
 struct FinestraSenzaMemoria : prove::FinestraFinta {
     void RidisegnaLabel2() override { throw std::bad_alloc(); }
 };
@@ -301,8 +301,8 @@ TEST(Gestore, ProteggeSorgentiCompagniEProgetto) {
     b.Scegli("Form=..\\lib\\F.frm\r\n");
     for (const char* file : {"/p/A.bas", "/p/A.frx", "/lib/F.frm", "/lib/F.frx", "/p/abc", "/p/libero.txt"})
         b.Disco.Metti(file, "x");
-    for (const char* riga : {"a.BAS", "..\\lib\\F.frm", "abc", "manca.bas", ""})
-        b.S.File1.AddItem(riga); // selected or not: none is
+    for (const char* voce : {"a.BAS", "..\\lib\\F.frm", "abc", "manca.bas", ""})
+        b.S.File1.AddItem(voce); // selected or not: none is
     EseguiMotore(b.S, "prova_Click", [&] {
         for (const char* file : {"\\p\\A.bas", "\\P\\a.FRX", "\\lib\\f.frm",
                                  "\\p\\Appoggio\\..\\..\\lib\\F.Frx", "\\p\\abc", "\\p\\prova.VBP"}) {
@@ -316,8 +316,8 @@ TEST(Gestore, ProteggeSorgentiCompagniEProgetto) {
 }
 
 TEST(Motori, UnaDirectoryCheNonSiElencaNonEsceDalMotore) {
-    // One may go through a directory without reading it: names in another case are not found there,
-    // and that is all.
+    // A directory may be passable but not readable: then names in another case are not found there,
+    // and nothing else fails.
     for (void (*motore)(Stato&) : {mnuRiordina_Click, mnuvorn_Click}) {
         Banco b;
         b.Scegli("Module=A; a.bas\r\n");

@@ -261,6 +261,34 @@ TEST(CaricaOpzioni, Troncato) {
     }
 }
 
+// What was read before the end stays taken over.
+TEST(CaricaOpzioni, StatoDopoUnFileTroncato) {
+    struct Caso {
+        const char* File; // "\n" for CR LF
+        const char* Spunte;
+        const char* Text1;
+        const char* Campo;
+    };
+    const Caso casi[] = {
+        {"OK\n", "122111", "prima", "campo"},
+        {"KO\n", "022011", "prima", "campo"},
+        {"KO", "022011", "prima", "campo"},
+        {"\n", "022011", "prima", "campo"},
+        {"KO\nKO\n", "002001", "", ""},
+        {"OK\nOK\n", "112111", "", ""},
+        {"KO\nKO\n'uno\n\n'due\n", "002001", "'uno\r\n'due\r\n", "'uno\r\n'due\r\n"},
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(caso.File);
+        ConIni b(CrLf(caso.File));
+        b.Sporca();
+        ASSERT_EQ(b.Fa(CaricaOpzioni), 62);
+        EXPECT_EQ(b.Spunte(), caso.Spunte);
+        EXPECT_EQ(b.S.Text1, caso.Text1);
+        EXPECT_EQ(b.S.TestoIntestazione, caso.Campo);
+    }
+}
+
 TEST(CaricaOpzioni, Errori) {
     ConIni b;
     EXPECT_EQ(b.Fa(CaricaOpzioni), 53);

@@ -89,7 +89,7 @@ TEST(Progetto, Legge) {
     b.Scegli("Type=Exe\r\nForm=Zeta.frm\r\nModule=B; beta.bas\r\nClass=A; Alfa.cls\r\nStartup=\"Zeta\"\r\n");
     b.S.File1.AddItem("di prima");
     LeggiProgetto(b.S);
-    EXPECT_EQ(b.Righe(), (std::vector<Testo>{"Alfa.cls", "beta.bas", "Zeta.frm"})); // not as in the file
+    EXPECT_EQ(b.Voci(), (std::vector<Testo>{"Alfa.cls", "beta.bas", "Zeta.frm"})); // not as in the file
     EXPECT_EQ(b.Selezione(), "000");
     EXPECT_FALSE(b.S.Canale.Aperto(1));
     LeggiProgetto(b.S); // anew, and not twice
@@ -100,7 +100,7 @@ TEST(Progetto, FineRiga) {
     struct Caso {
         const char* Bytes;
         bool Lf;
-        std::vector<Testo> Righe;
+        std::vector<Testo> Voci;
     };
     const Caso casi[] = {
         {"", false, {}},
@@ -116,7 +116,7 @@ TEST(Progetto, FineRiga) {
         b.Scegli(c.Bytes);
         b.S.Canale.FineRigaLf = c.Lf;
         LeggiProgetto(b.S);
-        EXPECT_EQ(b.Righe(), c.Righe) << c.Bytes;
+        EXPECT_EQ(b.Voci(), c.Voci) << c.Bytes;
     }
 }
 
@@ -140,7 +140,7 @@ TEST(Progetto, NomeConAccenti) {
     b.Scegli("Form=Perch\xE9.frm\r\n", "Quantit\xE0.vbp");
     ASSERT_TRUE(b.Disco.Esiste("/p/Quantità.vbp"));
     LeggiProgetto(b.S);
-    EXPECT_EQ(b.Righe(), std::vector<Testo>{"Perch\xE9.frm"});
+    EXPECT_EQ(b.Voci(), std::vector<Testo>{"Perch\xE9.frm"});
 }
 
 // ------------------------------------------------------------------ the order of the rows
@@ -156,17 +156,17 @@ TEST(File1, Ordine) {
         {{"A", "a", "A"}, {"A", "a", "A"}},
         {{"x.bas", "x.bas"}, {"x.bas", "x.bas"}},                   // the same file twice
         {{"a_b", "aB", "a.b", "a b"}, {"a b", "a.b", "a_b", "aB"}}, // "_" is below the small letters
-        {{"Z", "[", "_"}, {"[", "_", "Z"}},                         // folded, Z is behind them
+        {{"Z", "[", "_"}, {"[", "_", "Z"}},                         // folded, Z comes after them
         {{"ab", "a", ""}, {"", "a", "ab"}},
         {{"a10", "a9", "a1"}, {"a1", "a10", "a9"}},                     // bytes, not numbers
-        {{"\xC8", "\xE8", "z", "\xE0"}, {"z", "\xE0", "\xC8", "\xE8"}}, // behind z; È and è are equal
+        {{"\xC8", "\xE8", "z", "\xE0"}, {"z", "\xE0", "\xC8", "\xE8"}}, // after z; È and è are equal
         {{"..\\x", "x", "sub\\x"}, {"..\\x", "sub\\x", "x"}},
         {{"\x80", "z", "~"}, {"z", "~", "\x80"}}, // bytes from 128 on are high, not negative
     };
     for (const Caso& c : casi) {
         Banco b;
-        for (const Testo& riga : c.Aggiunte) b.S.File1.AddItem(riga);
-        EXPECT_EQ(b.Righe(), c.Attese);
+        for (const Testo& voce : c.Aggiunte) b.S.File1.AddItem(voce);
+        EXPECT_EQ(b.Voci(), c.Attese);
     }
 }
 
@@ -175,24 +175,24 @@ TEST(File1, MolteRigheUguali) {
     Banco b;
     std::vector<Testo> attese;
     for (unsigned i = 0; i < 64; ++i) {
-        Testo riga;
-        for (unsigned bit = 0; bit < 6; ++bit) riga += ((i * 37) >> bit) & 1 ? 'A' : 'a';
-        attese.push_back(riga);
-        b.S.File1.AddItem(riga);
+        Testo voce;
+        for (unsigned bit = 0; bit < 6; ++bit) voce += ((i * 37) >> bit) & 1 ? 'A' : 'a';
+        attese.push_back(voce);
+        b.S.File1.AddItem(voce);
     }
-    EXPECT_EQ(b.Righe(), attese);
+    EXPECT_EQ(b.Voci(), attese);
 }
 
 TEST(File1, AggiungereDopoAverGuardato) {
     Banco b;
-    for (const char* riga : {"d", "b", "B"}) {
-        b.S.File1.AddItem(riga);
+    for (const char* voce : {"d", "b", "B"}) {
+        b.S.File1.AddItem(voce);
         EXPECT_EQ(b.S.File1.List(b.S.File1.ListCount() - 1), "d");
     }
-    EXPECT_EQ(b.Righe(), (std::vector<Testo>{"b", "B", "d"}));
+    EXPECT_EQ(b.Voci(), (std::vector<Testo>{"b", "B", "d"}));
     SelezionaFile1(b.S, 2, true);
     b.S.File1.AddItem("a"); // the selection goes with its row, and a new row has none
-    EXPECT_EQ(b.Righe(), (std::vector<Testo>{"a", "b", "B", "d"}));
+    EXPECT_EQ(b.Voci(), (std::vector<Testo>{"a", "b", "B", "d"}));
     EXPECT_EQ(b.Selezione(), "0001");
     b.S.File1.Clear();
     EXPECT_EQ(b.S.File1.ListCount(), 0);

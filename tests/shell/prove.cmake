@@ -5,5 +5,5 @@ morvella_prova(shell_test
   shell/stato_test.cpp
   shell/cartella_test.cpp
   shell/gestore_test.cpp
-  shell/comandi_test.cpp)
+  shell/motore_test.cpp)
 morvella_prova(opzioni_test shell/opzioni_test.cpp shell/dimora_test.cpp)

@@ -216,7 +216,7 @@ TEST(Stato, Drive1ChangeNemmenoC) {
     EXPECT_EQ(b.S.Drive1Drive, "C:");
     EXPECT_EQ(b.S.Dir1Path, "\\p"); // the old directory, with its rows
     EXPECT_EQ(b.S.File1.ListCount(), 1);
-    EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, ""); // the sequence goes on behind the failed step
+    EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, ""); // the sequence goes on after the failed step
     EXPECT_EQ(b.Menu(), "0001");
 
     b.MettiMenu("1111");

@@ -48,6 +48,15 @@ std::string RigaA(const std::string& bytes, std::size_t posto) {
     return ConSegni(bytes.substr(inizio, std::min(bytes.find('\n', posto), bytes.size()) - inizio));
 }
 
+constexpr const char* Marca = "Ok! Directory Creata, ora mettiamoci al lavoro ...\r\n";
+
+// The path of a project's file below its directory, "" where there is none.
+std::string ProgettoIn(const Albero& albero) {
+    for (const auto& [file, bytes] : albero)
+        if (file.ends_with(".vbp") && fs::path(file).parent_path().filename() != "Appoggio") return file;
+    return "";
+}
+
 } // namespace
 
 std::vector<std::string> Righe(const fs::path& file) {
@@ -106,6 +115,46 @@ std::vector<fs::path> ProgettoDiCaso(const fs::path& caso, const fs::path& radic
     return strati;
 }
 
+Albero SorgentiDiCaso(const fs::path& caso, const fs::path& radice) {
+    Albero sorgenti;
+    for (const fs::path& strato : ProgettoDiCaso(caso, radice))
+        for (auto& [file, bytes] : LeggiAlbero(strato)) sorgenti[file] = std::move(bytes);
+    return sorgenti;
+}
+
+std::vector<fs::path> Casi(const fs::path& casi) {
+    std::vector<fs::path> trovati;
+    for (const auto& sottosistema : fs::directory_iterator(casi))
+        if (sottosistema.is_directory())
+            for (const auto& caso : fs::directory_iterator(sottosistema.path()))
+                if (caso.is_directory()) trovati.push_back(caso.path());
+    std::sort(trovati.begin(), trovati.end());
+    return trovati;
+}
+
+std::string ComandoDiCaso(const fs::path& caso) {
+    const std::vector<std::string> opzioni = Righe(caso / "opzioni");
+    return opzioni.empty() || opzioni.front().front() == '-' ? "riordina" : opzioni.front();
+}
+
+Albero AttesoDiCaso(const fs::path& caso, const fs::path& radice) {
+    Albero atteso = LeggiAlbero(caso / "atteso");
+    const Albero sorgenti = SorgentiDiCaso(caso, radice);
+    const std::string progetto = ProgettoIn(sorgenti);
+    const std::string lavoro = (fs::path(progetto).parent_path() / "Appoggio/").generic_string();
+    for (const auto& [file, bytes] : sorgenti)
+        if (file.starts_with(lavoro)) return atteso;
+    atteso.emplace("OK.LOG", Marca); // emplace: what atteso/ holds itself stays
+    if (ComandoDiCaso(caso) != "documenta")
+        atteso.emplace(fs::path(progetto).filename().string(), sorgenti.at(progetto));
+    for (const auto& [file, bytes] : Albero(atteso)) {
+        const fs::path modulo(file);
+        if (modulo.extension() == ".frm" || modulo.extension() == ".bas" || modulo.extension() == ".cls")
+            atteso.emplace(fs::path(modulo).replace_extension(".txt").generic_string(), bytes);
+    }
+    return atteso;
+}
+
 fs::path PreparaCaso(const fs::path& caso, const fs::path& qui, const fs::path& radice) {
     fs::remove_all(qui);
     fs::create_directories(qui);
@@ -113,9 +162,8 @@ fs::path PreparaCaso(const fs::path& caso, const fs::path& qui, const fs::path& 
         fs::copy(strato, qui / "progetto",
                  fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     for (const char* figura : Figure) std::ofstream(qui / figura) << "figura";
-    for (const auto& voce : fs::recursive_directory_iterator(qui / "progetto"))
-        if (voce.path().extension() == ".vbp" && voce.path().parent_path().filename() != "Appoggio")
-            return voce.path();
+    const std::string progetto = ProgettoIn(LeggiAlbero(qui / "progetto"));
+    if (!progetto.empty()) return qui / "progetto" / progetto;
     throw std::runtime_error("no project in " + caso.string());
 }
 

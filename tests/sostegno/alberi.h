@@ -28,6 +28,16 @@ void SenzaLuogo(Albero& albero, const std::filesystem::path& qui);
 /// Where two trees differ, one text for each file: its line and offset, and both lines.
 std::vector<std::string> Differenze(const Albero& atteso, const Albero& avuto);
 
+/// The cases below `casi`, which is tests/casi: every directory of a subsystem's, sorted.
+std::vector<std::filesystem::path> Casi(const std::filesystem::path& casi);
+/// The command of a case: its first option, or "riordina" where that is no command.
+std::string ComandoDiCaso(const std::filesystem::path& caso);
+/// The work directory that a case expects. Its atteso/ keeps what is the case's own; what every
+/// run leaves alike is added here, where atteso/ does not hold it itself: the marker OK.LOG, the
+/// project file's copy (documenta makes none), and for X.frm, X.bas or X.cls the same text as
+/// X.txt. Where the project brings a work directory, atteso/ holds the whole.
+Albero AttesoDiCaso(const std::filesystem::path& caso, const std::filesystem::path& radice);
+
 /// A fresh copy of a case's project in `qui`/progetto, with the pictures in `qui`, which is where
 /// the program lies. Gives the project file. `radice` is the repository.
 std::filesystem::path PreparaCaso(const std::filesystem::path& caso, const std::filesystem::path& qui,
@@ -35,5 +45,7 @@ std::filesystem::path PreparaCaso(const std::filesystem::path& caso, const std::
 /// Where the case's project comes from: directories laid one over the other, the last on top.
 std::vector<std::filesystem::path> ProgettoDiCaso(const std::filesystem::path& caso,
                                                   const std::filesystem::path& radice);
+/// The files of a case's project.
+Albero SorgentiDiCaso(const std::filesystem::path& caso, const std::filesystem::path& radice);
 
 } // namespace morvella::prove

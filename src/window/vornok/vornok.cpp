@@ -22,10 +22,10 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "comandi/comandi.h"
 #include "docs/docs.h"
 #include "listing/listing.h"
 #include "rewriter/rewriter.h"
-#include "shell/comandi.h"
 #include "shell/opzioni.h"
 #include "shell/progetto.h"
 #include "text/disco/unita.h"

@@ -57,16 +57,6 @@ Mossa LeggiMossa(const fs::path& caso) {
     return m;
 }
 
-std::vector<fs::path> Casi() {
-    std::vector<fs::path> casi;
-    for (const auto& sottosistema : fs::directory_iterator(MORVELLA_CASI))
-        if (sottosistema.is_directory())
-            for (const auto& caso : fs::directory_iterator(sottosistema.path()))
-                if (fs::exists(caso.path() / "atteso")) casi.push_back(caso.path());
-    std::sort(casi.begin(), casi.end());
-    return casi;
-}
-
 // The window in the place of a project: a person who ticks, clicks and answers.
 class Persona {
   public:
@@ -177,7 +167,7 @@ class AlberiTest : public QObject {
 
 void AlberiTest::casi_data() {
     QTest::addColumn<QString>("caso");
-    for (const fs::path& caso : Casi())
+    for (const fs::path& caso : Casi(MORVELLA_CASI))
         if (LeggiMossa(caso).Esprimibile) {
             const std::string nome = (caso.parent_path().filename() / caso.filename()).string();
             QTest::newRow(nome.c_str()) << QString::fromStdString(nome);
@@ -194,14 +184,14 @@ void AlberiTest::casi() {
     persona.Esegui(LeggiMossa(da));
     Albero scritto = LeggiAlbero(progetto.parent_path() / "Appoggio");
     SenzaLuogo(scritto, qui);
-    Uguali(LeggiAlbero(da / "atteso"), scritto);
+    Uguali(AttesoDiCaso(da, MORVELLA_RADICE), scritto);
 }
 
 // Left out are only those with an option that the window does not have.
 void AlberiTest::quantiCasi() {
     std::set<std::string> fuori;
     int esprimibili = 0;
-    for (const fs::path& caso : Casi()) {
+    for (const fs::path& caso : Casi(MORVELLA_CASI)) {
         if (LeggiMossa(caso).Esprimibile) {
             ++esprimibili;
             continue;

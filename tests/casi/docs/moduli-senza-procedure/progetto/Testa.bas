@@ -1,0 +1,2 @@
+Public Sub Prima()
+End Sub

@@ -1,0 +1,2 @@
+RecordSource    =   "Sua"
+Attribute VB_Name = "G"

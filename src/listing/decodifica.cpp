@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "scan/classifica.h"
+#include "listing/connettori.h"
 #include "shell/testi.h"
 #include "text/codifica.h"
 
@@ -15,19 +15,19 @@ namespace {
 struct Gruppo {
     Vista Bytes;
     Tratto::Genere Che;
-    bool Ultimo; // a connector: the text of the line follows
+    bool Ultimo; // a connector: the line's text follows
 };
 
 // clang-format off
 constexpr Gruppo Gruppi[] = {
-    {"   ",          Tratto::Scritto,    false},
-    {"\xB3  ",       Tratto::Condizione, false}, // │
-    {"\xBA  ",       Tratto::Ciclo,      false}, // ║
-    {"\xDA\xC4>",    Tratto::Condizione, true},  // ┌─>
-    {"\xC3\xC4>",    Tratto::Condizione, true},  // ├─>
-    {"\xC0\xC4>",    Tratto::Condizione, true},  // └─>
-    {"\xC9\xCD>",    Tratto::Ciclo,      true},  // ╔═>
-    {"\xC8\xCD>",    Tratto::Ciclo,      true},  // ╚═>
+    {"   ",                    Tratto::Scritto,    false},
+    {connettore::Segue,        Tratto::Condizione, false},
+    {connettore::SegueDoppio,  Tratto::Ciclo,      false},
+    {connettore::Apre,         Tratto::Condizione, true},
+    {connettore::Mezzo,        Tratto::Condizione, true},
+    {connettore::Chiude,       Tratto::Condizione, true},
+    {connettore::ApreDoppio,   Tratto::Ciclo,      true},
+    {connettore::ChiudeDoppio, Tratto::Ciclo,      true},
 };
 // clang-format on
 
@@ -74,29 +74,6 @@ bool Disegnata(Tratto::Genere che) {
     return che == Tratto::Condizione || che == Tratto::Ciclo || che == Tratto::Barra;
 }
 
-// Whether a line of this class is drawn with this connector: one in front of any other text is
-// letters of that text.
-bool Appartiene(const Gruppo& gruppo, Classe classe) {
-    switch (classe) {
-    case RigaIf:
-    case RigaCondIf:
-    case RigaWith:
-    case RigaSelect: return gruppo.Bytes[0] == '\xDA';
-    case RigaElse:
-    case RigaCondElse:
-    case RigaCase: return gruppo.Bytes[0] == '\xC3';
-    case RigaEndIf:
-    case RigaCondEndIf:
-    case RigaEndSelect:
-    case RigaEndWith: return gruppo.Bytes[0] == '\xC0';
-    case RigaFor:
-    case RigaDo: return gruppo.Bytes[0] == '\xC9';
-    case RigaNext:
-    case RigaLoop: return gruppo.Bytes[0] == '\xC8';
-    default: return false;
-    }
-}
-
 } // namespace
 
 Bordo BordoDiRiquadro(Vista riga) noexcept {
@@ -124,7 +101,7 @@ void TagliaRiga(Vista riga, std::vector<Porzione>& fette) {
     Accoda(fette, Tratto::Numero, campo);
     riga.remove_prefix(campo);
 
-    if (const std::size_t barre = std::min(riga.find_first_not_of('\xCD', 2), riga.size());
+    if (const std::size_t barre = std::min(riga.find_first_not_of(connettore::DoppioTratto, 2), riga.size());
         riga.substr(0, 2) == "<<" && barre >= 4 && IniziaPer(riga.substr(barre), "exit ")) {
         Accoda(fette, Tratto::Barra, barre);
         riga.remove_prefix(barre);
@@ -133,7 +110,8 @@ void TagliaRiga(Vista riga, std::vector<Porzione>& fette) {
         const auto* gruppo = std::find_if(std::begin(Gruppi), std::end(Gruppi),
                                           [&](const Gruppo& g) { return riga.substr(0, 3) == g.Bytes; });
         ancora = gruppo != std::end(Gruppi) &&
-                 (!gruppo->Ultimo || Appartiene(*gruppo, ClassificaRiga(riga.substr(3))));
+                 // Before any other statement these bytes are letters of its own.
+                 (!gruppo->Ultimo || gruppo->Bytes == Disegni[ClassificaRiga(riga.substr(3))].Qui);
         if (!ancora) break;
         Accoda(fette, gruppo->Che, 3);
         riga.remove_prefix(3);

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // listing/decodifica.h
 //
-// Reads a line of a listing back. A listing mixes two code pages: the connectors are bytes of
-// code page 437 and all the rest is Windows-1252. Connectors stand in threes directly behind
-// the number field, and only a whole connector in front of a statement that it belongs to counts
-// as one: a source line that begins with the letter 205 or holds a 179 keeps its letters. One
-// thing a line alone cannot tell: whether "│" and two blanks in front of its text are a column
-// or the text's own.
+// Takes a line of a listing apart again. A listing mixes two code pages: connectors are bytes of
+// code page 437, all the rest is Windows-1252. Connectors come in threes right after the number
+// field, and one counts only before a statement that it belongs to: a source line that begins
+// with the letter 205 or holds a 179 keeps its letters. One thing a line alone cannot tell:
+// whether "│" and two blanks before its text are a column or the text's own.
 #pragma once
 
 #include <vector>
@@ -15,7 +14,7 @@
 
 namespace morvella {
 
-/// A stretch of a listing line that looks alike.
+/// A run of a listing line that looks alike.
 struct Tratto {
     enum Genere { Numero, Condizione, Ciclo, Barra, Riquadro, Errore, Scritto };
     Genere Che;
@@ -23,10 +22,10 @@ struct Tratto {
     bool operator==(const Tratto&) const = default;
 };
 
-/// Takes one line, without its line end, apart. `tratti` is overwritten.
+/// Splits one line, given without its line end. `tratti` is overwritten.
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
 
-/// The same stretch as bytes of the line: `Quanti` of them, never 0, from the offset `Da`.
+/// The same run as bytes of the line: `Quanti` of them, never 0, from the offset `Da`.
 struct Porzione {
     Tratto::Genere Che;
     std::size_t Da;
@@ -34,21 +33,21 @@ struct Porzione {
     bool operator==(const Porzione&) const = default;
 };
 
-/// Takes one line apart and builds no text. Together the slices are the whole line.
+/// Splits one line and builds no text. Together the slices are the whole line.
 void TagliaRiga(Vista riga, std::vector<Porzione>& fette);
 
-/// What one byte of a stretch is shown as: one character for each, TAB as itself.
+/// The character that a byte of a run is shown as; TAB is itself.
 char16_t Segno(Tratto::Genere che, char byte) noexcept;
 
 /// Whether a line is the error line of the balance test.
 bool RigaErrore(Vista riga) noexcept;
 
-/// The border lines of the box around a head: four of its five lines.
+/// The border lines of the box around a head, four of its five.
 enum class Bordo { Nessuno, Asterischi, Vuoto };
 Bordo BordoDiRiquadro(Vista riga) noexcept;
 
-/// How many bytes the number field of a line takes: 11, 5 beyond line 999,999, else 0. A box's
-/// border and the error line begin with the same blanks and have no field.
+/// Width of a line's number field: 11, 5 beyond line 999,999, else 0. A box's border and the
+/// error line begin with the same blanks and have no field.
 std::size_t CampoDiRiga(Vista riga) noexcept;
 
 } // namespace morvella

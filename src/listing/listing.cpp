@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // The listing's run over the rows of File1, and the viewer.
-#include "listing/connettori.h"
+#include "listing/listing.h"
 
+#include "listing/comuni.h"
 #include "scan/testa.h"
 #include "shell/cartella.h"
 #include "shell/motore.h"
@@ -13,40 +14,37 @@ namespace {
 
 constexpr Lungo NumeroMassimo = 999999; // of a line that shows its number
 
-// A form's control section ends here: the file starts anew, the margin and the history do not.
+// A form's control section ends here: the listing starts over, the margin and the history do not.
 void Riparti(Stato& s) {
     Istruzione(s, [&] { s.Canale.Ricomincia(2); });
     s.ContaRighe = 0;
     s.Numero = Space(5);
-    if (s.Check1 == 1 && !s.Text1.empty()) Istruzione(s, [&] { s.Canale.Print(2, s.Text1); });
+    if (s.Check1 == 1 && !s.Text1.empty()) Scrivi(s, s.Text1);
 }
 
-// The six digits go on by one: mostly the last alone changes.
-void AvanzaCifre(char* cifre) {
-    char* cifra = cifre + 5;
-    for (; *cifra == '9'; --cifra) *cifra = '0';
-    ++*cifra;
-}
-
-// The number field of line `n`, where that of the line before stands.
-void AvanzaNumero(TestoLargo& numero, Lungo n) {
-    if (n <= NumeroMassimo)
-        AvanzaCifre(numero.data());
-    else
-        numero = CampoNumero(n);
-}
-
-// Lines of the code that are written without a look at each, as far as the numbers reach; gives how
-// many.
-Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte, Lungo scritto) {
-    if (s.StatoTesta != 7 || s.ContaRighe != scritto) return 0;
-    const auto restano = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
-    s.Riga = {}; // of none of these
-    const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), restano))));
-    s.ContaRighe += comuni;
+// Writes the common lines that are read already, up to the first other one; returns how many.
+Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte) {
+    if (pronte.empty() || s.StatoTesta != 7) return 0;
+    const auto numerate = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
+    s.Riga = {}; // it is none of these
+    const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), numerate))));
     s.Punto.Riga += comuni;
     AvanzaBarra(s, s.Progress, comuni);
     return comuni;
+}
+
+// The next line, whatever it is.
+void ElencaProssima(Stato& s, RigheSorgente& sorgente) {
+    ++s.ContaRighe;
+    ++s.Punto.Riga;
+    AvanzaBarra(s, s.Progress);
+    const RigaSorgente& riga = sorgente.Prossima();
+    s.Riga = riga.Letta.Trimmata();
+    const PassoTesta passo = AvanzaTestaStruttura(s);
+    if (passo.Testa) ScriviTesta(s);
+    if (passo.Codice || passo.Riparte) Numera(s.Numero, s.ContaRighe);
+    if (passo.Riparte) Riparti(s);
+    if (passo.Codice) ElencaRiga(s, riga.Quale);
 }
 
 void ElencaFile(Stato& s, const Testo& voce) {
@@ -66,43 +64,19 @@ void ElencaFile(Stato& s, const Testo& voce) {
 
     PreparaProgress(s);
 
-    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
-    Istruzione(s, [&] { s.Canale.OpenOutput(2, s.FileUscita); });
+    ApriSorgente(s);
+    ApriUscita(s);
     IniziaTestaStruttura(s);
     s.Punto.MargineSeguito = s.Fronte.SegueMargine();
     if (s.Punto.MargineSeguito)
         s.Fronte.MargineMosso({PassoMargine::Inizio, s.Punto.Voce, 0, 0, Len(s.Margine), s.Margine, {}});
-    Lungo scritto = -1; // the number that stands in Numero
     RigheSorgente sorgente(s);
     while (!sorgente.Finita()) {
-        if (const Lungo comuni = ElencaPronte(s, sorgente.Pronte(), scritto); comuni > 0) {
-            sorgente.Salta(comuni);
-            scritto = s.ContaRighe;
-            continue;
-        }
-        ++s.ContaRighe;
-        ++s.Punto.Riga;
-        AvanzaBarra(s, s.Progress);
-        const RigaSorgente& riga = sorgente.Prossima();
-        s.Riga = riga.Letta.Trimmata();
-        const PassoTesta passo = AvanzaTestaStruttura(s);
-        if (passo.Testa) ScriviTesta(s);
-        if (passo.Codice || passo.Riparte) {
-            if (s.ContaRighe == scritto + 1)
-                AvanzaNumero(s.Numero, s.ContaRighe);
-            else
-                s.Numero = CampoNumero(s.ContaRighe);
-            if (passo.Riparte) {
-                Riparti(s);
-                scritto = -1;
-            } else {
-                ElencaRiga(s, riga.Quale);
-                scritto = s.ContaRighe;
-            }
-        }
+        ElencaProssima(s, sorgente);
+        sorgente.Salta(ElencaPronte(s, sorgente.Pronte()));
     }
-    Istruzione(s, [&] { s.Canale.Close(1); });
-    Istruzione(s, [&] { s.Canale.Close(2); });
+    ChiudiSorgente(s);
+    ChiudiUscita(s);
     s.Punto.Riga = 0;
     s.Fronte.FileScritto(s.IndiceFile, s.FileUscita, s.TotaleRighe);
 }
@@ -132,28 +106,35 @@ void Elenca(Stato& s) {
 
 } // namespace
 
-Testo CampoNumero(Lungo n) {
-    if (n > NumeroMassimo) return Testo(5, ' '); // the number disappears, and the margin moves to the left
-    char campo[] = "000000     ";
+void Numera(TestoLargo& numero, Lungo n) {
+    if (n > NumeroMassimo)
+        return numero.assign(5, ' ');  // the number disappears, and the margin moves to the left
+    char* const campo = numero.data(); // a TestoLargo has room for Passo bytes at any time
+    std::memcpy(campo, "000000     ", 11);
     auto resto = static_cast<unsigned>(n);
     for (char* cifra = campo + 5; resto > 0; resto /= 10) *cifra-- = static_cast<char>('0' + resto % 10);
-    return {campo, 11};
+    numero.Fino(campo + 11);
+}
+
+Testo CampoNumero(Lungo n) {
+    TestoLargo numero;
+    Numera(numero, n);
+    return Testo(Vista(numero));
 }
 
 void ScriviTesta(Stato& s) {
-    const auto scrivi = [&](const auto&... pezzi) { Istruzione(s, [&] { s.Canale.Print(2, pezzi...); }); };
     const Testo stelle(55, '*');
-    scrivi("\x0F", stelle); // 15, the only control byte, and only here
-    scrivi("*              Procedura by Dario Fenzoni             *");
-    scrivi("*              E-mail ", IndirizzoContatto, "           *");
-    scrivi("*", Space(53), "*");
-    if (!s.ElencoShow.Resto().empty()) scrivi("*  La procedura esegue i seguenti Form o procedure:   *");
-    for (Testo voce; VoceShow(s.ElencoShow, voce);) scrivi(voce);
-    scrivi(stelle);
-    const Testo data = Istruzione(s, [&] { return s.File.Date(); });
-    const Testo ora = Istruzione(s, [&] { return s.File.Time(); });
-    scrivi("              ... ", data, " - ", ora);
-    scrivi();
+    Scrivi(s, "\x0F", stelle); // 15, the only control byte, and only here
+    Scrivi(s, "*              Procedura by Dario Fenzoni             *");
+    Scrivi(s, "*              E-mail ", IndirizzoContatto, "           *");
+    Scrivi(s, "*", Space(53), "*");
+    if (!s.ElencoShow.Resto().empty()) Scrivi(s, "*  La procedura esegue i seguenti Form o procedure:   *");
+    for (Testo voce; VoceShow(s.ElencoShow, voce);) Scrivi(s, voce);
+    Scrivi(s, stelle);
+    const Testo data = Oggi(s);
+    const Testo ora = Adesso(s);
+    Scrivi(s, "              ... ", data, " - ", ora);
+    Scrivi(s);
 }
 
 void mnuvorn_Click(Stato& s) {

@@ -17,7 +17,7 @@
 namespace morvella {
 
 /// The run over the selected rows of File1. Raises nothing: an error that the handler does not
-/// mend ends the run in silence, with word of it to Finestra::MotoreFermato.
+/// mend ends the run in silence, and only Finestra::MotoreFermato is told.
 void mnuvorn_Click(Stato& s);
 
 /// Shows the listings of the selected rows, one viewer each, after a box that names the font.
@@ -28,17 +28,19 @@ void mnuLettura_Click(Stato& s);
 
 /// The number field: 6 digits with leading zeros and 5 blanks; from 1,000,000 on 5 blanks alone.
 Testo CampoNumero(Lungo n);
+/// The same, written over `numero`.
+void Numera(TestoLargo& numero, Lungo n);
 
 /// Writes the head of the listing to channel 2 and uses up ElencoShow.
 void ScriviTesta(Stato& s);
 
-/// Writes the line in Riga, which is of class `classe`, against its margin to channel 2 and moves Margine and
-/// StoriaBlocchi on. Raises FineMotore when a write fails, and with 5 where a closing or middle line meets a
-/// margin of fewer than 3 bytes, as it is behind an End Sub.
+/// Writes the line in Riga, of class `classe`, to channel 2 and moves Margine and StoriaBlocchi on.
+/// Raises FineMotore when a write fails, and with 5 where a closing or middle line meets a margin
+/// of fewer than 3 bytes, as after an End Sub.
 void ElencaRiga(Stato& s, Classe classe);
 
-/// What stands in the place of `margine` in an Exit line: "<<" and a double stroke for each of
-/// its bytes, two for an empty one.
+/// What replaces `margine` in an Exit line: "<<" and a double stroke for each of its bytes, two for
+/// an empty one.
 Testo BarraUscita(Vista margine);
 
 /// Whether the block history does not end with `codice` (two bytes). With `togli`, and when it

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // scan/sorgente.h
 //
-// The lines of a source in a second pass. They are given one by one, but read, trimmed and sorted
-// into their classes some ahead: none of that depends on what the engines do with the lines before,
-// and a processor does it much faster where no decision stands between one line and the next.
+// The lines of a source in its second pass. Hands out lines one by one; reads, trims and
+// classifies them in batches of 64, since none of that depends on what an engine does with a line.
 #pragma once
 
 #include <array>
@@ -14,32 +13,31 @@
 
 namespace morvella {
 
-/// A line, as it stands and trimmed, and the class of the trimmed one.
+/// A line, raw and trimmed, and the class of the trimmed one.
 struct RigaSorgente {
-    RigaLetta Letta;
+    LineaLetta Letta;
     Classe Quale = RigaAltra;
 };
 
-/// On channel 1, which nothing else reads meanwhile. Each statement runs under the engines' handler.
+/// Reads channel 1, which nothing else reads meanwhile, under the engines' handler.
 class RigheSorgente {
   public:
     explicit RigheSorgente(Stato& s) : s_(s) {}
 
-    /// `EOF(1)`. Riga is let go of where the channel may move what it has read.
+    /// `EOF(1)`. The channel may move its buffer here, so Riga is dropped first.
     bool Finita() {
         if (date_ < quante_) return false;
         s_.Riga = {};
         return Istruzione(s_, [&] { return s_.Canale.Eof(1); });
     }
-    /// `Line Input #1`: the next line; it holds until the next call. One that was given up is empty.
+    /// `Line Input #1`: the next line, valid until the next call; empty where the handler gave it up.
     const RigaSorgente& Prossima() {
         if (date_ == quante_) Leggi();
         return righe_[date_++];
     }
 
-    /// Those of the next lines that are read already and lie in the memory of the channel, where Fetta bytes
-    /// from any place of theirs on can be looked at. They hold until Finita or Prossima reads on. `Salta`
-    /// passes over the first of them.
+    /// The next lines of the batch, as far as they lie in the channel's buffer: Fetta bytes from any place
+    /// in them on can be read. Valid until Finita or Prossima reads on. `Salta` skips the first of them.
     std::span<const RigaSorgente> Pronte() const {
         return {righe_.data() + date_, inMemoria_ ? quante_ - date_ : 0};
     }

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "scan/testa.h"
 
+#include "shell/motore.h"
+
 namespace morvella {
 
 bool SorgenteForm(const Stato& s) { return UCase(Right(s.FileSorgente, 4)) == ".FRM"; }
 
 void RaccogliShow(Stato& s, bool scriviLabel2) {
-    Istruzione(s, [&] { s.Canale.OpenInput(1, s.FileSorgente); });
+    ApriSorgente(s);
     if (scriviLabel2) ScriviLabel2(s, s.FileSorgente);
     s.ElencoShow.Svuota();
-    // Lines that cannot hold the name of a form are counted in blocks.
+    // Lines without ".Show" are skipped and counted in bulk.
     const auto fine = [&] {
         s.TotaleRighe += s.Canale.SaltaSenza(1, ".Show");
         return s.Canale.Eof(1);
@@ -21,10 +23,10 @@ void RaccogliShow(Stato& s, bool scriviLabel2) {
         const Lungo trovato = InStr(1, s.RigaLetta, ".Show"); // the first hit only; .ShowHelp is one too
         if (trovato == 0) continue;
         s.ElencoShow.Voci += "*    ";
-        s.ElencoShow.Voci += UCase(Mid(s.RigaLetta, 1, trovato - 1)); // whatever stands in front of it
+        s.ElencoShow.Voci += UCase(Mid(s.RigaLetta, 1, trovato - 1)); // whatever precedes it
         s.ElencoShow.Voci += '\r';
     }
-    Istruzione(s, [&] { s.Canale.Close(1); });
+    ChiudiSorgente(s);
 }
 
 bool VoceShow(ElencoShowFile& elenco, Testo& voce) {
@@ -43,19 +45,17 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce) {
 void IniziaTestaRiordina(Stato& s) { s.StatoTesta = SorgenteForm(s) ? 7 : 0; }
 
 bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim) {
-    const auto scrivi = [&](Vista testo) { Istruzione(s, [&] { s.Canale.Print(2, testo); }); };
-
-    // Also in the midst of the code: a member attribute throws the file back into its head, up
+    // In the midst of the code too: a member attribute throws the file back into its head, up
     // to the next line that begins "option". Meant: the scanner never guesses.
     if (Mid(trim, 1, 9) == "Attribute") s.StatoTesta = 0;
     // A bare prefix: "Option1.Value = True" ends a head as well.
     if (s.StatoTesta < 7 && IniziaPer(trim, "option")) s.StatoTesta = 7;
     if (s.StatoTesta <= 5) {
         if (IniziaPer(trim, "attribute vb_exposed")) {
-            if (IniziaPer(linea, "attribute")) scrivi(linea); // an indented one is dropped
+            if (IniziaPer(linea, "attribute")) Scrivi(s, linea); // an indented one is dropped
             s.StatoTesta = 5;
         } else {
-            scrivi(linea); // raw: indentation, blank lines and all
+            Scrivi(s, linea); // raw: indentation, blank lines and all
         }
         if (Mid(linea, 1, 9) == "Attribute") {
             ++s.StatoTesta;
@@ -64,7 +64,7 @@ bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim) {
         if (s.StatoTesta == 6) {
             s.StatoTesta = 7;
             s.ContaRighe = 1;
-            if (s.Check1 == 1 && !s.Text1.empty()) scrivi(s.Text1);
+            if (s.Check1 == 1 && !s.Text1.empty()) Scrivi(s, s.Text1);
         }
     }
     // The second test keeps the line that has just ended the head from being written twice. It

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // scan/testa.h
 //
-// What lies before the code of a source file. The first pass counts the lines and collects
+// What comes before the code of a source file. The first pass counts the lines and collects
 // the .Show calls; the head state then separates the head (control section, Attribute lines)
 // from the code, in two variants that differ on purpose: the rewriter's copies the head raw
 // and begins afresh with every file, the listing's drops it and goes over from one file to
@@ -32,7 +32,7 @@ void IniziaTestaRiordina(Stato& s);
 /// chain; Riga is the trimmed line then.
 bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim);
 inline bool AvanzaTestaRiordina(Stato& s, Vista linea, Vista trim) {
-    // In the code only a line that begins like "Attribute" is another matter.
+    // In the code only a line that may begin with "Attribute" needs a closer look.
     if (s.StatoTesta != 7 || (!trim.empty() && (trim.front() | 32) == 'a'))
         return AvanzaRigaDiTesta(s, linea, trim);
     s.Riga = trim;
@@ -43,11 +43,11 @@ inline bool AvanzaTestaRiordina(Stato& s, Vista linea) { return AvanzaTestaRiord
 /// StatoTesta at the start of the listing's second pass: 7 for a form; any other file leaves
 /// it as the last file left it.
 void IniziaTestaStruttura(Stato& s);
-/// The line behind which the listing starts anew, wherever it stands in the code.
+/// The line after which the listing starts over, wherever it stands in the code.
 inline constexpr Vista FineControlli = "Attribute VB_Exposed = False";
 /// What the listing does with a line, in this order: the head of the listing is written, the
-/// line is numbered, the listing starts anew (at the end of a form's control section; the line
-/// itself is done with then), the line goes on to the keyword chain. Of a line of the head
+/// line is numbered, the listing starts over (at the end of a form's control section, and nothing
+/// more is done with the line), the line goes on to the keyword chain. Of a line of the head
 /// nothing is written.
 struct PassoTesta {
     bool Testa = false;
@@ -55,16 +55,17 @@ struct PassoTesta {
     bool Riparte = false;
     bool operator==(const PassoTesta&) const = default;
 };
-/// One step of the head state, the listing's variant, for Riga as it stands. Sets ContaRighe.
-/// AvanzaInTesta is the part of it in the head; it says whether the head of the listing is due.
+/// The part of AvanzaTestaStruttura in a file's head, StatoTesta below 7: moves StatoTesta and
+/// ContaRighe on and returns whether the head of the listing is due.
 bool AvanzaInTesta(Stato& s);
+/// One step of the head state, the listing's variant, for Riga as it stands.
 inline PassoTesta AvanzaTestaStruttura(Stato& s) {
     if (s.StatoTesta == 7 && s.Riga.size() != FineControlli.size()) [[likely]]
         return {.Codice = true};
     PassoTesta passo;
     if (s.StatoTesta < 7) passo.Testa = AvanzaInTesta(s);
     if (s.StatoTesta != 7) return passo;
-    // The whole line and exactly so: "= True", or a comment behind it, is a line of code.
+    // The whole line, exactly: with "= True", or a comment after it, it is a line of code.
     passo.Riparte = s.Riga == FineControlli;
     passo.Codice = !passo.Riparte;
     return passo;

@@ -36,7 +36,6 @@ struct LineaLetta {
     Vista Trimmata() const noexcept { return {Testo, Lunga}; }
 };
 
-using RigaLetta = LineaLetta; // the old name, for callers not renamed yet
 
 class Canali {
   public:

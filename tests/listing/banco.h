@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // tests/listing/banco.h
 //
-// A project on the double's disk, and a notation for listings that shows what stands where:
+// A project on a fake disk, and a notation for listings that shows columns:
 //   "7|···╔═>For"     line 7: the number field, then the text with its blanks and connectors
 //   "R|7|14|Sub a()"  the five lines of a box whose first line is indented by 14
 //   anything else     as it stands
@@ -87,11 +87,11 @@ inline Testo Sorgente(const std::vector<std::string>& righe) {
 
 struct Banco {
     DiscoFinto Disco;
-    FinestraFinta Casa;
-    Stato S{Disco, Casa};
+    FinestraFinta Fronte;
+    Stato S{Disco, Fronte};
 
     Banco() {
-        Casa.S = &S;
+        Fronte.S = &S;
         CambiaDir1(S, "/p");
     }
 
@@ -115,11 +115,11 @@ struct Banco {
     bool CanaliChiusi() const { return !S.Canale.Aperto(1) && !S.Canale.Aperto(2); }
 };
 
-/// The listing of a form with this source: code from its first line on. A window that does not follow
-/// the margin gets the same.
+/// The listing of a form with this source: code from its first line on. A front end that does not
+/// watch the margin gets the same, from the batch writer.
 inline Testo ListatoDi(Banco& b, const std::vector<std::string>& righe) {
     Banco altro;
-    altro.Casa.Segue = false;
+    altro.Fronte.Segue = false;
     altro.S.Check1 = b.S.Check1;
     altro.S.Text1 = b.S.Text1;
     altro.S.TogliCommenti = b.S.TogliCommenti;
@@ -136,7 +136,7 @@ inline Testo ListatoDi(Banco& b, const std::vector<std::string>& righe) {
     EXPECT_EQ(altro.S.StoriaBlocchi, b.S.StoriaBlocchi);
     EXPECT_EQ(altro.S.ContaRighe, b.S.ContaRighe);
     EXPECT_EQ(altro.S.Progress.Value, b.S.Progress.Value);
-    EXPECT_EQ(altro.Casa.Arresti.size(), b.Casa.Arresti.size());
+    EXPECT_EQ(altro.Fronte.Arresti.size(), b.Fronte.Arresti.size());
     return b.Log("F.log");
 }
 

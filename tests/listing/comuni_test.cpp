@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The common lines drawn many at a time: the same bytes as one by one, whatever the lines are.
+// The batch writer: the same bytes as line by line, whatever the lines are.
 #include <random>
 
 #include "listing/banco.h"
-#include "listing/connettori.h"
+#include "listing/comuni.h"
 
 namespace morvella {
 
@@ -31,7 +31,7 @@ class Caso {
         return riga;
     }
 
-    // Procedures whose blocks close mostly, and now and then do not.
+    // Procedures whose blocks mostly close.
     Testo Modulo(std::size_t righe, std::size_t profonda) {
         Testo bytes;
         const auto metti = [&](const Testo& riga) {
@@ -65,14 +65,14 @@ struct Esito {
 
 Esito Elenca(const Testo& bytes, bool segue, int togliCommenti, bool lf = false) {
     Banco b;
-    b.Casa.Segue = segue;
+    b.Fronte.Segue = segue;
     b.S.TogliCommenti = togliCommenti;
     b.S.Canale.FineRigaLf = lf;
     b.Modulo("F.frm", bytes);
     b.Tutte();
     mnuvorn_Click(b.S);
     Esito esito{b.Log("F.log"), {}, Testo(Vista(b.S.Margine)) + '|' + Testo(Vista(b.S.StoriaBlocchi))};
-    for (const Arresto& a : b.Casa.Arresti)
+    for (const Arresto& a : b.Fronte.Arresti)
         esito.Arresti.push_back(CStr(a.Causa.Numero) + '|' + CStr(a.Riga) + '|' + CStr(a.RigaListato) + '|' +
                                 a.Linea);
     return esito;
@@ -90,7 +90,7 @@ TEST(Comuni, ComeUnaPerUna) {
     }
 }
 
-// Blocks that are full at any place of a line.
+// Buffers that fill up anywhere in a line.
 TEST(Comuni, ABlocchiPieni) {
     for (unsigned seme = 0; seme < 8; ++seme) {
         Caso caso(seme + 1000);
@@ -117,7 +117,7 @@ TEST(Comuni, INumeriFinoAllUltimo) {
     EXPECT_EQ(riga(1000005), "        \xDA\xC4>If a");
 }
 
-// What is done many at a time, and what is left for one by one.
+// What is written as a batch, and what is left for ElencaRiga.
 TEST(Comuni, QuanteInUnaVolta) {
     struct Prova {
         std::vector<const char*> Righe;
@@ -140,7 +140,7 @@ TEST(Comuni, QuanteInUnaVolta) {
         b.S.Punto.MargineSeguito = false;
         b.S.Margine = Space(3);
         b.S.StoriaBlocchi = "00";
-        b.S.Numero = CampoNumero(41);
+        b.S.ContaRighe = 41;
         std::vector<std::string> righe(prova.Righe.begin(), prova.Righe.end());
         b.Disco.Metti("/p/in", Sorgente(righe) + "fine");
         b.S.Canale.OpenInput(1, "\\p\\in");
@@ -157,7 +157,7 @@ TEST(Comuni, QuanteInUnaVolta) {
         b.S.Canale.Close(2);
         const Testo log = b.Log("x.log");
         EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), static_cast<Lungo>(prova.Quante));
-        // Followed by the home, or into a channel that is not open, or from a wide margin: none.
+        // None where the front end watches, from a wide margin, or into a channel that is not open.
         b.S.Canale.OpenOutput(2, "\\p\\Appoggio\\x.log");
         b.S.Punto.MargineSeguito = true;
         EXPECT_EQ(ElencaComuni(b.S, sorgente.Pronte()), 0u);

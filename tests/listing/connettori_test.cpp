@@ -9,7 +9,7 @@ namespace {
 
 using namespace prove;
 
-// The whole of it, in bytes: a form with its control section, then one procedure.
+// Every byte: a form with its control section, then one procedure.
 TEST(Connettori, EsempioBytePerByte) {
     Banco b;
     const Testo avuto = ListatoDi(b, {
@@ -51,7 +51,7 @@ TEST(Connettori, EsempioBytePerByte) {
                          "000011        \xC8\xCD>Next i\r\n"
                          "000012        End Sub\r\n");
     EXPECT_EQ(b.S.Margine, "");
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
 }
 
 struct Caso {
@@ -62,7 +62,7 @@ struct Caso {
 
 // clang-format off
 const Caso Classi[] = {
-    // What opens, then a line that shows the margin behind it.
+    // What opens, then a line that shows the margin after it.
     {"If",       {"If a Then", "x"},        {"1|···┌─>If a Then",       "2|···│··x"}},
     {"#If",      {"#If a Then", "x"},       {"1|···┌─>#If a Then",      "2|···│··x"}},
     {"With",     {"With a", "x"},           {"1|···┌─>With a",          "2|···│··x"}},
@@ -98,7 +98,7 @@ const Caso Classi[] = {
     {"DoEvents",   {"DoEvents", "x"},                 {"1|···DoEvents", "2|···x"}},
     {"a TAB",      {"\tIf a Then", "x"},              {"1|···\tIf a Then", "2|···x"}},
     {"continued",  {"x = y _", "If a Then", "x"},     {"1|···x = y _", "2|···┌─>If a Then", "3|···│··x"}},
-    {"behind :",   {"x = 1: If a Then", "x"},         {"1|···x = 1: If a Then", "2|···x"}},
+    {"after :",   {"x = 1: If a Then", "x"},         {"1|···x = 1: If a Then", "2|···x"}},
     // Bare prefixes act like the keyword.
     {"NextItem",   {"For i = 1 To 2", "NextItem = 2", "x"}, {"1|···╔═>For i = 1 To 2", "2|···╚═>NextItem = 2", "3|···x"}},
     {"LoopCount",  {"Do", "LoopCount = 3", "x"},            {"1|···╔═>Do", "2|···╚═>LoopCount = 3", "3|···x"}},
@@ -140,9 +140,9 @@ const Caso Classi[] = {
     {"Type",             {"Private Type T", "a As Long", "End Type", "x"},
                          {"R|1|14|Private Type T", "2|···a As Long", "3|···End Type", "4|···x"}},
     {"Type in a block",  {"If a Then", "Public Type T", "x"}, {"1|···┌─>If a Then", "R|2|17|Public Type T", "3|···│··x"}},
-    {"Type behind End Sub", {"Sub a()", "End Sub", "Private Type T", "x"},
+    {"Type after End Sub", {"Sub a()", "End Sub", "Private Type T", "x"},
                             {"R|1|14|Sub a()", "2|···End Sub", "R|3|11|Private Type T", "4|x"}},
-    {"Type behind End Function", {"End Function", "Private Type T", "x"},
+    {"Type after End Function", {"End Function", "Private Type T", "x"},
                                  {"1|···End Function", "R|2|14|Private Type T", "3|···x"}},
     {"bare Type",        {"Type T", "x"},                 {"1|···Type T", "2|···x"}},
 };
@@ -152,11 +152,11 @@ TEST(Connettori, OgniClasse) {
     for (const Caso& caso : Classi) {
         Banco b;
         EXPECT_EQ(ListatoDi(b, caso.Righe), Listato(caso.Atteso)) << caso.Che;
-        EXPECT_TRUE(b.Casa.Arresti.empty()) << caso.Che;
+        EXPECT_TRUE(b.Fronte.Arresti.empty()) << caso.Che;
     }
 }
 
-// A head of more than 99 columns runs out through the right side of its box.
+// A head of more than 99 columns runs through the right side of its box.
 TEST(Connettori, TestaLungaEsceDalRiquadro) {
     Banco b;
     const std::string testa = "Private Sub Lunga(" + std::string(150, 'p') + ")";
@@ -164,7 +164,7 @@ TEST(Connettori, TestaLungaEsceDalRiquadro) {
 }
 
 // clang-format off
-// Behind End Sub the margin is empty; behind the other two ends it is not.
+// After End Sub the margin is empty, after the other two ends it is not.
 const Caso DietroEndSub[] = {
     {"a statement",  {"x"},              {"3|x"}},
     {"an empty line",{"", "x"},          {"3|", "4|x"}},
@@ -190,7 +190,7 @@ TEST(Connettori, DietroEndSub) {
         std::vector<std::string> atteso = {"R|1|14|Sub a()", "2|···End Sub"};
         atteso.insert(atteso.end(), caso.Atteso.begin(), caso.Atteso.end());
         EXPECT_EQ(ListatoDi(b, righe), Listato(atteso)) << caso.Che;
-        EXPECT_TRUE(b.Casa.Arresti.empty()) << caso.Che;
+        EXPECT_TRUE(b.Fronte.Arresti.empty()) << caso.Che;
     }
 }
 
@@ -198,8 +198,8 @@ constexpr const char* SenzaMargine[] = {"Else",           "ElseIf b Then", "End 
                                         "#ElseIf b Then", "#End If",       "Next",        "Case 1",
                                         "End Select",     "Loop",          "NextItem = 2"};
 
-// A closing or middle line there ends the run, without a word to the user; everything stays as
-// it stood at that moment.
+// A closing or middle line there ends the run, without a word to the user; everything stays as it
+// was at that moment.
 TEST(Connettori, ErroreCinqueDietroEndSub) {
     for (const char* linea : SenzaMargine) {
         Banco b;
@@ -221,10 +221,10 @@ TEST(Connettori, ErroreCinqueDietroEndSub) {
         EXPECT_EQ(b.S.Progress.Value, 5);
         EXPECT_EQ(b.S.ProgressBar1.Max, 3);
         EXPECT_EQ(b.S.ProgressBar1.Value, 1);
-        EXPECT_TRUE(b.Casa.Box_.empty());
-        EXPECT_EQ(b.Casa.Beeps, 0);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1U) << linea;
-        const Arresto& arresto = b.Casa.Arresti[0];
+        EXPECT_TRUE(b.Fronte.Box_.empty());
+        EXPECT_EQ(b.Fronte.Beeps, 0);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1U) << linea;
+        const Arresto& arresto = b.Fronte.Arresti[0];
         EXPECT_EQ(arresto.Motore, "mnuvorn_Click");
         EXPECT_EQ(arresto.Causa.Numero, 5);
         EXPECT_EQ(arresto.Voce, 0);
@@ -232,7 +232,7 @@ TEST(Connettori, ErroreCinqueDietroEndSub) {
         EXPECT_EQ(arresto.RigaListato, 3);
         EXPECT_EQ(arresto.Linea, linea);
 
-        mnuvorn_Click(b.S); // the user gives the command again: on behind the row that failed
+        mnuvorn_Click(b.S); // the user gives the command again: on after the row that failed
         EXPECT_EQ(b.Log("B.log"), Listato({"1|···x"}));
         EXPECT_TRUE(b.Fatto("C.log"));
         EXPECT_EQ(b.Selezione(), "000");
@@ -245,7 +245,7 @@ TEST(Connettori, DietroEndFunctionNonFerma) {
         for (const char* linea : SenzaMargine) {
             Banco b;
             const Testo avuto = ListatoDi(b, {fine, linea, "x"});
-            EXPECT_TRUE(b.Casa.Arresti.empty()) << fine << ' ' << linea;
+            EXPECT_TRUE(b.Fronte.Arresti.empty()) << fine << ' ' << linea;
             EXPECT_EQ(std::count(avuto.begin(), avuto.end(), '\n'), 3) << fine << ' ' << linea;
         }
 }
@@ -294,7 +294,7 @@ TEST(Chiusura, ProvaEBarre) {
     for (const Caso& caso : Chiusure) {
         Banco b;
         EXPECT_EQ(ListatoDi(b, caso.Righe), Listato(caso.Atteso)) << caso.Che;
-        EXPECT_TRUE(b.Casa.Arresti.empty()) << caso.Che;
+        EXPECT_TRUE(b.Fronte.Arresti.empty()) << caso.Che;
     }
 }
 
@@ -460,7 +460,7 @@ TEST(Connettori, OltreSeiCifre) {
     EXPECT_EQ(b.S.TotaleRighe, 1000003);
 }
 
-// The engine tells each move of its margin; a form's listing counts from behind its control
+// The engine tells each move of its margin; a form's listing counts from after its control
 // section, the file does not.
 TEST(Connettori, DiceOgniMossa) {
     Banco b;
@@ -488,7 +488,7 @@ TEST(Connettori, DiceOgniMossa) {
         {PassoMargine::Fine, 14, 12, 3, "End Function"},
     };
     std::vector<Mossa> avute;
-    for (const auto& passo : b.Casa.Passi) {
+    for (const auto& passo : b.Fronte.Passi) {
         EXPECT_EQ(passo.Come.Voce, 0);
         avute.push_back(
             {passo.Come.Che, passo.Come.Riga, passo.Come.RigaListato, passo.Come.Larghezza, passo.Linea});

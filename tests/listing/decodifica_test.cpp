@@ -60,7 +60,7 @@ const std::vector<Caso>& Casi() {
         {n, num},
         {n + "   ", num + "S[   ]"},
         {n + "   x = 1", num + "S[   x = 1]"},
-        {n + "x = 1", num + "S[x = 1]"}, // behind an End Sub
+        {n + "x = 1", num + "S[x = 1]"}, // after an End Sub
         // Every connector, at the first column and deeper.
         {n + DaGlifi("···┌─>If a"),   num + "S[   ]C[┌─>]S[If a]"},
         {n + DaGlifi("···├─>Else"),   num + "S[   ]C[├─>]S[Else]"},
@@ -131,7 +131,7 @@ const std::vector<Caso>& Casi() {
         {n + "   \xDA\xCD> x", num + "S[   ÚÍ> x]"}, // a single corner has a single stroke
         {n + "   \xC9\xC4> x", num + "S[   ÉÄ> x]"},
         {n + "   \xC8t\xE9 = \xB3", num + "S[   Èté = ³]"},
-        {n + DaGlifi("···┌─>If ") + "\xB3  x", num + "S[   ]C[┌─>]S[If ³  x]"}, // behind a connector all is text
+        {n + DaGlifi("···┌─>If ") + "\xB3  x", num + "S[   ]C[┌─>]S[If ³  x]"}, // after a connector all is text
         {n + DaGlifi("···└─>End If") + "\xDA\xC4>", num + "S[   ]C[└─>]S[End IfÚÄ>]"},
         // A connector in front of a statement that it does not belong to is letters of the text.
         {n + DaGlifi("···┌─>") + "\xB3  x", num + "S[   ÚÄ>³  x]"},
@@ -155,7 +155,7 @@ TEST(Decodifica, OgniForma) {
     for (const Caso& caso : Casi()) EXPECT_EQ(Parti(caso.Riga), caso.Parti);
 }
 
-// Cutting a line anywhere, or any bytes at all, gives something to show and nothing that acts.
+// A line cut anywhere, or any bytes at all, can be shown and sends the terminal no command.
 TEST(Decodifica, OgniTaglioEdOgniByte) {
     std::mt19937 caso(7);
     const auto guarda = [](Vista riga) {
@@ -177,8 +177,8 @@ TEST(Decodifica, OgniTaglioEdOgniByte) {
     }
 }
 
-// What the engine drew is what is read: for a line that is not a box or the error line, the
-// margin stands in front of the source's text, whose length is known.
+// What the engine drew is what is read: but for a box and the error line, the margin precedes the
+// source's text, whose length is known.
 TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
     static constexpr const char* Pezzi[] = {
         "If a Then",
@@ -238,7 +238,7 @@ TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
         b.Modulo("F.frm", Sorgente(righe));
         b.Tutte();
         mnuvorn_Click(b.S);
-        ASSERT_TRUE(b.Casa.Arresti.empty());
+        ASSERT_TRUE(b.Fronte.Arresti.empty());
 
         const Testo log = b.Log("F.log");
         std::size_t da = 0;
@@ -262,8 +262,7 @@ TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
     }
 }
 
-// A slice is a stretch before it is made a text: the same kinds, the line without gaps, and a
-// character for each byte.
+// A slice is a run before its text is built: the same kinds, no gaps, one character a byte.
 TEST(Decodifica, LeFetteSonoGliStessiTratti) {
     std::vector<Porzione> fette = {{Tratto::Errore, 3, 4}};
     std::vector<Tratto> tratti;
@@ -298,8 +297,8 @@ TEST(Decodifica, LeFetteSonoGliStessiTratti) {
     }
 }
 
-// The same bytes stand for a column and for a text that begins like one, and the column it is: only
-// the byte and two blanks at the very begin are taken so.
+// A text that begins like a column reads as a column: the bytes are the same. Only the byte and two
+// blanks at the very beginning do.
 TEST(Decodifica, UnTestoComeUnaColonna) {
     EXPECT_EQ(Parti("000007        \xB3  For i"), "N[000007     ]S[   ]C[│  ]S[For i]");
     EXPECT_EQ(Parti("000007        \xBA  x"), "N[000007     ]S[   ]L[║  ]S[x]");

@@ -57,18 +57,18 @@ TEST(Guasti, OgniChiamataOgniNumero) {
             for (const auto& [percorso, bytes] : Sorgenti())
                 EXPECT_EQ(b.Disco.Leggi(percorso), bytes) << dove;
             EXPECT_TRUE(b.CanaliChiusi()) << dove;
-            EXPECT_TRUE(b.Casa.Box_.empty()) << dove;
-            if (b.Casa.Arresti.empty()) {
+            EXPECT_TRUE(b.Fronte.Box_.empty()) << dove;
+            if (b.Fronte.Arresti.empty()) {
                 EXPECT_EQ(b.Selezione(), "000") << dove;
                 EXPECT_FALSE(b.S.ProgressBar1.Visible) << dove;
             } else {
                 ++fermate;
-                EXPECT_LE(b.Casa.Arresti.size(), 2U) << dove; // a close that fails tells itself
+                EXPECT_LE(b.Fronte.Arresti.size(), 2U) << dove; // a close that fails tells itself
             }
             b.Tutte();
-            b.Casa.Arresti.clear();
+            b.Fronte.Arresti.clear();
             mnuvorn_Click(b.S);
-            EXPECT_TRUE(b.Casa.Arresti.empty()) << dove;
+            EXPECT_TRUE(b.Fronte.Arresti.empty()) << dove;
             EXPECT_EQ(Listati(b), atteso) << dove;
         }
     EXPECT_GT(fermate, chiamate);
@@ -99,7 +99,7 @@ struct Caso {
 };
 // clang-format off
 const Caso Casi[] = {
-    // 55 goes on behind the statement: an opening that failed so shows at the next use, as 52.
+    // 55 goes on after the statement: an opening that failed so shows at the next use, as 52.
     {"ApriLettura",   "A.cls", 55, 1, 52, "011"},
     {"ApriScrittura", "A.log", 55, 1, 52, "011"},
     {"ApriScrittura", "B.log", 55, 1, 52, "000"},
@@ -128,24 +128,23 @@ TEST(Guasti, SecondoIlNumero) {
         Prepara(b);
         b.Disco.Fallisci(caso.Operazione, caso.Fine, caso.Numero, caso.Volte);
         mnuvorn_Click(b.S);
-        EXPECT_EQ(b.Casa.Arresti.size(), caso.Causa ? 1U : 0U) << che;
-        if (caso.Causa && !b.Casa.Arresti.empty()) {
-            EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, caso.Causa) << che;
+        EXPECT_EQ(b.Fronte.Arresti.size(), caso.Causa ? 1U : 0U) << che;
+        if (caso.Causa && !b.Fronte.Arresti.empty()) {
+            EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, caso.Causa) << che;
         }
         EXPECT_EQ(b.Selezione(), caso.Selezione) << che;
     }
 }
 
-// A source in a directory that is not there is tried again and again by the reference; here the
-// run ends when the repair changes nothing any more.
+// A source in a missing directory is 76 at every try: the run ends once the repair changes nothing.
 TEST(Guasti, SorgenteInDirectoryMancante) {
     Banco b;
     b.S.File1.AddItem("nulla\\A.frm");
     b.Modulo("Z.frm", "x\r\n");
     b.Tutte();
     mnuvorn_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 76);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 76);
     EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\A.log");
     EXPECT_EQ(b.Selezione(), "01");
 }
@@ -160,8 +159,8 @@ TEST(Guasti, DiscoPieno) {
     b.Disco.FaiDirectory("/p/Appoggio");
     b.Disco.SpazioLibero = 150000;
     mnuvorn_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 61);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 61);
     const Testo log = b.Log("A.log");
     EXPECT_EQ(log.size(), 150000U);
     EXPECT_EQ(log.substr(0, 42), "000001        x = 1\r\n000002        x = 1\r\n");
@@ -179,8 +178,8 @@ TEST(Guasti, LaParteScrittaResta) {
         if (++letture == 5) b.Disco.Fallisci("Leggi", "A.frm", 57, 1); // in the second pass
     };
     mnuvorn_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 57);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 57);
     const Testo log = b.Log("A.log");
     ASSERT_GT(log.size(), 100000U);
     EXPECT_EQ(log.size() % 21, 0U); // whole lines

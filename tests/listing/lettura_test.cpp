@@ -21,20 +21,20 @@ TEST(Lettura, NienteSelezionato) {
     ConListato(b, "A.frm", "A.log");
     b.S.FileUscita = "prima";
     mnuLettura_Click(b.S);
-    ASSERT_EQ(b.Casa.Box_.size(), 1U);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto, "Per visualizzare l'Identazione in maniera ottimizzata\r"
-                                      "Selezionare il carattere TERMINAL - Normale");
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 64);
-    EXPECT_EQ(b.Casa.Box_[0].Titolo, "Lettura Ottimizzata");
+    ASSERT_EQ(b.Fronte.Box_.size(), 1U);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto, "Per visualizzare l'Identazione in maniera ottimizzata\r"
+                                        "Selezionare il carattere TERMINAL - Normale");
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 64);
+    EXPECT_EQ(b.Fronte.Box_[0].Titolo, "Lettura Ottimizzata");
     EXPECT_EQ(b.S.FileUscita, "");
-    EXPECT_TRUE(b.Casa.Processi.empty());
+    EXPECT_TRUE(b.Fronte.Processi.empty());
     EXPECT_EQ(b.Log("A.log"), "di prima");
 }
 
 TEST(Lettura, ListaVuota) {
     Banco b;
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 1U);
+    EXPECT_EQ(b.Fronte.Box_.size(), 1U);
     EXPECT_FALSE(b.Disco.Esiste("/p/Appoggio"));
 }
 
@@ -47,10 +47,10 @@ TEST(Lettura, TutteCiSono) {
     b.S.File1.Segna(0, true);
     b.S.File1.Segna(1, true);
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 1U);
-    EXPECT_EQ(b.Casa.Processi,
+    EXPECT_EQ(b.Fronte.Box_.size(), 1U);
+    EXPECT_EQ(b.Fronte.Processi,
               (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\A.Log", "Notepad.exe \\p\\Appoggio\\B.Log"}));
-    EXPECT_EQ(b.Casa.StileProcesso, 3);
+    EXPECT_EQ(b.Fronte.StileProcesso, 3);
     EXPECT_EQ(b.Selezione(), "110");
     EXPECT_EQ(b.Log("A.log"), "di prima");
     EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\B.Log");
@@ -62,8 +62,8 @@ TEST(Lettura, LaPrimaManca) {
     ConListato(b, "B.frm", "B.log");
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 2U);
-    EXPECT_TRUE(b.Casa.Processi.empty());
+    EXPECT_EQ(b.Fronte.Box_.size(), 2U);
+    EXPECT_TRUE(b.Fronte.Processi.empty());
     EXPECT_EQ(b.Log("A.log"), Listato({"1|···x"}));
     EXPECT_EQ(b.Log("B.log"), Listato({"1|···x"})); // all that is selected is listed anew
     EXPECT_EQ(b.Selezione(), "00");
@@ -71,8 +71,8 @@ TEST(Lettura, LaPrimaManca) {
 
     b.Tutte(); // chosen once more they open
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 3U);
-    EXPECT_EQ(b.Casa.Processi.size(), 2U);
+    EXPECT_EQ(b.Fronte.Box_.size(), 3U);
+    EXPECT_EQ(b.Fronte.Processi.size(), 2U);
 }
 
 TEST(Lettura, LaSecondaManca) {
@@ -82,27 +82,27 @@ TEST(Lettura, LaSecondaManca) {
     ConListato(b, "C.frm", "C.log");
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 2U);
-    EXPECT_EQ(b.Casa.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\A.Log"}));
+    EXPECT_EQ(b.Fronte.Box_.size(), 2U);
+    EXPECT_EQ(b.Fronte.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\A.Log"}));
     EXPECT_TRUE(b.Fatto("B.log"));
 }
 
 TEST(Lettura, RigaConDirectory) {
-    Banco b; // the listing lies flat and is sought below the folder: always the fallback
+    Banco b; // the listing is flat and is sought below the folder: always the fallback
     b.Modulo("sub\\A.frm", Intera);
     for (int volta = 1; volta <= 2; ++volta) {
         b.Tutte();
         mnuLettura_Click(b.S);
-        EXPECT_EQ(b.Casa.Box_.size(), static_cast<std::size_t>(2 * volta));
+        EXPECT_EQ(b.Fronte.Box_.size(), static_cast<std::size_t>(2 * volta));
         EXPECT_TRUE(b.Fatto("A.log"));
-        EXPECT_TRUE(b.Casa.Processi.empty());
+        EXPECT_TRUE(b.Fronte.Processi.empty());
     }
     b.Disco.FaiDirectory("/p/Appoggio/sub"); // with the folder it is found
     b.Tutte();
     mnuLettura_Click(b.S);
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\sub\\A.Log"}));
+    EXPECT_EQ(b.Fronte.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\sub\\A.Log"}));
 }
 
 // A listing run that stops leaves rows selected: the next visit looks at those.
@@ -113,12 +113,12 @@ TEST(Lettura, CorsaFermata) {
     b.Modulo("C.frm", Intera);
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 3U);
-    EXPECT_EQ(b.Casa.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\B.Log"}));
+    EXPECT_EQ(b.Fronte.Box_.size(), 3U);
+    EXPECT_EQ(b.Fronte.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\B.Log"}));
     EXPECT_TRUE(b.Fatto("C.log"));
     EXPECT_EQ(b.Selezione(), "000");
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Motore, "mnuvorn_Click");
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Motore, "mnuvorn_Click");
 }
 
 // Each visit deselects at least the row that failed: as many visits as rows, and one.
@@ -127,8 +127,8 @@ TEST(Lettura, TutteFalliscono) {
     for (const char* riga : {"A.frm", "B.frm", "C.frm", "D.frm"}) b.Modulo(riga, std::nullopt);
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 5U);
-    EXPECT_EQ(b.Casa.Arresti.size(), 4U);
+    EXPECT_EQ(b.Fronte.Box_.size(), 5U);
+    EXPECT_EQ(b.Fronte.Arresti.size(), 4U);
     EXPECT_EQ(b.Selezione(), "0000");
 }
 
@@ -140,12 +140,12 @@ TEST(Lettura, SenzaDirectoryDiLavoro) {
     b.Modulo("B.frm", Intera);
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Box_.size(), 3U);
-    EXPECT_EQ(b.Casa.Arresti.size(), 2U);
-    EXPECT_TRUE(b.Casa.Processi.empty());
+    EXPECT_EQ(b.Fronte.Box_.size(), 3U);
+    EXPECT_EQ(b.Fronte.Arresti.size(), 2U);
+    EXPECT_TRUE(b.Fronte.Processi.empty());
 }
 
-// A window that selects a row again while the run is on would keep it up for ever.
+// A front end that selects a row again during the run would keep it going for ever.
 struct FinestraCocciuta : FinestraFinta {
     Stato* Tutto = nullptr;
     void MotoreFermato(const Arresto& arresto) override {
@@ -157,18 +157,18 @@ struct FinestraCocciuta : FinestraFinta {
 
 TEST(Lettura, NonGiraPerSempre) {
     DiscoFinto disco;
-    FinestraCocciuta casa;
-    Stato s(disco, casa);
-    casa.Tutto = &s;
+    FinestraCocciuta fronte;
+    Stato s(disco, fronte);
+    fronte.Tutto = &s;
     CambiaDir1(s, "/p");
     s.File1.AddItem("A.frm");
     SelezionaFile1(s, 0, true);
     ASSERT_NO_THROW(mnuLettura_Click(s));
-    ASSERT_GE(casa.Arresti.size(), 2U);
-    EXPECT_EQ(casa.Arresti.back().Motore, "mnuLettura_Click");
-    EXPECT_EQ(casa.Arresti.back().Causa.Numero, 53);
-    EXPECT_EQ(LCase(casa.Arresti.back().Causa.File), "\\p\\appoggio\\a.log");
-    EXPECT_TRUE(casa.Processi.empty());
+    ASSERT_GE(fronte.Arresti.size(), 2U);
+    EXPECT_EQ(fronte.Arresti.back().Motore, "mnuLettura_Click");
+    EXPECT_EQ(fronte.Arresti.back().Causa.Numero, 53);
+    EXPECT_EQ(LCase(fronte.Arresti.back().Causa.File), "\\p\\appoggio\\a.log");
+    EXPECT_TRUE(fronte.Processi.empty());
 }
 
 TEST(Lettura, PercorsoCorto) {
@@ -186,12 +186,12 @@ TEST(Lettura, PercorsoCorto) {
         b.Tutte();
         mnuLettura_Click(b.S);
         if (caso.Apre) {
-            EXPECT_EQ(b.Casa.Processi, (std::vector<Testo>{"Notepad.exe \\S\\" + nome})) << caso.Lungo;
-            EXPECT_EQ(b.Casa.Box_.size(), 1U);
+            EXPECT_EQ(b.Fronte.Processi, (std::vector<Testo>{"Notepad.exe \\S\\" + nome})) << caso.Lungo;
+            EXPECT_EQ(b.Fronte.Box_.size(), 1U);
             EXPECT_EQ(b.Log("A.log"), "di prima");
         } else { // cut, and so not found: listed again, and not shown
-            EXPECT_TRUE(b.Casa.Processi.empty()) << caso.Lungo;
-            EXPECT_EQ(b.Casa.Box_.size(), 2U);
+            EXPECT_TRUE(b.Fronte.Processi.empty()) << caso.Lungo;
+            EXPECT_EQ(b.Fronte.Box_.size(), 2U);
             EXPECT_EQ(b.Log("A.log"), Listato({"1|···x"}));
         }
     }
@@ -205,7 +205,7 @@ TEST(Lettura, SenzaFormaCorta) {
     b.Disco.PercorsiCorti["/altro"] = "\\A";
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_EQ(b.Casa.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\" + lungo + ".Log"}));
+    EXPECT_EQ(b.Fronte.Processi, (std::vector<Testo>{"Notepad.exe \\p\\Appoggio\\" + lungo + ".Log"}));
 }
 
 TEST(Lettura, RigaTroppoCorta) {
@@ -219,7 +219,7 @@ TEST(Lettura, RigaTroppoCorta) {
     } catch (const Errore& e) {
         EXPECT_EQ(e.Numero, 5);
     }
-    EXPECT_EQ(b.Casa.Box_.size(), 2U);
+    EXPECT_EQ(b.Fronte.Box_.size(), 2U);
 }
 
 struct FinestraSenzaLettore : FinestraFinta {
@@ -228,8 +228,8 @@ struct FinestraSenzaLettore : FinestraFinta {
 
 TEST(Lettura, SenzaLettoreEUnErroreFinale) {
     DiscoFinto disco;
-    FinestraSenzaLettore casa;
-    Stato s(disco, casa);
+    FinestraSenzaLettore fronte;
+    Stato s(disco, fronte);
     CambiaDir1(s, "/p");
     disco.Metti("/p/Appoggio/A.log", "di prima");
     s.File1.AddItem("A.frm");
@@ -240,7 +240,7 @@ TEST(Lettura, SenzaLettoreEUnErroreFinale) {
     } catch (const Errore& e) {
         EXPECT_EQ(e.Numero, 53);
     }
-    EXPECT_TRUE(casa.Arresti.empty()); // no handler stands here: nothing to tell
+    EXPECT_TRUE(fronte.Arresti.empty()); // no handler stands here: nothing to tell
     EXPECT_EQ(disco.Leggi("/p/Appoggio/A.log"), "di prima");
 }
 
@@ -251,10 +251,10 @@ TEST(Lettura, UnaDirectoryNonELaStruttura) {
     b.Disco.FaiDirectory("/p/Appoggio/A.log");
     b.Tutte();
     mnuLettura_Click(b.S);
-    EXPECT_TRUE(b.Casa.Processi.empty());
-    EXPECT_EQ(b.Casa.Box_.size(), 2U);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 75);
+    EXPECT_TRUE(b.Fronte.Processi.empty());
+    EXPECT_EQ(b.Fronte.Box_.size(), 2U);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 75);
 }
 
 } // namespace

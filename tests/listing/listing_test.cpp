@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The run over the rows: number field, head of the listing, restart, what goes over from one
+// The run over the rows: number field, head of the listing, restart, what carries over from one
 // file to the next, bars and label.
 #include "comandi/comandi.h"
 #include "listing/banco.h"
@@ -62,7 +62,7 @@ struct File {
 };
 const File PerFile[] = {
     {"form", "M.frm", {"VERSION 5.00", "Begin VB.Form M", "End", "Attribute VB_Name = \"M\"", Exposed, "x"}, 0, false, false, {"1|···x"}},
-    {"form behind a form", "M.frm", {"VERSION 5.00", Exposed, "x"}, 7, false, false, {"1|···x"}},
+    {"form after a form", "M.frm", {"VERSION 5.00", Exposed, "x"}, 7, false, false, {"1|···x"}},
     {"form in capitals", "M.FRM", {"VERSION 5.00", Exposed, "x"}, 0, false, false, {"1|···x"}},
     {"form without the exact line", "M.frm", {"VERSION 5.00", "Attribute VB_Exposed = True", "x"}, 0, false, false,
         {"1|···VERSION 5.00", "2|···Attribute VB_Exposed = True", "3|···x"}},
@@ -90,22 +90,22 @@ const File PerFile[] = {
     {"bas at 0, option on, two Attributes", "M.bas", {"Attribute a", "Attribute b", "x"}, 0, true, false, {}},
     {"form, option on", "M.frm", {"VERSION 5.00", Exposed, "x"}, 0, true, false, {"1|···x"}},
     {"option in lower case", "M.bas", {"a", "b", "option explicit", "x"}, 0, false, false, {"3|···option explicit", "4|···x"}},
-    {"behind an Attribute the count starts there", "M.bas", {"a", "Attribute b", "option c", "x"}, 0, false, false, {"1|···option c", "2|···x"}},
+    {"after an Attribute the count starts there", "M.bas", {"a", "Attribute b", "option c", "x"}, 0, false, false, {"1|···option c", "2|···x"}},
     {"optional, too", "M.bas", {"optional", "x"}, 0, false, false, {"1|···optional", "2|···x"}},
     {"Option with a capital", "M.bas", {"Option Explicit", "x"}, 0, false, false, {}},
     {"attribute in lower case at 7", "M.frm", {"attribute vb_exposed = false", "x"}, 0, false, false, {"1|···attribute vb_exposed = false", "2|···x"}},
     {"other spacing", "M.frm", {"Attribute VB_Exposed  = False", "x"}, 0, false, false, {"1|···Attribute VB_Exposed  = False", "2|···x"}},
     {"with a comment", "M.frm", {"Attribute VB_Exposed = False 'c", "x"}, 0, false, false, {"1|···Attribute VB_Exposed = False 'c", "2|···x"}},
     {"indented it is trimmed", "M.frm", {"a", "   Attribute VB_Exposed = False  ", "x"}, 0, false, false, {"1|···x"}},
-    {"behind a TAB", "M.frm", {"\tAttribute VB_Exposed = False", "x"}, 0, false, false, {"1|···\tAttribute VB_Exposed = False", "2|···x"}},
+    {"after a TAB", "M.frm", {"\tAttribute VB_Exposed = False", "x"}, 0, false, false, {"1|···\tAttribute VB_Exposed = False", "2|···x"}},
     {"twice", "M.frm", {"a", Exposed, "b", Exposed, "x"}, 0, false, false, {"1|···x"}},
-    {"nothing behind it", "M.frm", {"a", Exposed}, 0, false, false, {}},
+    {"nothing after it", "M.frm", {"a", Exposed}, 0, false, false, {}},
     {"empty", "M.bas", {}, 0, false, false, {}},
     {"empty at 7", "M.bas", {}, 7, false, false, {}},
 };
 // clang-format on
 
-// Each file alone, or behind a form, whose name comes first.
+// Each file alone, or after a form, whose name comes first.
 TEST(PerFile, TestaECodice) {
     for (const File& caso : PerFile) {
         Banco b;
@@ -115,9 +115,9 @@ TEST(PerFile, TestaECodice) {
         b.Tutte();
         mnuvorn_Click(b.S);
         EXPECT_EQ(b.Log("M.log"), (caso.ConTesta ? Testa() : Testo()) + Listato(caso.Atteso)) << caso.Che;
-        EXPECT_TRUE(b.Casa.Arresti.empty()) << caso.Che;
-        EXPECT_EQ(b.Casa.Scritti.back(), Testo(caso.Prima == 7 ? "1" : "0") + "|\\p\\Appoggio\\M.log|" +
-                                             CStr(static_cast<long long>(caso.Righe.size())))
+        EXPECT_TRUE(b.Fronte.Arresti.empty()) << caso.Che;
+        EXPECT_EQ(b.Fronte.Scritti.back(), Testo(caso.Prima == 7 ? "1" : "0") + "|\\p\\Appoggio\\M.log|" +
+                                               CStr(static_cast<long long>(caso.Righe.size())))
             << caso.Che;
     }
 }
@@ -132,7 +132,7 @@ TEST(PerFile, UltimaRigaConOgniFine) {
     }
 }
 
-// Bytes of all kinds go over as they are; a lone CR ends a line, a lone LF does not.
+// Bytes of all kinds are copied as they are; a lone CR ends a line, a lone LF does not.
 TEST(PerFile, ByteDiOgniGenere) {
     Banco b;
     b.Modulo("F.frm", Testo("a\rb\nc\r\n") + "\xB3\xC4 \xE8" + Testo(1, '\0') + "\x1A\r\n");
@@ -209,7 +209,7 @@ TEST(Riparti, TestoDIntestazione) {
         Banco b;
         b.S.Check1 = caso.Check1;
         b.S.Text1 = caso.Text1;
-        // A second restart throws the first text away with the rest, and writes it again.
+        // A second restart drops the first text with the rest, and writes it again.
         b.Modulo("F.frm", Sorgente({"a", Exposed, "x"}));
         b.Modulo("G.frm", Sorgente({"a", Exposed, "b", Exposed, "x"}));
         b.Modulo("H.frm", Sorgente({"x"})); // no restart, no text
@@ -272,7 +272,7 @@ TEST(Corsa, BasPrimaEDopoUnForm) {
     EXPECT_EQ(b.Log("M.log"), Listato({"1|···y"})); // not selected, not touched
 }
 
-// Only the selected rows carry the state on: a form that is not selected lifts nothing.
+// Only selected rows carry the state on: a form that is not selected changes nothing.
 TEST(Corsa, UnFormNonSelezionatoNonConta) {
     Banco b;
     b.Modulo("A.frm", "x\r\n");
@@ -283,7 +283,7 @@ TEST(Corsa, UnFormNonSelezionatoNonConta) {
     EXPECT_FALSE(b.Fatto("A.log"));
 }
 
-// The count of Attribute lines goes over too: each module of a project without forms brings one,
+// The count of Attribute lines carries over too: each module of a project without forms brings one,
 // and the fifth gets the head that is meant for a class.
 TEST(Corsa, IlQuintoModulo) {
     Banco b;
@@ -304,12 +304,12 @@ TEST(Corsa, NienteSelezionato) {
     mnuvorn_Click(b.S);
     EXPECT_EQ(b.Log("A.log"), "di prima");
     EXPECT_EQ(b.S.Label2, "");
-    EXPECT_EQ(b.Casa.Etichette, (std::vector<Testo>{""}));
+    EXPECT_EQ(b.Fronte.Etichette, (std::vector<Testo>{""}));
     EXPECT_EQ(b.S.DirAppoggio, "\\p\\Appoggio");
     EXPECT_FALSE(b.S.ProgressBar1.Visible || b.S.Progress.Visible);
     EXPECT_EQ(b.S.ProgressBar1.Value, 0);
     EXPECT_EQ(b.S.ProgressBar1.Max, 1);
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 TEST(Corsa, ListaVuota) {
@@ -318,7 +318,7 @@ TEST(Corsa, ListaVuota) {
     EXPECT_EQ(b.S.ProgressBar1.Max, 0);
     EXPECT_TRUE(b.Disco.Esiste("/p/Appoggio/OK.LOG"));
     EXPECT_EQ(b.Disco.TuttiIFile().size(), 1U);
-    EXPECT_TRUE(b.Casa.Box_.empty() && b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty() && b.Fronte.Arresti.empty());
 }
 
 TEST(Corsa, FileVuoto) {
@@ -355,7 +355,7 @@ TEST(Corsa, LaStessaRigaDueVolte) {
     b.Tutte();
     mnuvorn_Click(b.S);
     EXPECT_EQ(b.Log("A.log"), Listato({"1|···option x", "2|···y"}));
-    EXPECT_EQ(b.Casa.Scritti.size(), 2U);
+    EXPECT_EQ(b.Fronte.Scritti.size(), 2U);
 }
 
 // The ending is cut by four bytes, whatever it is.
@@ -387,7 +387,7 @@ TEST(Corsa, RigheConDirectory) {
     EXPECT_EQ(b.Log("C.log"), Listato({"1|···c"}));
     EXPECT_FALSE(b.Fatto("B.log"));
     EXPECT_FALSE(b.Disco.Esiste("/lib/C.log"));
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
 }
 
 // "..\lib" from the work directory is p\lib: where that exists, the listing lands there.
@@ -402,7 +402,7 @@ TEST(Corsa, RigaCheEsceDallaDirectory) {
     EXPECT_FALSE(b.Fatto("C.log"));
 }
 
-// A restart behind the repair opens the repaired name.
+// A restart after the repair opens the repaired name.
 TEST(Riparti, DietroLaRiparazione) {
     Banco b;
     b.S.Check1 = 1;
@@ -442,7 +442,7 @@ TEST(Corsa, PrimaDiLeggere) {
     ASSERT_GE(viste.size(), 4U);
     EXPECT_EQ(viste.front(), "/p/A.frm|\\p\\A.frm|01");
     EXPECT_EQ(viste.back(), "/p/B.frm|\\p\\B.frm|00");
-    EXPECT_EQ(b.Casa.Etichette, (std::vector<Testo>{"\\p\\A.frm", "\\p\\B.frm", ""}));
+    EXPECT_EQ(b.Fronte.Etichette, (std::vector<Testo>{"\\p\\A.frm", "\\p\\B.frm", ""}));
 }
 
 // A source that cannot be opened never reaches Label2, and its row is deselected all the same.
@@ -453,10 +453,10 @@ TEST(Corsa, SorgenteMancante) {
     b.Modulo("C.frm", "x\r\n");
     b.Tutte();
     mnuvorn_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 53);
-    EXPECT_EQ(b.Casa.Arresti[0].Voce, 1);
-    EXPECT_EQ(b.Casa.Arresti[0].Riga, 0);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 53);
+    EXPECT_EQ(b.Fronte.Arresti[0].Voce, 1);
+    EXPECT_EQ(b.Fronte.Arresti[0].Riga, 0);
     EXPECT_EQ(b.S.Label2, "\\p\\A.frm");
     EXPECT_EQ(b.Selezione(), "001");
     EXPECT_TRUE(b.Fatto("A.log"));
@@ -474,15 +474,14 @@ TEST(Corsa, RigaTroppoCorta) {
         b.S.File1.AddItem(riga);
         b.Tutte();
         mnuvorn_Click(b.S);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1U) << riga;
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 5);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1U) << riga;
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 5);
         EXPECT_EQ(b.Selezione(), "01");
         EXPECT_FALSE(b.Fatto("zzz.log"));
     }
 }
 
-// A row "A.frm" and a source A.log beside it: the listing of A would be the source of nothing,
-// but a row "Appoggio\A.log" names it as one, and sources are never written.
+// A row "Appoggio\A.log" makes the listing of A.frm a source, and sources are never written.
 TEST(Corsa, MaiSopraUnSorgente) {
     Banco b;
     b.Modulo("A.frm", "x\r\n");
@@ -490,8 +489,8 @@ TEST(Corsa, MaiSopraUnSorgente) {
     b.Tutte();
     mnuvorn_Click(b.S);
     EXPECT_EQ(b.Log("A.log"), "Attribute a\r\n");
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 70);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 70);
 }
 
 // Keeps what each repainting of a bar showed.
@@ -507,9 +506,9 @@ struct FinestraBarre : FinestraFinta {
 
 TEST(Corsa, Barre) {
     DiscoFinto disco;
-    FinestraBarre casa;
-    Stato s(disco, casa);
-    casa.Tutto = &s;
+    FinestraBarre fronte;
+    Stato s(disco, fronte);
+    fronte.Tutto = &s;
     CambiaDir1(s, "/p");
     disco.Metti("/p/B.frm", "a\r\nb\r\n");
     for (const char* riga : {"A.frm", "B.frm", "C.frm"}) s.File1.AddItem(riga);
@@ -517,14 +516,14 @@ TEST(Corsa, Barre) {
     s.ProgressBar1.Value = 5; // as a rewriter's run leaves it
     s.ProgressBar1.Max = 5;
     mnuvorn_Click(s);
-    EXPECT_EQ(casa.Viste,
+    EXPECT_EQ(fronte.Viste,
               (std::vector<std::string>{"file 5/3 no", "file 5/3 si", "file 0/3 si", // Max, Visible, Value
                                         "file 1/3 si", "file 2/3 si", "righe 0/17 no", "righe 0/17 no",
                                         "righe 0/17 si", "righe 1/17 si", "righe 2/17 si", "file 3/3 si",
                                         "righe 2/17 no", "righe 0/17 no", "file 0/3 si", "file 0/3 no"}));
 }
 
-// The full run: the listing comes behind the rewriter, also behind one that stopped.
+// The full run: the listing comes after the rewriter, also after one that stopped.
 TEST(Corsa, Command1ChiamaTuttiEDue) {
     Banco b;
     b.Modulo("A.frm", Sorgente({"a", Exposed, "x"}));
@@ -533,8 +532,8 @@ TEST(Corsa, Command1ChiamaTuttiEDue) {
     b.S.OpzSenzaConferma = true;
     b.Disco.Fallisci("ApriScrittura", "a.txt", 75);
     Command1_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-    EXPECT_EQ(b.Casa.Arresti[0].Motore, "mnuRiordina_Click");
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+    EXPECT_EQ(b.Fronte.Arresti[0].Motore, "mnuRiordina_Click");
     EXPECT_EQ(b.Log("A.log"), Listato({"1|···x"}));
     EXPECT_EQ(b.Log("B.log"), Listato({"1|···x"}));
     EXPECT_EQ(b.Selezione(), "00");

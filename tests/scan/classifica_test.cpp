@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "scan/classifica.h"
+#include "scan/rubrica.h"
 
 #include <gtest/gtest.h>
 
@@ -83,7 +83,7 @@ TEST(Classifica, OgniAlternativaInOgniCarattere) {
         Prova({LCase(a.Inizio), a.Attesa});
         Prova({UCase(a.Inizio), a.Attesa});
         Prova({Misto(a.Inizio), a.Attesa});
-        if (a.Inizio == "do") continue; // nothing may stand after it
+        if (a.Inizio == "do") continue; // nothing may follow it
         Prova({LCase(a.Inizio) + "x", a.Attesa});
         Prova({UCase(a.Inizio) + " Y(1)", a.Attesa});
         Prova({Misto(a.Inizio) + "\t", a.Attesa});
@@ -227,8 +227,8 @@ TEST(Classifica, Codici) {
     for (const auto& [classe, codice] : casi) EXPECT_EQ(Vista(CodiciBlocco[classe]), codice) << int{classe};
 }
 
-// The same tests again, as simply as they can be told: every row in order, every alternative
-// folded and compared, those that another of the same row covers too. With `listato` in the
+// The same rules in their simplest form: every row in order, every alternative folded and compared,
+// also those that another of the same row covers. With `listato` in the
 // order that the listing has: the two Property rows elsewhere, the classes the same.
 struct RigaTavola {
     Classe Esito;
@@ -287,12 +287,11 @@ Classe ClassificaIngenua(const Testo& riga, bool listato) {
 
 void Confronta(const Testo& riga) {
     const Classe classe = ClassificaRiga(riga);
-    // The same in the midst of others, where a blank or a CR stands after a trimmed line.
+    // The same within a buffer, where a blank or a CR follows a trimmed line.
     static Testo prima;
     if (Trim(riga) == riga) {
-        for (const Testo& dietro :
-             {Testo("\r"), Testo("\rb\r\n"), Testo("\r\nEnd Sub"), Testo("    \r"), Testo(" Sub\r"),
-              "\r" + prima, "\r\n" + prima, " " + prima}) {
+        for (const Testo& dietro : {Testo("\r"), Testo("\rb\r\n"), Testo("\r\nEnd Sub"), Testo("    \r"),
+                                    Testo(" Sub\r"), "\r" + prima, "\r\n" + prima, " " + prima}) {
             const Testo memoria = riga + dietro + Testo(16, 'x');
             ASSERT_EQ(ClassificaInMemoria(memoria.data(), riga.size()), classe)
                 << testing::PrintToString(memoria);

@@ -12,11 +12,11 @@ namespace {
 
 struct Banco {
     prove::DiscoFinto Disco;
-    prove::FinestraFinta Casa;
-    Stato S{Disco, Casa};
+    prove::FinestraFinta Fronte;
+    Stato S{Disco, Fronte};
 };
 
-// One after the other as LineInput gives them, some taken and some passed over.
+// The same lines as LineInput, some taken and some skipped.
 TEST(RigheSorgente, ComeLineInput) {
     static constexpr const char* Pezzi[] = {
         "If a Then", "  End If", "Do", "Do ", "do", "", "    ", "x = 1", "'* y", "End", "\tIf b Then", "Wend",
@@ -76,7 +76,7 @@ TEST(RigheSorgente, LasciaLaRigaDovePuoMuoversi) {
     EXPECT_EQ(b.S.Riga, "");
 }
 
-// A read that fails ends the engine at the line that it was for.
+// A failed read ends the engine at the line it was for.
 TEST(RigheSorgente, UnaLetturaCheFallisce) {
     Banco b;
     b.Disco.Metti("/p/in", Testo(Canali::BloccoLetto - 2, 'x') + "\r\n" + Testo(10, 'y') + "\r\n");

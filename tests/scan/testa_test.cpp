@@ -14,8 +14,8 @@ namespace {
 
 struct Banco {
     prove::DiscoFinto Disco;
-    prove::FinestraFinta Casa;
-    Stato S{Disco, Casa};
+    prove::FinestraFinta Fronte;
+    Stato S{Disco, Fronte};
 
     Banco() { CambiaDir1(S, "/p"); }
 
@@ -100,7 +100,7 @@ TEST(RaccogliShow, FileVuoto) {
     EXPECT_FALSE(b.S.Canale.Aperto(1));
 }
 
-// The first pass told as simply as it can be: a line, its end, the next.
+// The first pass in its simplest form: a line, its end, the next.
 void ConfrontaPassata(const Testo& bytes) {
     Testo voci;
     Lungo righe = 0;

@@ -13,9 +13,9 @@ Richiesta LeggiArgomenti(const QStringList& argomenti) {
             opzioni = false; // what follows are files
         } else if (argomento == "--lf") {
             r.Lf = true;
-        } else if (argomento == "-h" || argomento == "--aiuto") {
+        } else if (argomento == "-h" || argomento == "--aiuto" || argomento == "--help") {
             return {Richiesta::Aiuto, {}, false, {}};
-        } else if (argomento == "-V" || argomento == "--versione") {
+        } else if (argomento == "-V" || argomento == "--versione" || argomento == "--version") {
             return {Richiesta::Versione, {}, false, {}};
         } else if (r.Che == Richiesta::Mostra) {
             r.Che = Richiesta::Errata;

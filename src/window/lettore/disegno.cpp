@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QPolygonF>
 
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 namespace morvella::lettore {
 

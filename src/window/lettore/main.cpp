@@ -6,6 +6,7 @@
 #include "window/lettore/argomenti.h"
 #include "window/lettore/finestra.h"
 #include "window/lettore/italiano.h"
+#include "window/lettore/lettore.h"
 
 int main(int argc, char** argv) {
     using namespace morvella::lettore;

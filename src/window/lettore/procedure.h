@@ -8,7 +8,7 @@
 #include <QAbstractTableModel>
 #include <QColor>
 
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 namespace morvella::lettore {
 

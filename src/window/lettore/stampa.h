@@ -11,8 +11,8 @@
 #include <QPagedPaintDevice>
 #include <QString>
 
+#include "lettore/struttura.h"
 #include "window/lettore/disegno.h"
-#include "window/lettore/file.h"
 
 namespace morvella::lettore {
 

@@ -10,8 +10,8 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 
+#include "lettore/struttura.h"
 #include "window/lettore/disegno.h"
-#include "window/lettore/file.h"
 
 namespace morvella::lettore {
 

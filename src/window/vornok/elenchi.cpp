@@ -165,13 +165,16 @@ void ElencoProgetti::Mostra(const ListaFile1Leggi& lista, const Archivio& file) 
         clear();
         for (const Testo& nome : nomi_) addItem(QString::fromStdString(file.Utf8DiTesto(nome)));
     }
-    const int riga = static_cast<int>(lista.ListIndex);
-    if (riga < 0) {
-        // Nothing chosen, and no row to which a key would be relative.
-        setCurrentRow(-1);
+    scelta_ = static_cast<int>(lista.ListIndex);
+    MarcaScelta();
+}
+
+void ElencoProgetti::MarcaScelta() {
+    if (scelta_ < 0) {
+        setCurrentRow(-1); // else an arrow key would start from there
         clearSelection();
-    } else if (riga != currentRow() || selectedItems().isEmpty()) {
-        setCurrentRow(riga, QItemSelectionModel::ClearAndSelect);
+    } else if (scelta_ != currentRow() || selectedItems().isEmpty()) {
+        setCurrentRow(scelta_, QItemSelectionModel::ClearAndSelect);
     }
 }
 
@@ -199,12 +202,21 @@ void ElencoProgetti::keyPressEvent(QKeyEvent* evento) {
     });
 }
 
+// Only the left button chooses, so no other may mark.
+void ElencoProgetti::mousePressEvent(QMouseEvent* evento) {
+    if (evento->button() == Qt::LeftButton) QListWidget::mousePressEvent(evento);
+}
+
 void ElencoProgetti::mouseReleaseEvent(QMouseEvent* evento) {
     QListWidget::mouseReleaseEvent(evento);
     if (evento->button() != Qt::LeftButton) return;
-    // The row that was pressed is marked by now; a click beside all rows is none.
-    if (const QModelIndex dove = indexAt(evento->pos()); dove.isValid() && dove.row() == currentRow())
+    // The press has marked its row, and the mark has followed the mouse. A click that ends beside
+    // the rows is none, and the mark goes back.
+    const QModelIndex dove = indexAt(evento->pos());
+    if (viewport()->rect().contains(evento->pos()) && dove.isValid() && dove.row() == currentRow())
         emit Cliccata(dove.row());
+    else
+        MarcaScelta();
 }
 
 // --------------------------------------------------------------------------------------- File1

@@ -61,13 +61,16 @@ class ElencoProgetti : public QListWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
 
   private:
     template <class F>
     void ConTasto(F&& muovi);
+    void MarcaScelta();
 
     std::vector<Testo> nomi_;
+    int scelta_ = -1; // the chosen row
 };
 
 /// The rows of File1.

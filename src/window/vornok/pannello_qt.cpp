@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "window/vornok/forma.h"
 #include "window/testo_qt.h"
+#include "window/vornok/forma.h"
 
 namespace morvella {
 

@@ -14,7 +14,7 @@ namespace morvella::lettore {
 
 namespace {
 
-using namespace prove;
+using namespace provefinestra;
 
 constexpr Lungo ColonnaConnettore = 14;
 

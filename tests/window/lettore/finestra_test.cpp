@@ -27,13 +27,14 @@
 #include "window/lettore/argomenti.h"
 #include "window/lettore/finestra.h"
 #include "window/lettore/italiano.h"
+#include "window/lettore/lettore.h"
 #include "window/lettore/stampa.h"
 
 namespace morvella::lettore {
 
 namespace {
 
-using namespace prove;
+using namespace provefinestra;
 
 struct Banco {
     QStringList Avvisi;
@@ -105,7 +106,7 @@ class ProvaFinestra : public QObject {
 
     Cartella cartella_;
     QString Esempio(const char* nome = "Modulo.log") {
-        return cartella_.Scrivi(nome, Unite(prove::Esempio()));
+        return cartella_.Scrivi(nome, Unite(provefinestra::Esempio()));
     }
 
   private slots:
@@ -683,7 +684,7 @@ void ProvaFinestra::Vuota() {
 // line of the same procedure.
 void ProvaFinestra::Riscritta() {
     Banco b;
-    QList<QByteArray> righe = prove::Esempio();
+    QList<QByteArray> righe = provefinestra::Esempio();
     for (int i = 0; i < 100; ++i) righe << G("000021     ···x");
     const QString file = cartella_.Scrivi("riscritta.log", Unite(righe));
     FinestraLettore* f = b.Apri(file);
@@ -715,7 +716,7 @@ void ProvaFinestra::Riscritta() {
 
 void ProvaFinestra::SparitaETornata() {
     Banco b;
-    const QByteArray bytes = Unite(prove::Esempio());
+    const QByteArray bytes = Unite(provefinestra::Esempio());
     const QString file = cartella_.Scrivi("torna.log", bytes);
     FinestraLettore* f = b.Apri(file);
     QVERIFY(f);

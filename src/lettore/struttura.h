@@ -14,49 +14,16 @@
 #include <filesystem>
 #include <optional>
 
-#include "listing/decodifica.h"
+#include "lettore/ago.h"
+#include "lettore/procedura.h"
 
 namespace morvella::lettore {
-
-/// A procedure whose head stands in a box, or one without a box that ended with blocks open.
-struct Procedura {
-    Lungo Riga = 0;   // of the head, from 0; without a box, of the error line
-    Lungo Numero = 0; // the listing's own; 0 beyond 999,999
-    Testo Testa;      // the text of the head; of the end line when there is no box
-    bool Riquadro = true;
-    bool Aperta = false; // the error line stands in front of its end
-};
-
-/// What a list of procedures shows: "Prova" of "Private Sub Prova(n As Integer)", and
-/// "Nome (Property Get)".
-Testo NomeBreve(const Procedura& procedura);
 
 /// A place between two bytes: the line from 0, and the bytes of it in front.
 struct Posizione {
     Lungo Riga = 0;
     Lungo Byte = 0;
     auto operator<=>(const Posizione&) const = default; // NOLINT(modernize-use-nullptr)
-};
-
-/// A text to look for, as it is shown: case is folded, connectors are their drawn characters.
-class Ago {
-  public:
-    Ago() = default;
-    explicit Ago(std::u16string_view testo);
-    bool Vuoto() const noexcept { return segni_.empty(); }
-    Lungo Lunghezza() const noexcept { return static_cast<Lungo>(segni_.size()); }
-    /// The first place of a line, taken apart in `fette`, that begins at or behind `da` and ends
-    /// at or in front of `fine`; -1 for none.
-    Lungo In(Vista riga, const std::vector<Porzione>& fette, Lungo da, Lungo fine) const;
-
-  private:
-    friend class Struttura;
-    bool Qui(Vista riga, const std::vector<Porzione>& fette, std::size_t da) const;
-
-    std::u16string segni_; // folded
-    Testo bytes_;          // folded, one for each
-    bool ambiguo_ = false; // a byte of it may be shown as something else
-    bool assente_ = false; // a character of it is never shown
 };
 
 /// A place that can be found again when the listing has been written anew.

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <utility>
-
-#include "scan/classifica.h"
 
 namespace morvella::lettore {
 
@@ -17,7 +14,6 @@ namespace {
 constexpr Lungo RighePerBlocco = 1024;
 constexpr std::uint64_t BytesPerBlocco = std::uint64_t{256} * 1024;
 constexpr std::size_t Boccone = std::size_t{1024} * 1024; // of the reading from end to end
-constexpr std::size_t TestaTenuta = 256;
 constexpr std::size_t Limite = Struttura::LimiteRiga;
 
 struct FineRiga {
@@ -41,165 +37,7 @@ std::optional<FineRiga> TrovaFine(Vista resto, bool lf, bool tutto) {
     return std::nullopt;
 }
 
-void Piega(Vista bytes, Testo& piegati) {
-    static const auto tavola = [] {
-        std::array<char, 256> t{};
-        for (unsigned i = 0; i < 256; ++i)
-            t[i] = static_cast<char>(MinuscolaByte(static_cast<unsigned char>(i)));
-        return t;
-    }();
-    piegati.resize(bytes.size());
-    std::transform(bytes.begin(), bytes.end(), piegati.begin(),
-                   [](char c) { return tavola[static_cast<unsigned char>(c)]; });
-}
-
-constexpr Vista DiConnettori = "\xB3\xBA\xC0\xC3\xC4\xC8\xC9\xCD\xDA";
-
-// The procedures and the error lines, from the lines in order.
-class Raccolta {
-  public:
-    Raccolta(std::vector<Lungo>& errori, std::vector<Procedura>& procedure)
-        : errori_(errori), procedure_(procedure) {}
-
-    // Gives the number of the line, 0 for none.
-    Lungo Guarda(Vista riga, Lungo i) {
-        const std::size_t blanks = BlanksDavanti(riga);
-        const char primo = blanks < riga.size() ? riga[blanks] : ' ';
-        if (primo == '*' && Guarda(BordoDiRiquadro(riga), blanks)) return 0;
-        if (primo == '#' && RigaErrore(riga)) {
-            bordi_ = 0;
-            ErroreIn(i);
-            return 0;
-        }
-        const int bordi = std::exchange(bordi_, 0);
-        if (blanks != 0 && blanks < 5) return 0;
-        const std::size_t campo = CampoDiRiga(riga);
-        if (campo == 0) return 0;
-        const Lungo numero = campo == 11 ? Struttura::NumeroDi(riga) : 0;
-        const Vista dopo = riga.substr(campo);
-        const std::size_t rientro = BlanksDavanti(dopo);
-        const Vista testo = dopo.substr(rientro);
-        if (senzaTesta_) { // the line behind an error line is the procedure's end
-            procedure_.back().Testa = testo.substr(0, TestaTenuta);
-            procedure_.back().Numero = numero;
-            senzaTesta_ = false;
-        }
-        if (bordi == 2 && rientro == rientroBordi_ + 2) {
-            const Classe classe = ClassificaRiga(testo);
-            if (classe == RigaSub || classe == RigaFunction || classe == RigaProperty) {
-                procedure_.push_back({i, numero, Testo(testo.substr(0, TestaTenuta))});
-                dentro_ = true;
-            }
-        } else if (!testo.empty() && (testo[0] == 'E' || testo[0] == 'e')) {
-            const Classe classe = ClassificaRiga(testo);
-            if (classe == RigaEndSub || classe == RigaEndFunction || classe == RigaEndProperty)
-                dentro_ = false;
-        }
-        return numero;
-    }
-
-  private:
-    bool Guarda(Bordo bordo, std::size_t blanks) {
-        if (bordo == Bordo::Nessuno) return false;
-        if (bordo == Bordo::Asterischi) {
-            bordi_ = 1;
-            rientroBordi_ = blanks;
-        } else {
-            bordi_ = bordi_ == 1 && blanks == rientroBordi_ ? 2 : 0;
-        }
-        return true;
-    }
-
-    void ErroreIn(Lungo i) {
-        errori_.push_back(i);
-        if (dentro_) {
-            procedure_.back().Aperta = true;
-            return;
-        }
-        // Some heads get no box, their ends are tested all the same.
-        procedure_.push_back({i, 0, {}, false, true});
-        senzaTesta_ = true;
-    }
-
-    std::vector<Lungo>& errori_;
-    std::vector<Procedura>& procedure_;
-    int bordi_ = 0; // how many lines of a box's top have gone by
-    std::size_t rientroBordi_ = 0;
-    bool dentro_ = false;     // of the last procedure
-    bool senzaTesta_ = false; // the last one waits for its end line
-};
-
-bool Toglie(Vista& testo, Vista parola) {
-    if (!IniziaPer(testo, parola)) return false;
-    testo = Trim(testo.substr(parola.size()));
-    return true;
-}
-
 } // namespace
-
-Testo NomeBreve(const Procedura& procedura) {
-    const Testo& testa = procedura.Testa;
-    if (!procedura.Riquadro) return testa + " (testa senza riquadro)";
-    Vista resto = Trim(testa);
-    Toglie(resto, "private ") || Toglie(resto, "public ") || Toglie(resto, "friend ");
-    Toglie(resto, "static ");
-    Testo genere;
-    if (Toglie(resto, "property ")) {
-        const std::size_t parola = std::min(resto.find(' '), resto.size());
-        genere = " (Property " + Testo(resto.substr(0, parola)) + ")";
-        resto = Trim(resto.substr(parola));
-    } else if (!Toglie(resto, "sub ") && !Toglie(resto, "function ")) {
-        return testa; // "subtotal = 1" has a box as well
-    }
-    const Vista nome = Trim(resto.substr(0, resto.find('(')));
-    return nome.empty() ? testa : Testo(nome) + genere;
-}
-
-Ago::Ago(std::u16string_view testo) {
-    for (const char16_t c : testo) {
-        int byte = -1;
-        char16_t segno = c;
-        for (unsigned i = 0; i < 256 && byte < 0; ++i)
-            if (c != u'\uFFFD' && Segno(Tratto::Scritto, static_cast<char>(i)) == c) {
-                byte = MinuscolaByte(static_cast<unsigned char>(i));
-                segno = Segno(Tratto::Scritto, static_cast<char>(byte));
-            }
-        for (const char connettore : DiConnettori) {
-            const auto piegato = MinuscolaByte(static_cast<unsigned char>(connettore));
-            if (byte < 0 && Segno(Tratto::Ciclo, connettore) == c) byte = piegato;
-            ambiguo_ = ambiguo_ || byte == piegato;
-        }
-        assente_ = assente_ || byte < 0;
-        segni_ += segno;
-        bytes_ += static_cast<char>(byte);
-    }
-}
-
-bool Ago::Qui(Vista riga, const std::vector<Porzione>& fette, std::size_t da) const {
-    auto fetta =
-        std::find_if(fette.begin(), fette.end(), [&](const Porzione& f) { return da < f.Da + f.Quanti; });
-    for (std::size_t i = 0; i < segni_.size(); ++i) {
-        while (fetta != fette.end() && da + i >= fetta->Da + fetta->Quanti) ++fetta;
-        if (fetta == fette.end()) return false;
-        const bool disegnata =
-            fetta->Che == Tratto::Condizione || fetta->Che == Tratto::Ciclo || fetta->Che == Tratto::Barra;
-        const char c = riga[da + i];
-        const char piegato = disegnata ? c : static_cast<char>(MinuscolaByte(static_cast<unsigned char>(c)));
-        if (Segno(fetta->Che, piegato) != segni_[i]) return false;
-    }
-    return true;
-}
-
-Lungo Ago::In(Vista riga, const std::vector<Porzione>& fette, Lungo da, Lungo fine) const {
-    if (Vuoto() || assente_ || da >= fine) return -1;
-    Testo piegati;
-    Piega(Mid(riga, da + 1, fine - da), piegati);
-    for (std::size_t n = 0; (n = piegati.find(bytes_, n)) != Testo::npos; ++n) {
-        const std::size_t qui = n + static_cast<std::size_t>(da);
-        if (!ambiguo_ || Qui(riga, fette, qui)) return static_cast<Lungo>(qui);
-    }
-    return -1;
-}
 
 // Reads a file in pieces.
 class Struttura::Lettura {
@@ -376,7 +214,7 @@ std::optional<Lungo> Struttura::RigaDiNumero(Lungo numero) {
 }
 
 std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool avanti) {
-    if (ago.Vuoto() || ago.assente_ || indice_.Passi.empty()) return std::nullopt;
+    if (ago.Vuoto() || ago.Introvabile() || indice_.Passi.empty()) return std::nullopt;
     Blocco blocco;
     Testo piegati;
     std::vector<Porzione> fette;
@@ -388,7 +226,7 @@ std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool ava
         Piega(blocco.Bytes, piegati);
         Lungo tagliata = -1;
         for (std::size_t n = avanti ? 0 : Testo::npos;;) {
-            n = avanti ? piegati.find(ago.bytes_, n) : piegati.rfind(ago.bytes_, n);
+            n = avanti ? piegati.find(ago.Bytes(), n) : piegati.rfind(ago.Bytes(), n);
             if (n == Testo::npos) break;
             if (blocco.Righe.empty()) Taglia(blocco);
             const auto dopo = std::upper_bound(blocco.Righe.begin(), blocco.Righe.end(), n,
@@ -396,12 +234,12 @@ std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool ava
             const Inizio& inizio = *(dopo - 1);
             const Lungo nel = dopo - 1 - blocco.Righe.begin();
             const Posizione qui{blocco.Riga + nel, static_cast<Lungo>(n - inizio.Da)};
-            const bool intero = n + ago.bytes_.size() <= std::size_t{inizio.Da} + inizio.Quanti;
+            const bool intero = n + ago.Bytes().size() <= std::size_t{inizio.Da} + inizio.Quanti;
             if (intero && (avanti ? qui >= da : qui < da)) {
                 const Vista riga = Vista(blocco.Bytes).substr(inizio.Da, inizio.Quanti);
-                if (ago.ambiguo_ && tagliata != nel) TagliaRiga(riga, fette);
+                if (ago.Ambiguo() && tagliata != nel) TagliaRiga(riga, fette);
                 tagliata = nel;
-                if (!ago.ambiguo_ || ago.Qui(riga, fette, n - inizio.Da)) return qui;
+                if (!ago.Ambiguo() || ago.Qui(riga, fette, n - inizio.Da)) return qui;
             }
             if (!avanti && n == 0) break;
             n = avanti ? n + 1 : n - 1;

@@ -12,6 +12,10 @@
 
 namespace morvella::lettore::provefinestra {
 
+/// Milliseconds after which a test that waits for something gives up. Only a test that hangs
+/// reaches it, however busy the machine is.
+inline constexpr int Attesa = 60'000;
+
 inline QByteArray G(const QString& scritta) {
     return QByteArray::fromStdString(prove::G(scritta.toStdString()));
 }

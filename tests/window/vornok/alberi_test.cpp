@@ -9,10 +9,10 @@
 #include <set>
 #include <sstream>
 
-#include "window/vornok/banco.h"
 #include "cli/programma.h"
 #include "sostegno/alberi.h"
 #include "sostegno/disco_orologio.h"
+#include "window/vornok/banco.h"
 
 using namespace morvella;
 using namespace morvella::prove;

@@ -2,8 +2,7 @@
 //
 // A run as a person starts it: the choice of a project, the question, the commands of the menu,
 // the bars and the status line meanwhile, and the boxes that come.
-#include <QElapsedTimer>
-#include <QThread>
+#include <QScreen>
 
 #include "window/vornok/banco.h"
 
@@ -22,6 +21,9 @@ class CorsaTest : public QObject {
     void invioSceglieDiNuovo();
     void clicRipetuto();
     void clicAccantoAiProgetti();
+    void clicFinitoFuori_data();
+    void clicFinitoFuori();
+    void altriBottoni();
     void check2SpuntataENonConservata();
     void check2Conservata();
     void command1Nascosto();
@@ -30,6 +32,8 @@ class CorsaTest : public QObject {
     void corsaSubitoDopoUnaCorsa();
     void motoriDaSoli();
     void barreDuranteLaCorsa();
+    void nomiPiuCariDelLavoro();
+    void dipintoDuranteLaCorsa();
     void arrestoLasciaLeBarre();
     void nessunEventoDuranteLaCorsa();
     void lettura();
@@ -39,6 +43,7 @@ class CorsaTest : public QObject {
     void html();
     void htmlSenzaSelezione();
     void htmlSenzaFigure();
+    void htmlInterrotto();
     void paginaDiAiuto();
     void paginaDiAiutoSenzaProgramma();
     void iconeEBottoni_data();
@@ -47,11 +52,37 @@ class CorsaTest : public QObject {
     void soloUscita();
 };
 
+using namespace std::chrono_literals;
+
 namespace {
+
+// Does something whenever a control is painted.
+class Pittore : public QObject {
+  public:
+    Pittore(QWidget* controllo, std::function<void()> fai) : fai_(std::move(fai)) {
+        controllo->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() == QEvent::Paint) fai_();
+        return false;
+    }
+
+  private:
+    std::function<void()> fai_;
+};
 
 void MettiFigure(Banco& b) {
     for (const char* figura : {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"})
         b.Disco.Metti(std::string("/prog/") + figura, "figura");
+}
+
+// The texts of the projects that are marked.
+QStringList Marcati(Banco& b) {
+    QStringList marcati;
+    for (const auto* voce : b.File1Leggi()->selectedItems()) marcati << voce->text();
+    return marcati;
 }
 
 } // namespace
@@ -206,12 +237,12 @@ void CorsaTest::soloConLaTastiera() {
     QCOMPARE(b.Selezionate(), std::vector<int>({0}));
     QTest::keyClick(b.W.get(), Qt::Key_U, Qt::AltModifier);
     auto* utility = b.Voce("mnuutility")->menu();
-    QTRY_VERIFY(utility->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(utility->isVisible(), Attesa);
     QTest::keyClick(utility, Qt::Key_S); // "Scrivi la struttura ..."
-    QTRY_COMPARE(b.Selezionate(), std::vector<int>());
+    QTRY_COMPARE_WITH_TIMEOUT(b.Selezionate(), std::vector<int>(), Attesa);
     // And with the mnemonic of the menu bar itself.
     QTest::keyClick(b.W.get(), Qt::Key_S, Qt::AltModifier);
-    QTRY_COMPARE(b.Didascalia("mnuSeleziona"), QString("Seleziona tutto"));
+    QTRY_COMPARE_WITH_TIMEOUT(b.Didascalia("mnuSeleziona"), QString("Seleziona tutto"), Attesa);
     QTest::keyClick(b.W.get(), Qt::Key_E, Qt::AltModifier); // the buddy of Label6
     QCOMPARE(QApplication::focusWidget(), b.File1Leggi());
     QTest::keyClick(b.W.get(), Qt::Key_D, Qt::AltModifier);
@@ -250,6 +281,60 @@ void CorsaTest::clicAccantoAiProgetti() {
                       b.File1Leggi()->visualItemRect(b.File1Leggi()->item(0)).center());
     QVERIFY(r.Esaurito());
     QCOMPARE(b.W->S().File1Leggi.ListIndex, Lungo(-1));
+}
+
+void CorsaTest::clicFinitoFuori_data() {
+    QTest::addColumn<bool>("scelto");
+    QTest::addColumn<QPoint>("fine");
+    for (const bool scelto : {false, true}) {
+        const char* dopo = scelto ? "dopo una scelta" : "prima di una scelta";
+        QTest::addRow("sotto le righe, %s", dopo) << scelto << QPoint(20, 70);
+        QTest::addRow("sopra, %s", dopo) << scelto << QPoint(20, -30);
+        QTest::addRow("a lato, %s", dopo) << scelto << QPoint(-40, 8);
+        QTest::addRow("sotto l'elenco, %s", dopo) << scelto << QPoint(20, 300);
+    }
+}
+
+// The button goes down on a row and up beside the rows: nothing is chosen, and the mark is where
+// it was.
+void CorsaTest::clicFinitoFuori() {
+    QFETCH(bool, scelto);
+    QFETCH(QPoint, fine);
+    Banco b;
+    b.Disco.Metti("/p/Due.vbp", "");
+    b.Apri();
+    if (scelto) b.ScegliSenzaCorsa();
+    const std::string menu = b.Menu();
+    Risponditore r;
+    QWidget* elenco = b.File1Leggi()->viewport();
+    const QPoint riga = b.File1Leggi()->visualItemRect(b.File1Leggi()->item(1)).center();
+    QTest::mousePress(elenco, Qt::LeftButton, {}, riga);
+    QVERIFY(b.File1Leggi()->item(1)->isSelected()); // shown while the button is down
+    QTest::mouseMove(elenco, fine);
+    QTest::mouseRelease(elenco, Qt::LeftButton, {}, fine);
+    QVERIFY(r.Esaurito());
+    QCOMPARE(b.W->S().File1Leggi.ListIndex, Lungo(scelto ? 0 : -1));
+    QCOMPARE(Marcati(b), scelto ? QStringList({"Due.vbp"}) : QStringList());
+    QCOMPARE(b.Menu(), menu);
+    if (!scelto) QCOMPARE(b.File1Leggi()->currentRow(), -1);
+}
+
+// Only the left button chooses a project, so no other marks one.
+void CorsaTest::altriBottoni() {
+    for (const auto bottone : {Qt::RightButton, Qt::MiddleButton}) {
+        Banco b;
+        b.Disco.Metti("/p/Due.vbp", "");
+        b.Apri();
+        QWidget* elenco = b.File1Leggi()->viewport();
+        const QPoint riga = b.File1Leggi()->visualItemRect(b.File1Leggi()->item(1)).center();
+        QTest::mouseClick(elenco, bottone, {}, riga);
+        QCOMPARE(Marcati(b), QStringList());
+        b.ScegliSenzaCorsa();
+        QTest::mouseClick(elenco, bottone, {}, riga);
+        QTest::mouseDClick(elenco, bottone, {}, riga);
+        QCOMPARE(Marcati(b), QStringList({"Due.vbp"}));
+        QCOMPARE(b.W->S().File1Leggi.ListIndex, Lungo(0));
+    }
 }
 
 // What was stored last decides, and not the tick that is seen.
@@ -384,7 +469,7 @@ void CorsaTest::barreDuranteLaCorsa() {
         lette << b.C<QLabel>("Label2")->text();
         prima |= b.C("ProgressBar1")->isVisible();
         seconda |= b.C("Progress")->isVisible();
-        QThread::msleep(60); // a slow disk: each change behind this is one to be seen
+        b.Ora += 60ms; // a slow disk: the next change is due to be seen
     };
     const int ridisegni = w.Ridisegni();
     b.Comando("mnuRiordina");
@@ -392,24 +477,82 @@ void CorsaTest::barreDuranteLaCorsa() {
     QVERIFY(lette.contains("\\p\\m.bas"));
     QVERIFY(prima);
     QVERIFY(seconda);
-    QVERIFY(w.Ridisegni() - ridisegni >= 4); // once a slow read at the least
+    QVERIFY(w.Ridisegni() - ridisegni >= 4); // at least once for each slow read
     QCOMPARE(b.C<QLabel>("Label2")->text(), QString());
     QVERIFY(!b.C("ProgressBar1")->isVisible());
     QVERIFY(!b.C("Progress")->isVisible());
 
-    // Where nothing is slow there is not a repaint for each of the changes.
+    // While the clock stands still only names are painted: the first change of all, which is due,
+    // then those of two files and the empty one at the end.
     b.Disco.PrimaDiLeggere = {};
     std::string lungo = "Attribute VB_Name = \"M\"\r\n";
     for (int i = 0; i < 4000; ++i) lungo += "x = 1\r\n";
     b.Disco.Metti("/p/m.bas", lungo);
-    QThread::msleep(60);
+    b.Ora += 1h;
     const int allora = w.Ridisegni();
-    QElapsedTimer tempo;
-    tempo.start();
     b.Comando("mnuRiordina");
-    QVERIFY(w.Ridisegni() > allora);
-    // The names of two files and the empty one at the end come on top.
-    QVERIFY(w.Ridisegni() - allora <= tempo.elapsed() / 40 + 1 + 3);
+    QCOMPARE(w.Ridisegni() - allora, 4);
+}
+
+// A name is painted as long as painting takes less than a twentieth of the time.
+void CorsaTest::nomiPiuCariDelLavoro() {
+    for (const bool lento : {false, true}) {
+        Banco b;
+        std::string progetto;
+        for (int i = 10; i < 30; ++i) {
+            const std::string nome = "m" + std::to_string(i) + ".bas";
+            progetto += "Module=M; " + nome + "\r\n";
+            b.Disco.Metti("/p/" + nome, "x = 1\r\n");
+        }
+        b.Disco.Metti("/p/Uno.vbp", progetto);
+        Forma& w = b.Apri();
+        b.ScegliSenzaCorsa();
+        Pittore caro(b.C("Label2"), [&] { b.Ora += 30ms; });
+        QStringList visti;
+        b.Disco.PrimaDiLeggere = [&](const std::string& file) {
+            if (!file.ends_with(".bas")) return;
+            const QString visto = b.C<QLabel>("Label2")->text();
+            if (!visti.contains(visto)) visti << visto;
+            if (lento) b.Ora += 700ms;
+        };
+        b.Ora += 1h;
+        b.Comando("mnuRiordina");
+        // Label2's text is set when it is painted. The first painting of a fast run, for a bar, has
+        // used up its time.
+        QCOMPARE(visti.size(), lento ? 20 : 1);
+        if (!lento) QCOMPARE(w.Ridisegni(), 1);
+    }
+}
+
+// What the screen shows is what the state says, while nothing yields: the pixels of the window as
+// they were painted are those of a window painted anew.
+void CorsaTest::dipintoDuranteLaCorsa() {
+    Banco b;
+    std::string lungo = "Attribute VB_Name = \"M\"\r\n";
+    for (int i = 0; i < 40'000; ++i) lungo += "x = 1\r\n"; // more than one block to read
+    b.Disco.Metti("/p/m.bas", lungo);
+    b.Apri();
+    b.ScegliSenzaCorsa();
+    b.Passo = 50ms; // each change is due
+    const auto schermo = [&] { return b.W->screen()->grabWindow(b.W->winId()).toImage(); };
+    const QImage prima = schermo();
+    int quante = 0;
+    QStringList cambiati;
+    b.Disco.PrimaDiLeggere = [&](const std::string& file) {
+        if (!file.ends_with(".frm") && !file.ends_with(".bas")) return;
+        ++quante;
+        const QImage visto = schermo();
+        const QImage intero = b.W->grab().toImage().convertToFormat(visto.format());
+        for (const char* nome : {"Label2", "ProgressBar1", "Progress"}) {
+            const QRect dove = In(b.C(nome), b.W.get());
+            QVERIFY2(visto.copy(dove) == intero.copy(dove), nome);
+            if (visto.copy(dove) != prima.copy(dove) && !cambiati.contains(nome)) cambiati << nome;
+        }
+    };
+    b.Comando("mnuRiordina");
+    QVERIFY(quante > 4);
+    cambiati.sort();
+    QCOMPARE(cambiati, QStringList({"Label2", "Progress", "ProgressBar1"}));
 }
 
 // The second row has no file. The rewriter stops at it, and so does the listing, which has put
@@ -454,13 +597,12 @@ void CorsaTest::nessunEventoDuranteLaCorsa() {
     b.Disco.PrimaDiLeggere = [&](const std::string&) {
         if (!corre) QTimer::singleShot(0, b.W.get(), [&] { passato = true; });
         corre = true;
-        QThread::msleep(50);
         QVERIFY(!passato);
     };
     b.Comando("mnuRiordina");
     QVERIFY(corre);
     QVERIFY(!passato);
-    QTRY_VERIFY(passato);
+    QTRY_VERIFY_WITH_TIMEOUT(passato, Attesa);
 }
 
 void CorsaTest::lettura() {
@@ -581,6 +723,31 @@ void CorsaTest::htmlSenzaFigure() {
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.Html")); // finished pages stay
 }
 
+// The last line of a form begins a menu, so reading on is error 62. The page that was begun is on
+// the disk by the time that the box says so.
+void CorsaTest::htmlInterrotto() {
+    Banco b;
+    MettiFigure(b);
+    b.Disco.Metti("/p/Form1.frm", "x\r\nBegin VB.Menu m\r\n");
+    b.Apri();
+    b.ScegliSenzaCorsa();
+    Risponditore r({"OK"});
+    r.Davanti = [&](std::size_t) {
+        const std::string pagina = b.Disco.Leggi("/p/Appoggio/Form1.Html");
+        QVERIFY(pagina.starts_with("<html>\r\n"));
+        QVERIFY(pagina.find("Menu presenti nell'applicazione") != std::string::npos);
+        QVERIFY(pagina.find("</body>") == std::string::npos);
+        QVERIFY(pagina.ends_with("\r\n"));
+    };
+    b.Comando("mnuHTML");
+    QVERIFY(r.Esaurito());
+    QCOMPARE(r.Viste[0].Icona, QMessageBox::Critical);
+    QVERIFY(r.Viste[0].Testo.startsWith("Errore 62: "));
+    QVERIFY(b.W->Finita());
+    QCOMPARE(b.W->Codice(), 1);
+    QVERIFY(!b.Disco.Esiste("/p/Appoggio/m.Html"));
+}
+
 void CorsaTest::paginaDiAiuto() {
     Banco b;
     b.Apri();
@@ -651,19 +818,22 @@ void CorsaTest::iconeEBottoni() {
 void CorsaTest::soloUscita_data() {
     QTest::addColumn<QString>("come");
     QTest::addColumn<int>("scheda");
-    for (const char* nome : {"SSTab1.Linguette", "Drive1", "Dir1", "File1Leggi", "File1"})
-        QTest::newRow(nome) << nome << 0;
-    for (const char* nome : {"TogliCommenti", "Check1", "Text1", "Check2", "Command2"})
-        QTest::newRow(nome) << nome << 1;
-    QTest::newRow("mnuend") << "mnuend" << 1;
-    QTest::newRow("chiusura") << "chiusura" << 1;
-    QTest::newRow("tastiera") << "tastiera" << 1;
+    QTest::addColumn<bool>("conShift");
+    for (const bool conShift : {false, true}) {
+        const char* tasto = conShift ? "Shift+Esc" : "Esc";
+        for (const char* nome : {"SSTab1.Linguette", "Drive1", "Dir1", "File1Leggi", "File1"})
+            QTest::addRow("%s, %s", nome, tasto) << nome << 0 << conShift;
+        for (const char* nome : {"TogliCommenti", "Check1", "Text1", "Check2", "Command2"})
+            QTest::addRow("%s, %s", nome, tasto) << nome << 1 << conShift;
+    }
+    for (const char* nome : {"mnuend", "chiusura", "tastiera"}) QTest::newRow(nome) << nome << 1 << false;
 }
 
 // However it ends, the farewell comes once and nothing is stored.
 void CorsaTest::soloUscita() {
     QFETCH(QString, come);
     QFETCH(int, scheda);
+    QFETCH(bool, conShift);
     Banco b;
     b.Apri();
     b.ScegliSenzaCorsa();
@@ -686,7 +856,7 @@ void CorsaTest::soloUscita() {
     else if (come == "tastiera")
         QTest::keyClick(b.W.get(), Qt::Key_C, Qt::AltModifier);
     else
-        QTest::keyClick(controllo, Qt::Key_Escape);
+        QTest::keyClick(controllo, Qt::Key_Escape, conShift ? Qt::ShiftModifier : Qt::NoModifier);
     QVERIFY(r.Esaurito());
     QCOMPARE(r.Viste.size(), std::size_t(1));
     QCOMPARE(r.Viste[0].Titolo, QString("Bye bye"));

@@ -4,6 +4,7 @@
 // leads to.
 #include <QScrollBar>
 
+#include "shell/comandi.h"
 #include "window/vornok/banco.h"
 
 using namespace morvella;
@@ -23,6 +24,7 @@ class ElenchiTest : public QObject {
     void cambioConRighe();
     void stessaDirectory();
     void appoggioDopoLaCorsa();
+    void rilettaDuranteLaCorsa();
     void rilettaConLaFinestra();
     void directoryCheNonSiLegge();
     void directoryChiusa();
@@ -185,6 +187,44 @@ void ElenchiTest::appoggioDopoLaCorsa() {
 }
 
 // What others did meanwhile shows when the window comes to the front; it is no event.
+// Dir1.Refresh, at the begin of a run, reads the directory anew, although the disk says that it is
+// as it was: two changes can share a moment.
+void ElenchiTest::rilettaDuranteLaCorsa() {
+    struct DiscoFermo : DiscoFinto {
+        using DiscoFinto::DiscoFinto;
+        Scheda Esamina(const std::string& percorso) override {
+            Scheda cosa = DiscoFinto::Esamina(percorso);
+            if (percorso == "/p") cosa.Modificato = 7;
+            return cosa;
+        }
+    };
+    Ricomincia();
+    DiscoFermo disco("/p");
+    disco.Metti("/p/Uno.vbp", "Module=M; m.bas\r\n");
+    disco.Metti("/p/m.bas", "x = 1\r\n");
+    disco.FaiDirectory("/prog");
+    disco.FaiDirectory("/p/Appoggio");
+    Forma w(disco, "/prog", "/p");
+    w.show();
+    auto* dir1 = w.findChild<QListWidget*>("Dir1");
+    const auto righe = [&] {
+        QStringList testi;
+        for (int i = 0; i < dir1->count(); ++i) testi << dir1->item(i)->text();
+        return testi;
+    };
+    QCOMPARE(righe(), QStringList({"/", "p", "Appoggio"}));
+    disco.FaiDirectory("/p/altra");
+    QStringList lette;
+    disco.PrimaDiLeggere = [&](const std::string& file) {
+        if (file.ends_with("m.bas") && lette.isEmpty()) lette = righe();
+    };
+    w.S().File1Leggi.ListIndex = 0;
+    Risponditore r({"Sì"});
+    File1Leggi_Click(w.S());
+    QVERIFY(r.Esaurito());
+    QCOMPARE(lette, QStringList({"/", "p", "altra", "Appoggio"}));
+}
+
 void ElenchiTest::rilettaConLaFinestra() {
     Banco b;
     b.Apri();
@@ -311,11 +351,15 @@ void ElenchiTest::unita() {
     // By the mouse, through the list.
     b.Drive1()->showPopup();
     auto* lista = b.Drive1()->view();
-    QTRY_VERIFY(lista->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(lista->isVisible(), Attesa);
     QTest::mouseMove(lista->viewport(), lista->visualRect(lista->model()->index(1, 0)).center());
-    QTest::qWait(QApplication::doubleClickInterval()); // a release soon behind the press is none
-    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
-                      lista->visualRect(lista->model()->index(1, 0)).center());
+    // A list that has just opened takes no click for a while, so that the one that opened it does
+    // not choose.
+    for (QDeadlineTimer fine(Attesa); lista->isVisible() && !fine.hasExpired();) {
+        QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
+                          lista->visualRect(lista->model()->index(1, 0)).center());
+        QCoreApplication::processEvents();
+    }
     QCOMPARE(b.Drive1()->currentIndex(), 1);
     QCOMPARE(b.W->S().Drive1Drive, Testo("D:"));
     QCOMPARE(b.W->S().Dir1Path, Testo("\\media\\penna"));

@@ -243,7 +243,7 @@ void OpzioniTest::fuocoPreso() {
         } else if (come == "menu col tasto") {
             QTest::keyClick(b.W.get(), Qt::Key_U, Qt::AltModifier);
             auto* menu = b.Voce("mnuutility")->menu();
-            QTRY_VERIFY(menu->isVisible());
+            QTRY_VERIFY_WITH_TIMEOUT(menu->isVisible(), Attesa);
             QTest::keyClick(menu, Qt::Key_Escape);
             QTest::keyClick(b.W->menuBar(), Qt::Key_Escape);
         } else if (come == "barra") { // a command of the bar itself
@@ -260,9 +260,11 @@ void OpzioniTest::fuocoPreso() {
             QApplication::setActiveWindow(&altra);
             QVERIFY(!controllo->hasFocus());
         } else if (come == "menu contestuale") {
-            QTimer::singleShot(20, qApp, [] {
+            QTimer chiudi;
+            connect(&chiudi, &QTimer::timeout, this, [] {
                 if (auto* menu = QApplication::activePopupWidget()) menu->close();
             });
+            chiudi.start(1);
             QContextMenuEvent evento(QContextMenuEvent::Mouse, QPoint(5, 5),
                                      controllo->mapToGlobal(QPoint(5, 5)));
             QApplication::sendEvent(da == QString("Text1") ? b.Text1()->viewport() : controllo, &evento);
@@ -304,7 +306,7 @@ void OpzioniTest::check1PortaAText1() {
             QTest::keyClick(b.W.get(), Qt::Key_I, Qt::AltModifier);
         else
             Spunta(b, "Check1");
-        QTRY_VERIFY(b.Casella("Check1")->isChecked());
+        QTRY_VERIFY_WITH_TIMEOUT(b.Casella("Check1")->isChecked(), Attesa);
         QCOMPARE(QApplication::focusWidget(), b.Text1());
         QVERIFY(b.Text1()->focusPolicy() & Qt::TabFocus);
         QTest::keyClicks(b.Text1(), "z");

@@ -207,7 +207,19 @@ void PannelloTest::stampate() {
     QVERIFY(inchiostro(32).isEmpty());  // a blank line is a line
     QVERIFY(!inchiostro(43).isEmpty()); // the last one
     QVERIFY(inchiostro(45).isEmpty());
-    // Behind it the ground of the picture box.
+    // White to the last bit, and no other colour than those between it and the ground.
+    const QRect linea(0, qRound(19 * misure.height()), testo->width(), qRound(misure.height()));
+    const QImage riga = testo->grab(linea).toImage();
+    int bianchi = 0;
+    for (int y = 0; y < riga.height(); ++y)
+        for (int x = 0; x < riga.width(); ++x) {
+            const QColor qui = riga.pixelColor(x, y);
+            bianchi += qui == QColor(255, 255, 255);
+            QCOMPARE(qui.red(), qui.green());
+            QVERIFY(qAbs(qui.blue() - (192 + qui.red() * 63 / 255)) <= 2);
+        }
+    QVERIFY(bianchi > 50);
+    // The ground of the picture box.
     const QImage fondo = testo->grab(QRect(0, 600, testo->width(), 1)).toImage();
     QCOMPARE(fondo.pixelColor(0, 0), QColor(0, 0, 192));
 }
@@ -314,12 +326,10 @@ void PannelloTest::timerVero() {
     Banco b;
     b.Apri();
     b.Comando("MnuHelp");
-    QTRY_VERIFY(b.W->Help().Picture2Top <= -30);
+    QTRY_VERIFY_WITH_TIMEOUT(b.W->Help().Picture2Top <= -30, Attesa);
     QCOMPARE(b.W->Help().Picture2Top % 10, Lungo(0));
     b.Comando("MnuHelp");
-    const Lungo ferma = b.W->Help().Picture2Top;
-    QTest::qWait(120);
-    QCOMPARE(b.W->Help().Picture2Top, ferma);
+    QVERIFY(!b.C<QTimer>("Timer1")->isActive());
 }
 
 // It lies over all that the form holds, but for two pixels at the left.
@@ -349,17 +359,16 @@ void PannelloTest::menuDietro() {
     QVERIFY(!Aperto(b));
 }
 
-// An engine runs behind it, and the panel does not move meanwhile: nothing yields in a run.
+// An engine runs while the panel is open, and its text does not move although the timer is due:
+// nothing yields in a run.
 void PannelloTest::corsaDietro() {
     Banco b;
     b.Apri();
     b.ScegliSenzaCorsa();
     b.Comando("MnuHelp");
     Scatta(b, 3);
-    b.Disco.PrimaDiLeggere = [&](const std::string&) {
-        QTest::qSleep(60);
-        QCOMPARE(b.W->Help().Picture2Top, Lungo(-30));
-    };
+    b.C<QTimer>("Timer1")->setInterval(0);
+    b.Disco.PrimaDiLeggere = [&](const std::string&) { QCOMPARE(b.W->Help().Picture2Top, Lungo(-30)); };
     b.Comando("mnuRiordina");
     b.Comando("mnuvorn");
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.log"));

@@ -3,6 +3,7 @@
 // A run as a person starts it: the choice of a project, the question, the commands of the menu,
 // the bars and the status line meanwhile, and the boxes that come.
 #include <QScreen>
+#include <QScrollBar>
 
 #include "window/vornok/banco.h"
 
@@ -23,6 +24,7 @@ class CorsaTest : public QObject {
     void clicAccantoAiProgetti();
     void clicFinitoFuori_data();
     void clicFinitoFuori();
+    void clicFinitoSottoIlBordo();
     void altriBottoni();
     void check2SpuntataENonConservata();
     void check2Conservata();
@@ -32,6 +34,7 @@ class CorsaTest : public QObject {
     void corsaSubitoDopoUnaCorsa();
     void motoriDaSoli();
     void barreDuranteLaCorsa();
+    void barreOgniQuarantaMillisecondi();
     void nomiPiuCariDelLavoro();
     void dipintoDuranteLaCorsa();
     void arrestoLasciaLeBarre();
@@ -291,7 +294,9 @@ void CorsaTest::clicFinitoFuori_data() {
         QTest::addRow("sotto le righe, %s", dopo) << scelto << QPoint(20, 70);
         QTest::addRow("sopra, %s", dopo) << scelto << QPoint(20, -30);
         QTest::addRow("a lato, %s", dopo) << scelto << QPoint(-40, 8);
-        QTest::addRow("sotto l'elenco, %s", dopo) << scelto << QPoint(20, 300);
+        QTest::addRow("a destra, %s", dopo) << scelto << QPoint(400, 8);
+        for (const int y : {90, 120, 300}) // there are rows that would stand there
+            QTest::addRow("%d sotto l'elenco, %s", y, dopo) << scelto << QPoint(20, y);
     }
 }
 
@@ -302,6 +307,8 @@ void CorsaTest::clicFinitoFuori() {
     QFETCH(QPoint, fine);
     Banco b;
     b.Disco.Metti("/p/Due.vbp", "");
+    if (fine.y() > 80)
+        for (int i = 10; i < 50; ++i) b.Disco.Metti("/p/Z" + std::to_string(i) + ".vbp", "");
     b.Apri();
     if (scelto) b.ScegliSenzaCorsa();
     const std::string menu = b.Menu();
@@ -317,6 +324,31 @@ void CorsaTest::clicFinitoFuori() {
     QCOMPARE(Marcati(b), scelto ? QStringList({"Due.vbp"}) : QStringList());
     QCOMPARE(b.Menu(), menu);
     if (!scelto) QCOMPARE(b.File1Leggi()->currentRow(), -1);
+}
+
+// The part of a row that the lower edge cuts off is outside too.
+void CorsaTest::clicFinitoSottoIlBordo() {
+    Banco b;
+    for (int i = 10; i < 50; ++i) b.Disco.Metti("/p/Z" + std::to_string(i) + ".vbp", "");
+    b.Apri();
+    auto* lista = b.File1Leggi();
+    lista->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    const int alta = lista->viewport()->height();
+    QListWidgetItem* ultima = nullptr;
+    for (int y = 0; y < 40 && (!ultima || lista->visualItemRect(ultima).bottom() <= alta); ++y) {
+        lista->verticalScrollBar()->setValue(y);
+        ultima = lista->itemAt(QPoint(20, alta - 1));
+    }
+    QVERIFY(ultima && lista->visualItemRect(ultima).bottom() > alta);
+    Risponditore r;
+    lista->setAutoScroll(false);
+    QTest::mousePress(lista->viewport(), Qt::LeftButton, {}, QPoint(20, alta - 1));
+    const QPoint sotto(20, lista->visualItemRect(ultima).bottom());
+    QVERIFY(!lista->viewport()->rect().contains(sotto));
+    QTest::mouseRelease(lista->viewport(), Qt::LeftButton, {}, sotto);
+    QVERIFY(r.Esaurito());
+    QCOMPARE(b.W->S().File1Leggi.ListIndex, Lungo(-1));
+    QCOMPARE(Marcati(b), QStringList());
 }
 
 // Only the left button chooses a project, so no other marks one.
@@ -494,6 +526,22 @@ void CorsaTest::barreDuranteLaCorsa() {
     QCOMPARE(w.Ridisegni() - allora, 4);
 }
 
+void CorsaTest::barreOgniQuarantaMillisecondi() {
+    Banco b;
+    Forma& w = b.Apri();
+    const auto dipinta = [&](std::chrono::milliseconds dopo) {
+        b.Ora += dopo;
+        const int prima = w.Ridisegni();
+        w.RidisegnaBarra(w.S().Progress);
+        return w.Ridisegni() - prima;
+    };
+    QCOMPARE(dipinta(1h), 1);
+    QCOMPARE(dipinta(0ms), 0);
+    QCOMPARE(dipinta(39ms), 0);
+    QCOMPARE(dipinta(1ms), 1);
+    QCOMPARE(dipinta(39ms), 0);
+}
+
 // A name is painted as long as painting takes less than a twentieth of the time.
 void CorsaTest::nomiPiuCariDelLavoro() {
     for (const bool lento : {false, true}) {
@@ -524,35 +572,55 @@ void CorsaTest::nomiPiuCariDelLavoro() {
     }
 }
 
-// What the screen shows is what the state says, while nothing yields: the pixels of the window as
-// they were painted are those of a window painted anew.
+// While nothing yields, the screen shows what the state says: the pixels as they were painted are
+// those of a window painted anew.
 void CorsaTest::dipintoDuranteLaCorsa() {
     Banco b;
+    MettiFigure(b);
     std::string lungo = "Attribute VB_Name = \"M\"\r\n";
-    for (int i = 0; i < 40'000; ++i) lungo += "x = 1\r\n"; // more than one block to read
+    for (int i = 0; i < 40'000; ++i) lungo += "x = 1\r\n"; // several blocks to read
     b.Disco.Metti("/p/m.bas", lungo);
     b.Apri();
     b.ScegliSenzaCorsa();
     b.Passo = 50ms; // each change is due
     const auto schermo = [&] { return b.W->screen()->grabWindow(b.W->winId()).toImage(); };
-    const QImage prima = schermo();
-    int quante = 0;
+    QImage prima = schermo();
     QStringList cambiati;
     b.Disco.PrimaDiLeggere = [&](const std::string& file) {
         if (!file.ends_with(".frm") && !file.ends_with(".bas")) return;
-        ++quante;
         const QImage visto = schermo();
         const QImage intero = b.W->grab().toImage().convertToFormat(visto.format());
         for (const char* nome : {"Label2", "ProgressBar1", "Progress"}) {
+            if (!b.C(nome)->parentWidget()->isVisible()) continue; // the other card is in front
             const QRect dove = In(b.C(nome), b.W.get());
             QVERIFY2(visto.copy(dove) == intero.copy(dove), nome);
             if (visto.copy(dove) != prima.copy(dove) && !cambiati.contains(nome)) cambiati << nome;
         }
     };
+    // One call that paints a control also paints all others that need it. So what paints the bar
+    // of the files shows only in its paint events: one for each of the label's.
+    int dovute = 0, dipinte = 0;
+    Pittore conta(b.C("Label2"), [&] { dovute += b.C("ProgressBar1")->isVisible(); });
+    Pittore barra(b.C("ProgressBar1"), [&] { ++dipinte; });
     b.Comando("mnuRiordina");
-    QVERIFY(quante > 4);
     cambiati.sort();
     QCOMPARE(cambiati, QStringList({"Label2", "Progress", "ProgressBar1"}));
+    QVERIFY(dovute > 100);
+    QVERIFY(dipinte >= dovute);
+
+    cambiati.clear();
+    Risponditore r({"No"});
+    b.Comando("mnuHTML"); // has no bar for the files
+    cambiati.sort();
+    QCOMPARE(cambiati, QStringList({"Label2", "Progress"}));
+
+    // With the other card in front only the bar of the lines is to be seen.
+    b.Attiva();
+    b.Scheda(1);
+    prima = schermo();
+    cambiati.clear();
+    b.Comando("mnuRiordina");
+    QCOMPARE(cambiati, QStringList({"Progress"}));
 }
 
 // The second row has no file. The rewriter stops at it, and so does the listing, which has put

@@ -9,20 +9,21 @@ namespace morvella::lettore {
 
 namespace {
 
-// A block ends at whichever comes first, so that neither many short lines nor a few long ones
-// make it large.
+// A block ends at whichever limit comes first, so that neither many short lines nor a few long
+// ones make it large.
 constexpr Lungo RighePerBlocco = 1024;
 constexpr std::uint64_t BytesPerBlocco = std::uint64_t{256} * 1024;
-constexpr std::size_t Boccone = std::size_t{1024} * 1024; // of the reading from end to end
+constexpr std::size_t Boccone = std::size_t{1024} * 1024; // read at a time by Carica
 constexpr std::size_t Limite = Struttura::LimiteRiga;
 
 struct FineRiga {
     std::size_t Quanti; // bytes of the line
-    std::size_t Passo;  // and its end
+    std::size_t Passo;  // bytes of the line and its end
     bool Spezzata;
 };
 
-// Where the first line of `resto` ends. Nothing when that cannot be seen yet.
+// Finds the end of the first line of `resto`. Nothing if more bytes are needed; with `tutto` there
+// are no more.
 std::optional<FineRiga> TrovaFine(Vista resto, bool lf, bool tutto) {
     const Vista davanti = resto.substr(0, Limite + 2);
     for (std::size_t da = 0;;) {
@@ -39,14 +40,14 @@ std::optional<FineRiga> TrovaFine(Vista resto, bool lf, bool tutto) {
 
 } // namespace
 
-// Reads a file in pieces.
+// The file, open for reading.
 class Struttura::Lettura {
   public:
     Lettura(const std::filesystem::path& percorso, std::uint64_t& contati) : contati_(contati) {
         std::error_code guasto;
         const auto stato = std::filesystem::status(percorso, guasto);
         if (stato.type() == std::filesystem::file_type::not_found) throw Errore(ErrFileAssente);
-        // Neither a directory nor a pipe, which would wait for ever.
+        // A pipe, for one, would block for ever.
         if (guasto || stato.type() != std::filesystem::file_type::regular) throw Errore(ErrAccesso);
         file_.open(percorso, std::ios::binary);
         if (!file_) throw Errore(ErrAccesso);
@@ -73,7 +74,8 @@ void Struttura::Carica() {
     Indice nuovo;
     nuovo.Lf = chiestoLf_;
     std::error_code guasto;
-    nuovo.Quando = std::filesystem::last_write_time(percorso_, guasto); // first: a later write shows
+    nuovo.Quando = std::filesystem::last_write_time(
+        percorso_, guasto); // before reading, so that a later write is noticed
     Raccolta raccolta(nuovo.Errori, nuovo.Procedure);
 
     Testo tampone(Boccone + Limite + 2, '\0');
@@ -137,7 +139,7 @@ void Struttura::Taglia(Blocco& blocco) const {
         blocco.Righe.push_back(
             {static_cast<std::uint32_t>(da), static_cast<std::uint32_t>(fine.Quanti), fine.Spezzata});
         da += fine.Passo;
-        // A block ends where a line does: one without an end was cut there.
+        // Blocks end between lines, so a line without an end was split here.
         if (da == bytes.size() && fine.Passo == fine.Quanti && !blocco.Ultimo)
             blocco.Righe.back().Spezzata = true;
     }
@@ -154,7 +156,7 @@ void Struttura::LeggiBlocco(std::size_t passo, Blocco& blocco) {
         Lettura lettura(percorso_, bytesLetti_);
         lettura.Vai(passi[passo].Da);
         letti = lettura.Leggi(blocco.Bytes.data(), blocco.Bytes.size());
-    } catch (const Errore&) { // it went away while it is shown: nothing to see there
+    } catch (const Errore&) { // the file has gone since Carica
         letti = 0;
     }
     blocco.Bytes.resize(letti);
@@ -210,7 +212,7 @@ std::optional<Lungo> Struttura::RigaDiNumero(Lungo numero) {
                                            [&](const Passo& passo) { return passo.NumeroPrima < numero; });
     for (Lungo i = (dopo - 1)->Riga; i < indice_.Righe; ++i)
         if (NumeroDi(Riga(i)) >= numero) return i;
-    return std::nullopt; // only when the file is no longer what was read
+    return std::nullopt; // the file has changed since Carica
 }
 
 std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool avanti) {

@@ -59,7 +59,7 @@ TEST_F(Listato, RigheErroriProcedure) {
     EXPECT_EQ(p[1].Riga, 17);
     EXPECT_EQ(p[1].Numero, 14);
     EXPECT_TRUE(p[1].Aperta && p[1].Riquadro);
-    // A head without a box: its end is what is known of it.
+    // Without a box only the end of a procedure is known.
     EXPECT_EQ(p[2].Riga, 26);
     EXPECT_EQ(p[2].Numero, 20);
     EXPECT_EQ(p[2].Testa, Testo("End Sub"));
@@ -73,7 +73,7 @@ TEST_F(Listato, RigheErroriProcedure) {
 }
 
 TEST_F(Listato, RiquadriCheNonSonoProcedure) {
-    // A Type, and a box whose head stands elsewhere, are none; "subtotal = 1" begins as a Sub does.
+    // Neither a Type nor a box whose head is elsewhere; "subtotal = 1" begins as a Sub does.
     std::vector<std::string> storto = Riquadro("000010", "Sub Storta()");
     storto[2].insert(11, " ");
     std::vector<std::string> scoperto = Riquadro("000011", "Sub Scoperta()");
@@ -96,7 +96,7 @@ TEST_F(Listato, RiquadriCheNonSonoProcedure) {
     EXPECT_EQ(mozza.Procedure()[0].Testa, Testo());
 }
 
-// The field is five blanks there, and everything stands six columns further left.
+// There the number field is five blanks, so all text is six columns further left.
 TEST_F(Listato, OltreIlMilione) {
     const std::string p(8, ' ');
     const std::string stelle = p + std::string(101, '*');
@@ -142,7 +142,7 @@ TEST_F(Listato, FineRiga) {
         {"CR LF", "a\r\nb\r\n", false, {"a", "b"}},
         {"senza fine", "a\r\nb", false, {"a", "b"}},
         {"righe vuote", "\r\n\r\nb\r\n\r\n", false, {"", "", "b", ""}},
-        // As the tool wrote them: with a CR LF in the file a lone LF is a byte of its line.
+        // In a file with CR LF, a lone LF is a byte of its line.
         {"LF dentro", "a\nb\r\nc\n", false, {"a\nb", "c\n"}},
         {"LF dentro, --lf", "a\nb\r\nc\n", true, {"a", "b", "c"}},
         {"solo LF", "a\nb\n\nc", false, {"a", "b", "", "c"}},
@@ -162,7 +162,7 @@ TEST_F(Listato, FineRiga) {
     }
 }
 
-// Any file can be shown: a line without an end is cut, and nothing of it is lost.
+// Any file can be shown: an endless line is split, and nothing of it is lost.
 TEST_F(Listato, RigaSenzaFine) {
     constexpr Lungo L = Struttura::LimiteRiga;
     Struttura intera = Letta(std::string(L, 'x') + "\r\ny\r\n");
@@ -197,7 +197,7 @@ TEST_F(Listato, QualunqueOrdine) {
     }
 }
 
-// What is asserted is the work: each byte once for the opening, and a block for a look anywhere.
+// The amount of work: Carica reads each byte once, and a look at any line reads one block.
 TEST_F(Listato, UnMilioneDiRighe) {
     std::string bytes;
     bytes.reserve(40'000'000);
@@ -231,7 +231,7 @@ TEST_F(Listato, UnMilioneDiRighe) {
 }
 
 TEST_F(Listato, Numeri) {
-    // Comments were left out: 4 to 6 are missing.
+    // 4 to 6 are missing, as where comments were left out.
     Struttura s = Letta(std::vector<std::string>{"testata", G("000001     ···a"), G("000002     ···b"),
                                                  G("000003     ···c"), G("000007     ···d"), Errore11,
                                                  G("000008     ···e")});
@@ -319,7 +319,7 @@ TEST_F(Listato, TrovaNellaRiga) {
     EXPECT_EQ(Ago(u"│").In(riga, fette, 0, Len(riga)), 14);
     EXPECT_EQ(Ago(u"³").In(riga, fette, 0, Len(riga)), -1);
     EXPECT_EQ(Ago().In(riga, fette, 0, Len(riga)), -1);
-    // A connector written by its letters stays letters.
+    // The same bytes as letters stay letters.
     const Vista lettere = "\xC9\xCD>x";
     TagliaRiga(lettere, fette);
     EXPECT_EQ(Ago(u"ÉÍ>X").In(lettere, fette, 0, 4), 0);
@@ -379,10 +379,10 @@ TEST_F(Listato, Appigli) {
     EXPECT_TRUE(piu.Ritrova(dentro) == (Posizione{23, 5}));
     EXPECT_TRUE(piu.Ritrova(prima) == (Posizione{1, 3})); // above any procedure: the same line
     Struttura altra = Letta(std::vector<std::string>{"a", "b"});
-    EXPECT_TRUE(altra.Ritrova(dentro) == (Posizione{1, 5})); // it is gone: as near as there is
+    EXPECT_TRUE(altra.Ritrova(dentro) == (Posizione{1, 5})); // the procedure is gone: the nearest line
     EXPECT_TRUE(Letta(std::string()).Ritrova(dentro) == (Posizione{0, 5}));
 
-    // Of two with one head, the second.
+    // The second of two with the same head.
     const std::vector<std::string> due = Riquadro("000001", "Sub A()") + Riquadro("000002", "Sub A()");
     Struttura doppia = Letta(due);
     const Appiglio seconda = doppia.Prendi({8, 0}); // its head is line 7

@@ -10,7 +10,7 @@ Richiesta LeggiArgomenti(const QStringList& argomenti) {
         if (!opzioni || !argomento.startsWith('-')) {
             r.File << argomento;
         } else if (argomento == "--") {
-            opzioni = false; // what follows are files
+            opzioni = false; // the rest are files
         } else if (argomento == "--lf") {
             r.Lf = true;
         } else if (argomento == "-h" || argomento == "--aiuto" || argomento == "--help") {

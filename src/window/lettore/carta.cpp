@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A window's listing on paper and as a PDF: the dialogs, and the file that is written.
+// Printing a window's listing and saving it as a PDF.
 #include "window/lettore/finestra.h"
 
 #include <QFileInfo>
@@ -39,7 +39,7 @@ QString Nome(const QString& file) { return QFileInfo(file).fileName(); }
 
 bool FinestraLettore::ScriviPdf([[maybe_unused]] const QString& dove, QString& perche) {
 #if QT_CONFIG(pdf)
-    QSaveFile file(dove); // a PDF cut short must not stand in the place of a whole one
+    QSaveFile file(dove); // replaces an older PDF only when the new one is complete
     if (!file.open(QIODevice::WriteOnly)) {
         perche = "Il file non si può scrivere.";
         return false;
@@ -53,7 +53,7 @@ bool FinestraLettore::ScriviPdf([[maybe_unused]] const QString& dove, QString& p
         Stampa stampa(*struttura_, carta, file_);
         if (!Porta(this, stampa, 1, stampa.Pagine())) {
             file.cancelWriting();
-            perche.clear(); // the user stopped it
+            perche.clear(); // stopped by the user: nothing to report
             return false;
         }
     }

@@ -13,7 +13,7 @@ Dialoghi DialoghiVeri() {
         QMessageBox box(guasto ? QMessageBox::Warning : QMessageBox::Information, titolo, testo,
                         QMessageBox::NoButton, sopra);
         box.addButton("&OK", QMessageBox::AcceptRole);
-        if (guasto) box.setTextFormat(Qt::PlainText); // it names a file, and that may hold anything
+        if (guasto) box.setTextFormat(Qt::PlainText); // the file name in it may look like HTML
         box.exec();
     };
     d.Scegli = [](QWidget* sopra, const QString& directory) {

@@ -13,14 +13,14 @@ class QWidget;
 namespace morvella::lettore {
 
 struct Dialoghi {
-    /// A box with an OK: what went wrong, or what the user asked to be told.
+    /// A box with an OK button: an error if `guasto`, else information.
     std::function<void(QWidget* sopra, bool guasto, const QString& titolo, const QString& testo)> Avvisa;
-    /// The files to open, none when the user thinks better of it.
+    /// Asks for files to open; an empty list when cancelled.
     std::function<QStringList(QWidget* sopra, const QString& directory)> Scegli;
-    /// Where to write a PDF, "" for nowhere.
+    /// Asks where to write a PDF; "" when cancelled.
     std::function<QString(QWidget* sopra, const QString& proposto)> ScegliPdf;
 };
-/// The real ones.
+/// The dialogs that users see.
 Dialoghi DialoghiVeri();
 
 } // namespace morvella::lettore

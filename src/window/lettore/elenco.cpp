@@ -67,7 +67,7 @@ void FinestraLettore::VaiAProcedura(int riga) {
     if (!struttura_ || riga < 0 || riga >= procedure_->rowCount()) return;
     const Procedura& p = struttura_->Procedure()[static_cast<std::size_t>(riga)];
     vista_->Vai({p.Riga, 0});
-    vista_->MettiPrimaRiga(std::max<Lungo>(0, p.Riga - 3)); // with the top of its box
+    vista_->MettiPrimaRiga(std::max<Lungo>(0, p.Riga - 3)); // shows the top of its box too
 }
 
 void FinestraLettore::ProceduraVicina(bool avanti) {
@@ -75,7 +75,7 @@ void FinestraLettore::ProceduraVicina(bool avanti) {
     const Lungo qui = vista_->Cursore().Riga;
     Lungo quale = struttura_->ProceduraDi(qui);
     const auto& procedure = struttura_->Procedure();
-    // Backwards first to the head of the procedure in sight.
+    // Backwards, the first stop is the head of the procedure that the caret is in.
     if (avanti)
         ++quale;
     else if (quale >= 0 && procedure[static_cast<std::size_t>(quale)].Riga == qui)

@@ -35,7 +35,7 @@ std::filesystem::path PercorsoDi(const QString& file) {
 #ifdef _WIN32
     return file.toStdWString();
 #else
-    return QFile::encodeName(file).toStdString(); // the bytes that the name has on the disk
+    return QFile::encodeName(file).toStdString(); // the bytes of the name on the disk
 #endif
 }
 
@@ -43,7 +43,7 @@ QString Contate(Lungo n, const QString& una, const QString& tante) {
     return QStringLiteral("%1 %2").arg(n).arg(n == 1 ? una : tante);
 }
 
-// Why a file cannot be shown.
+// Why a file cannot be shown, for the user.
 QString Motivo(const QString& file, const Errore& errore) {
     const QFileInfo info(file);
     if (errore.Numero == ErrFileAssente || !info.exists()) return "Il file non esiste.";
@@ -136,7 +136,7 @@ void FinestraLettore::Rileggi() {
         struttura_->Svuota();
         sparita_ = true;
     }
-    // A file that is being written is empty for a moment: the place is not forgotten for that.
+    // A file that is being rewritten is empty for a moment. The place is kept until it has lines.
     tienePosto_ = struttura_->Righe() == 0;
     Aggiorna();
     Sorveglia();
@@ -150,7 +150,7 @@ void FinestraLettore::Sorveglia() {
     const QStringList prima = sorveglia_.files() + sorveglia_.directories();
     if (!prima.isEmpty()) sorveglia_.removePaths(prima);
     if (QFileInfo::exists(file_)) sorveglia_.addPath(file_);
-    sorveglia_.addPath(QFileInfo(file_).path()); // a file written under another name and renamed
+    sorveglia_.addPath(QFileInfo(file_).path()); // also sees a file that is renamed to this name
 }
 
 void FinestraLettore::timerEvent(QTimerEvent* evento) {
@@ -159,7 +159,7 @@ void FinestraLettore::timerEvent(QTimerEvent* evento) {
     if (!giro) quiete_.stop();
     if (!struttura_ || (giro && quiete_.isActive())) return;
     const QFileInfo info(file_);
-    // One that cannot be read stays as it is until it changes.
+    // While the file cannot be read there is nothing to compare; wait until it can.
     const bool cambiata = sparita_ ? info.exists() && info.isReadable() : struttura_->Cambiata();
     if (!cambiata) return;
     const std::pair<qint64, qint64> sulDisco{info.size(), info.lastModified().toMSecsSinceEpoch()};
@@ -218,7 +218,7 @@ void FinestraLettore::AggiornaStato() {
 
 void FinestraLettore::AggiornaColori() {
     const Colori colori = ColoriDi(QApplication::palette());
-    QPalette mia; // only what is set here does not follow the desktop's
+    QPalette mia; // what is not set here goes on following the desktop
     mia.setColor(QPalette::Highlight, colori.SceltoFondo);
     mia.setColor(QPalette::HighlightedText, colori.Scelto);
     if (palette().color(QPalette::Highlight) != colori.SceltoFondo ||

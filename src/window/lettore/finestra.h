@@ -34,15 +34,17 @@ class FinestraLettore : public QMainWindow {
     explicit FinestraLettore(Lettore& lettore);
     ~FinestraLettore() override;
 
-    /// Shows a file; else says in Italian why not, and nothing changes.
+    /// Shows a file. On failure returns false with the reason, in Italian, in `perche`; the window
+    /// stays as it was.
     bool Apri(const QString& file, QString& perche);
     QString File() const { return file_; }
     Struttura* LaStruttura() { return struttura_.get(); }
     VistaStruttura* LaVista() { return vista_; }
 
-    /// Reads the file again when the disk has another.
+    /// Reads the file again.
     void Rileggi();
-    /// Writes a PDF; else says why not.
+    /// Writes a PDF. On failure returns false with the reason in `perche`, "" when the user stopped
+    /// it.
     bool ScriviPdf(const QString& dove, QString& perche);
 
   protected:
@@ -89,9 +91,9 @@ class FinestraLettore : public QMainWindow {
     Lettore& lettore_;
     QString file_;
     std::unique_ptr<Struttura> struttura_;
-    bool sparita_ = false;    // the file cannot be read any more
-    bool tienePosto_ = false; // there is nothing to see, and the place is kept from before
-    Appiglio cima_, posto_;   // where the user was
+    bool sparita_ = false;    // the file can no longer be read
+    bool tienePosto_ = false; // the listing is empty for now; cima_ and posto_ stay
+    Appiglio cima_, posto_;   // the top line and the caret at the last reading
 
     VistaStruttura* vista_;
     QWidget* barraTrova_ = nullptr;
@@ -106,7 +108,7 @@ class FinestraLettore : public QMainWindow {
     ModelloProcedure* procedure_ = nullptr;
     Posizione inizioRicerca_;
     bool segueElenco_ = false;
-    QList<QAction*> perStruttura_; // that need a listing
+    QList<QAction*> perStruttura_; // the commands that need a listing
 
     QFileSystemWatcher sorveglia_;
     QBasicTimer quiete_, giro_;

@@ -21,10 +21,11 @@ class Lettore : public QObject {
     explicit Lettore(Dialoghi dialoghi, bool lf = false);
     ~Lettore() override;
 
-    /// Shows each file in a window: the one that shows it already, else `vuota` when that shows
-    /// nothing, else a new one. Tells of each that cannot be opened; gives how many those were.
+    /// Shows each file in a window: in the one that shows it already, else in `vuota` if that is
+    /// still empty, else in a new one. Shows a box for each file that cannot be opened, and returns
+    /// how many those were.
     int Apri(const QStringList& file, FinestraLettore* vuota = nullptr);
-    /// A window without a listing.
+    /// Opens a window without a listing.
     FinestraLettore* Nuova();
     QList<FinestraLettore*> Finestre() const;
     void ChiudiTutte();

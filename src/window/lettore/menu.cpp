@@ -21,7 +21,7 @@ QAction* FinestraLettore::Azione(QMenu* menu, const char* nome, const QString& t
     return azione;
 }
 
-// As Azione, for one that needs a listing.
+// As Azione, for a command that needs a listing.
 QAction* FinestraLettore::SuStruttura(QMenu* menu, const char* nome, const QString& testo,
                                       const QList<QKeySequence>& tasti, std::function<void()> fai) {
     perStruttura_.append(Azione(menu, nome, testo, tasti, std::move(fai)));

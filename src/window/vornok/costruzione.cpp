@@ -23,15 +23,14 @@
 #include "window/vornok/pannello_qt.h"
 #include "window/vornok/vornok.h"
 
-// A library's resources are there only when somebody asks for them; the macro stands outside of
-// every namespace.
+// The resources of a static library must be asked for. The macro only works outside namespaces.
 static void CaricaFigure() { Q_INIT_RESOURCE(finestra); }
 
 namespace morvella {
 
 namespace {
 
-constexpr Vista TitoloForma = "Vorn!  Morvella il codice di Visual Basic  - "; // the address follows
+constexpr Vista TitoloForma = "Vorn!  Morvella il codice di Visual Basic  - "; // followed by the address
 constexpr Vista Spiegazione =
     "Dopo aver selezionato un progetto VBP, la procedura crea una directory \"APPOGGIO\" nella quale scrive "
     "tutti i nuovi form, Moduli e Classi del progetto, lasciando gli originali inalterati. Per la sola "
@@ -44,8 +43,8 @@ constexpr QColor BluStato(0, 0, 192);
 constexpr QColor VerdeAvviso(0, 192, 0);
 constexpr QColor Navy(0, 0, 128);
 
-// The colours of the form's controls, whatever the desktop's are: the texts whose colours are
-// fixed are made to be read on these.
+// The colours of the form's controls do not follow the desktop: some texts have fixed colours,
+// which are chosen to be readable on these.
 QPalette TavolozzaForma() {
     QPalette t(GrigioForma);
     t.setColor(QPalette::WindowText, Qt::black);
@@ -79,13 +78,13 @@ class Superficie : public QWidget {
     }
 };
 
-// The wheel goes to the drive list only while it is open: a drive is not changed in passing.
+// Ignores the wheel while its list is closed, so that scrolling past does not change the drive.
 class ElencoUnita : public QComboBox {
   public:
     ElencoUnita(QWidget* genitore, std::function<void()> primaDiAprire)
         : QComboBox(genitore), primaDiAprire_(std::move(primaDiAprire)) {}
     void showPopup() override {
-        primaDiAprire_(); // media come and go
+        primaDiAprire_(); // media may have come or gone
         QComboBox::showPopup();
     }
 
@@ -207,12 +206,12 @@ void VornOK::FaiLinguette(QWidget* superficie) {
 }
 
 void VornOK::FaiNascosti(QWidget* superficie) {
-    // Never seen: its click is the way in to a run for who calls it by its name.
+    // Never seen. Its click event is the entry point of a run, called from code.
     Command1_ = new QPushButton("Riordina e Riscrivi il Testo", superficie);
     Metti(Command1_, "Command1");
     Command1_->hide();
 
-    // Hidden with all that it holds: Option1(0) stays off, whatever happens.
+    // Hidden with everything in it, so Option1(0) stays off.
     auto* frame2 = new QWidget(superficie);
     Metti(frame2, "Frame2");
     frame2->setStyleSheet("background: rgb(255, 0, 255)");
@@ -272,7 +271,7 @@ void VornOK::FaiSchedaDefault(QWidget* scheda) {
     auto* avviso = new QLabel("Ogni riga di intestazionedeve cominciare con l' APOSTROFO", scheda); // sic
     Metti(avviso, "Label5", alte);
     Colora(avviso, VerdeAvviso);
-    // This green can be read on a dark ground only.
+    // This green is only readable on a dark background.
     QPalette tavolozza = avviso->palette();
     tavolozza.setColor(QPalette::Window, Navy);
     avviso->setPalette(tavolozza);

@@ -126,7 +126,7 @@ void VornOK::Ridisegna(bool nome) {
     speso_ += orologio_() - adesso;
 }
 
-// ---------------------------------------------------------------------------------- the boxes
+// ---- the boxes
 
 int VornOK::MsgBox(Vista testo, int flag, Vista titolo) {
     if (mostrata_ && !finita_) Aggiorna(); // the user sees what the question is about

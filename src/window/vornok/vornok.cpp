@@ -31,7 +31,7 @@ namespace morvella {
 
 namespace {
 
-// Names are bytes where the system says so, and need not be UTF-8.
+// The bytes of the name: outside Windows they need not be UTF-8.
 std::string PercorsoDi(const QUrl& url) {
 #ifdef Q_OS_WIN
     return url.toLocalFile().toStdString();
@@ -50,13 +50,13 @@ std::string Genitore(const std::string& percorso) {
 VornOK::VornOK(Disco& disco, const std::string& programma, const std::string& directory, Orologio orologio)
     : disco_(disco), s_(disco, *this), orologio_(std::move(orologio)) {
     s_.AppPath = s_.File.Aggancia(Gancio::Programma, programma);
-    // The directory list begins in the current directory, and no event comes of that.
+    // The directory list starts in this directory without an event.
     s_.Dir1Path = s_.File.Aggancia(Gancio::Progetto, directory);
     try {
         s_.File.ChDir(s_.Dir1Path);
         ElencaProgetti(s_);
     } catch (const Errore&) {
-        s_.File1Leggi = {}; // a directory that cannot be entered has no projects to show
+        s_.File1Leggi = {}; // the directory cannot be entered
     }
 
     FaiForma();
@@ -125,7 +125,7 @@ void VornOK::Collega() {
     connect(Timer1_, &QTimer::timeout, this, [this] { EventoHelp([&] { Timer1_Timer(help_); }); });
 }
 
-// -------------------------------------------------------------------------------- the events
+// ---- the events
 
 // One event: runs the operation, then shows the state that it left. An error that reaches this
 // place is final.
@@ -252,7 +252,7 @@ void VornOK::showEvent(QShowEvent* evento) {
 void VornOK::closeEvent(QCloseEvent* evento) {
     if (finita_) return;
     Form_Unload(s_);
-    evento->accept(); // in any case
+    evento->accept(); // the farewell cannot be refused
     Termina(0);
 }
 

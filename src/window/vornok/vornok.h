@@ -72,7 +72,7 @@ class VornOK : public QMainWindow, public Finestra {
     void RidisegnaBarra(const Barra&) override { Ridisegna(false); }
     void AggiornaDir1() override;
     void PortaFuocoSuText1() override;
-    void MotoreFermato(const Arresto&) override {} // the window is silent
+    void MotoreFermato(const Arresto&) override {} // the window says nothing
     void ErroreSaltato(const Errore&) override {}
     void FileScritto(Lungo, Vista, Lungo) override {}
     bool SegueMargine() const override { return false; }

@@ -39,7 +39,7 @@ using namespace provefinestra;
 
 struct Banco {
     QStringList Avvisi;
-    QStringList Scelti; // what the next file dialog gives
+    QStringList Scelti; // the answer of the next file dialog
     QString Pdf;
     Lettore L;
 
@@ -71,12 +71,12 @@ QString Detto(FinestraLettore* f) { return f->statusBar()->currentMessage(); }
 QString Stato(FinestraLettore* f) { return Figlio<QLabel>(f, "stato")->text(); }
 QString Scelto(FinestraLettore* f) { return f->LaVista()->TestoScelto().value_or("troppo"); }
 
-// To the widget that has the focus, as the desktop sends it.
+// Sends a key to the focus widget, as the desktop does.
 void Premi(FinestraLettore* f, Qt::Key tasto, Qt::KeyboardModifiers con = Qt::NoModifier) {
     QWidget* dove = f->focusWidget();
     QTest::keyClick(dove ? dove : f, tasto, con);
 }
-// As a keyboard with these letters does.
+// Types characters that QTest has no keys for.
 void Scrivi(FinestraLettore* f, const QString& testo) {
     for (const QChar c : testo)
         QTest::sendKeyEvent(QTest::Click, f->focusWidget(), Qt::Key_unknown, c, Qt::NoModifier);
@@ -195,15 +195,15 @@ void ProvaFinestra::ApriETrascina() {
     Banco b;
     FinestraLettore* f = b.L.Nuova();
     QVERIFY(QTest::qWaitForWindowActive(f, Attesa));
-    Premi(f, Qt::Key_O, Qt::ControlModifier); // and thinks better of it
+    Premi(f, Qt::Key_O, Qt::ControlModifier); // cancelled
     QVERIFY(f->File().isEmpty());
     b.Scelti = {Esempio("A.log")};
     Premi(f, Qt::Key_O, Qt::ControlModifier);
-    QCOMPARE(b.L.Finestre().size(), 1); // the empty window takes it
+    QCOMPARE(b.L.Finestre().size(), 1); // shown in the empty window
     QCOMPARE(f->windowTitle(), QString("A.log - Morvella Lettore"));
     QVERIFY(Figlio<QAction>(f, "trova")->isEnabled());
     b.Scelti = {Esempio("B.log")};
-    Premi(f, Qt::Key_O, Qt::ControlModifier); // a full one does not
+    Premi(f, Qt::Key_O, Qt::ControlModifier); // in a new one
     QCOMPARE(b.L.Finestre().size(), 2);
 
     QMimeData dati;
@@ -234,7 +234,7 @@ void ProvaFinestra::Cursore() {
     AL_POSTO(v, 0, 0);
     Premi(f, Qt::Key_End);
     AL_POSTO(v, 0, 115);
-    // The column is kept over shorter lines.
+    // The caret keeps its column across shorter lines.
     for (int i = 0; i < 5; ++i) Premi(f, Qt::Key_Down);
     AL_POSTO(v, 5, 30); // 14 and "Dim i As Integer"
     Premi(f, Qt::Key_Up);
@@ -278,12 +278,12 @@ void ProvaFinestra::Selezione() {
     QCOMPARE(Scelto(f), QString("╔═>For i = 1 To n\n000006        ║  ┌─>"));
     Premi(f, Qt::Key_Home, Qt::ShiftModifier);
     QCOMPARE(Scelto(f), QString("╔═>For i = 1 To n\n"));
-    Premi(f, Qt::Key_Left); // to its front
+    Premi(f, Qt::Key_Left); // to its start
     AL_POSTO(f->LaVista(), 6, 14);
     QVERIFY(!f->LaVista()->Scelto());
     Premi(f, Qt::Key_End, Qt::ShiftModifier);
     QCOMPARE(Scelto(f), QString("╔═>For i = 1 To n"));
-    Premi(f, Qt::Key_Right); // to its back
+    Premi(f, Qt::Key_Right); // to its end
     AL_POSTO(f->LaVista(), 6, 31);
     QVERIFY(!f->LaVista()->Scelto());
     Premi(f, Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier);
@@ -315,7 +315,7 @@ void ProvaFinestra::Mouse() {
     QCOMPARE(Scelto(f), QString("Perché"));
     QTest::mouseClick(dove, Qt::LeftButton, {}, Punto(v, 10, 29)); // the third: the line
     QCOMPARE(Scelto(f), QString("000009        ║  │  Print \"Perché\", i\n"));
-    // The number stands for its line, and drags lines.
+    // A press on the number selects the line, and a drag from there lines.
     QTest::mousePress(dove, Qt::LeftButton, {}, Punto(v, 12, 3));
     QCOMPARE(Scelto(f), QString("000011        ╚═>Next i\n"));
     QTest::mouseMove(dove, Punto(v, 13, 40));
@@ -323,13 +323,13 @@ void ProvaFinestra::Mouse() {
     QTest::mouseMove(dove, Punto(v, 11, 2));
     QCOMPARE(Scelto(f), QString("000010        ║  └─>End If\n000011        ╚═>Next i\n"));
     QTest::mouseRelease(dove, Qt::LeftButton, {}, Punto(v, 11, 2));
-    // Behind the last line and left of the first column.
+    // Below the last line and left of the first column.
     QTest::mouseClick(dove, Qt::LeftButton, {}, Punto(v, 33, 5));
     AL_POSTO(v, 27, 24);
     QTest::mouseClick(dove, Qt::LeftButton, {}, {0, Punto(v, 0, 0).y()});
     AL_POSTO(v, 0, 0);
 
-    // Held below the window, the lines move up.
+    // A drag that is held below the view scrolls.
     FinestraLettore* molte = b.Apri(cartella_.Scrivi("molte.log", Molte(500)));
     QVERIFY(molte);
     VistaStruttura* m = molte->LaVista();
@@ -339,7 +339,7 @@ void ProvaFinestra::Mouse() {
     QTest::mouseRelease(m->viewport(), Qt::LeftButton, {}, {100, m->viewport()->height() + 60});
     const Lungo ferma = m->PrimaRiga();
     QVERIFY(m->Cursore().Riga >= ferma);
-    // While another timer like that of the lines fires a few times.
+    // Nothing moves while a timer like that of the view fires three times.
     QTimer altro;
     QSignalSpy scatti(&altro, &QTimer::timeout);
     altro.start(50);
@@ -352,14 +352,14 @@ void ProvaFinestra::Copia() {
     FinestraLettore* f = b.Apri(Esempio());
     QVERIFY(f);
     QApplication::clipboard()->setText("prima");
-    Premi(f, Qt::Key_C, Qt::ControlModifier); // nothing selected, nothing lost
+    Premi(f, Qt::Key_C, Qt::ControlModifier); // nothing selected: the clipboard stays
     QCOMPARE(QApplication::clipboard()->text(), QString("prima"));
     f->LaVista()->Scegli({10, 14}, {11, 23});
     Premi(f, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(),
              QString("║  │  Print \"Perché\", i\n000010        ║  └─>End"));
 
-    // A line cut at the limit is one line again; what acts is shown by its picture.
+    // A split line is copied as one; control characters are copied as their pictures.
     FinestraLettore* g = b.Apri(
         cartella_.Scrivi("lunga.log", QByteArray(Struttura::LimiteRiga, 'x') + "fine\r\na\tb\rc\x1B\r\n"));
     QVERIFY(g);
@@ -380,7 +380,7 @@ void ProvaFinestra::Trova() {
     Premi(f, Qt::Key_F, Qt::ControlModifier);
     QVERIFY(barra->isVisible());
     QCOMPARE(f->focusWidget(), Figlio<QLineEdit>(f, "daTrovare"));
-    Scrivi(f, "p"); // found while it is written
+    Scrivi(f, "p"); // found as it is typed
     QCOMPARE(Scelto(f), QString("P"));
     Scrivi(f, "erché");
     QCOMPARE(Scelto(f), QString("Perché"));
@@ -389,7 +389,7 @@ void ProvaFinestra::Trova() {
     Premi(f, Qt::Key_Return);
     QCOMPARE(Scelto(f), QString("PERCHÉ"));
     AL_POSTO(v, 23, 22);
-    Premi(f, Qt::Key_F3); // round, and says so
+    Premi(f, Qt::Key_F3); // wraps around and says so
     AL_POSTO(v, 10, 33);
     QCOMPARE(esito->text(), QString("Ricominciato dall'inizio."));
     Premi(f, Qt::Key_F3, Qt::ShiftModifier);
@@ -398,19 +398,19 @@ void ProvaFinestra::Trova() {
     Premi(f, Qt::Key_Return, Qt::ShiftModifier);
     AL_POSTO(v, 10, 33);
     QCOMPARE(esito->text(), QString());
-    // Not there: plainly said, and the selection stays.
+    // No match: says so, and the selection stays.
     Scrivi(f, "!");
     QCOMPARE(esito->text(), QString("«perché!» non trovato."));
     AL_POSTO(v, 10, 33);
     Premi(f, Qt::Key_Escape);
     QVERIFY(!barra->isVisible());
     QVERIFY(v->hasFocus());
-    Premi(f, Qt::Key_F3); // said below when the bar is away
+    Premi(f, Qt::Key_F3); // in the status bar when the find bar is closed
     QCOMPARE(Detto(f), QString("«perché!» non trovato."));
-    // By the buttons, and with the drawn characters.
+    // By the buttons, and for drawn characters.
     Premi(f, Qt::Key_F, Qt::ControlModifier);
     Scrivi(f, "─>");
-    AL_POSTO(v, 11, 20); // from where the caret was, line 10, on
+    AL_POSTO(v, 11, 20); // from the caret in line 10
     for (QPushButton* bottone : barra->findChildren<QPushButton*>())
         if (bottone->text() == "P&recedente") bottone->click();
     AL_POSTO(v, 9, 20);
@@ -427,7 +427,7 @@ void ProvaFinestra::TrovaDaSelezione() {
     Banco b;
     FinestraLettore* f = b.Apri(Esempio());
     QVERIFY(f);
-    Premi(f, Qt::Key_F3); // nothing to look for yet: asks
+    Premi(f, Qt::Key_F3); // nothing to find yet: opens the bar
     QVERIFY(Figlio<QWidget>(f, "barraTrova")->isVisible());
     Premi(f, Qt::Key_Escape);
     f->LaVista()->Scegli({12, 17}, {12, 23});
@@ -448,9 +448,9 @@ void ProvaFinestra::AlNumero() {
     auto* esito = Figlio<QLabel>(f, "esitoNumero");
     Premi(f, Qt::Key_G, Qt::ControlModifier);
     QVERIFY(barra->isVisible());
-    Scrivi(f, "1x5"); // digits alone go in
+    Scrivi(f, "1x5"); // takes digits only
     Premi(f, Qt::Key_Return);
-    QVERIFY(!barra->isVisible()); // there: nothing more to ask
+    QVERIFY(!barra->isVisible()); // found: closes
     QCOMPARE(Scelto(f), QString("000015        ┌─>If a Then b = 1"));
     QVERIFY(f->LaVista()->hasFocus());
     const std::pair<const char*, const char*> casi[] = {
@@ -526,7 +526,7 @@ void ProvaFinestra::Procedure() {
     QCOMPARE(testo(0, 0), QString("Prova"));
     QCOMPARE(testo(0, 1), QString());
     QCOMPARE(testo(1, 0), QString("Somma"));
-    QCOMPARE(testo(1, 1), QString("aperta")); // a word, beside the colour
+    QCOMPARE(testo(1, 1), QString("aperta")); // in words, not only by colour
     QCOMPARE(testo(2, 0), QString("End Sub (testa senza riquadro)"));
     QCOMPARE(testo(1, 0, Qt::AccessibleTextRole), QString("Somma, lasciata aperta"));
     QCOMPARE(testo(0, 0, Qt::AccessibleTextRole), QString("Prova"));
@@ -538,7 +538,7 @@ void ProvaFinestra::Procedure() {
     QVERIFY(Contrasto(elenco->palette().color(QPalette::HighlightedText),
                       elenco->palette().color(QPalette::Highlight)) >= 4.5);
 
-    // The list follows the caret, the caret a click.
+    // The list follows the caret, and the caret follows a click.
     QVERIFY(!elenco->currentIndex().isValid());
     f->LaVista()->Vai({20, 0});
     QCOMPARE(elenco->currentIndex().row(), 1);
@@ -577,7 +577,7 @@ void ProvaFinestra::ProcedureConITasti() {
     AL_POSTO(v, 26, 0);
     QCOMPARE(Detto(f), QString("Nessuna procedura più avanti."));
     v->Vai({20, 0});
-    Premi(f, Qt::Key_PageUp, Qt::ControlModifier); // to the head of this one first
+    Premi(f, Qt::Key_PageUp, Qt::ControlModifier); // first to this one's head
     AL_POSTO(v, 17, 0);
     Premi(f, Qt::Key_PageUp, Qt::ControlModifier);
     AL_POSTO(v, 2, 0);
@@ -684,8 +684,8 @@ void ProvaFinestra::Vuota() {
     f->grab();
 }
 
-// The run writes the listing again while it is shown: the reader shows the new one, at the same
-// line of the same procedure.
+// A run rewrites the listing while it is shown: the reader shows the new one, at the same line of
+// the same procedure.
 void ProvaFinestra::Riscritta() {
     Banco b;
     QList<QByteArray> righe = provefinestra::Esempio();
@@ -711,11 +711,11 @@ void ProvaFinestra::Riscritta() {
     QVERIFY(QFile::rename(nuova, file));
     QTRY_COMPARE_WITH_TIMEOUT(f->LaStruttura()->Righe(), 128, Attesa);
     AL_POSTO(v, 20, 17);
-    // Much shorter: as near as there is.
+    // Much shorter: the nearest place.
     cartella_.Scrivi("riscritta.log", "000001        x\r\n");
     QTRY_COMPARE_WITH_TIMEOUT(f->LaStruttura()->Righe(), 1, Attesa);
     AL_POSTO(v, 0, 15);
-    QVERIFY(b.Avvisi.isEmpty()); // no box for something that the user did himself
+    QVERIFY(b.Avvisi.isEmpty()); // no box for what the user did
 }
 
 void ProvaFinestra::SparitaETornata() {
@@ -725,7 +725,7 @@ void ProvaFinestra::SparitaETornata() {
     FinestraLettore* f = b.Apri(file);
     QVERIFY(f);
     f->LaVista()->Vai({20, 17});
-    QSignalSpy detti(f->statusBar(), &QStatusBar::messageChanged); // the bar forgets after a while
+    QSignalSpy detti(f->statusBar(), &QStatusBar::messageChanged); // the bar shows it for a while only
     QFile::remove(file);
     QTRY_COMPARE_WITH_TIMEOUT(f->LaStruttura()->Righe(), 0, Attesa);
     QVERIFY(f->LaVista()->RigaDetta().startsWith("Il file non si può più leggere:"));
@@ -733,7 +733,7 @@ void ProvaFinestra::SparitaETornata() {
     f->grab();
     Premi(f, Qt::Key_F5);
     Premi(f, Qt::Key_F8);
-    // Back, empty first, as while it is written.
+    // Back, but empty at first, as when a file is being written.
     cartella_.Scrivi("torna.log", "");
     QTRY_COMPARE_WITH_TIMEOUT(f->LaVista()->RigaDetta(), QString("La struttura è vuota."), Attesa);
     cartella_.Scrivi("torna.log", bytes);
@@ -756,7 +756,7 @@ void ProvaFinestra::MillePagine() {
     Premi(f, Qt::Key_End, Qt::ControlModifier);
     QCOMPARE(v->Cursore().Riga, 99'999);
     QCOMPARE(v->PrimaRiga(), 100'000 - v->RigheInVista());
-    Premi(f, Qt::Key_Up, Qt::ControlModifier); // the lines move, the caret stays
+    Premi(f, Qt::Key_Up, Qt::ControlModifier); // scrolls, the caret stays
     QCOMPARE(v->PrimaRiga(), 99'999 - v->RigheInVista());
     QCOMPARE(v->Cursore().Riga, 99'999);
     Premi(f, Qt::Key_G, Qt::ControlModifier);
@@ -766,7 +766,7 @@ void ProvaFinestra::MillePagine() {
     QVERIFY(v->PrimaRiga() < 49'999 && v->PrimaRiga() + v->RigheInVista() > 49'999);
 }
 
-// A look at any place of a long listing reads a block or two of it.
+// Showing any place of a long listing reads a block or two.
 void ProvaFinestra::DisegnaSoltantoCioCheSiVede() {
     Banco b;
     FinestraLettore* f = b.Apri(cartella_.Scrivi("molte.log", Molte(100'000)));
@@ -795,9 +795,9 @@ void ProvaFinestra::NienteInterruzioniNellaVista() {
     v->MettiPrimaRiga(0);
     for (const int zoom : {50, 80, 100, 110, 130, 170, 200, 300, 400}) {
         v->MettiZoom(zoom);
-        f->menuBar()->setFixedHeight(20 + zoom % 7); // the view on another point of the screen
+        f->menuBar()->setFixedHeight(20 + zoom % 7); // moves the view by some pixels
         QCoreApplication::processEvents();           // the new layout
-        // In the window, where the view may stand between two points of the screen.
+        // In the window, where the view may begin between two device pixels.
         const QImage q = f->grab().toImage();
         const qreal scala = q.devicePixelRatio();
         const QPointF posto = v->viewport()->mapTo(f, QPoint(0, 0));
@@ -843,7 +843,7 @@ void ProvaFinestra::Colori() {
             Figlio<QTreeView>(f, "elenco")->model()->index(1, 0).data(Qt::ForegroundRole).value<QColor>();
         QVERIFY(Contrasto(aperta, tavolozza.color(QPalette::Base)) >= 4.5);
     }
-    // The error line is a strip of its own across the view.
+    // The error line's background runs across the view.
     const QImage q = f->LaVista()->viewport()->grab().toImage();
     const qreal scala = q.devicePixelRatio();
     const int y =
@@ -870,8 +870,8 @@ void ProvaFinestra::Chiudere() {
     QTRY_COMPARE_WITH_TIMEOUT(b.L.Finestre().size(), 0, Attesa);
 }
 
-// Everything by the keyboard: each menu and entry has its letter, no two of a menu the same, and
-// each control its name.
+// Everything by keyboard: each menu and command has a mnemonic, unique in its menu, and each control
+// an accessible name.
 void ProvaFinestra::MenuENomi() {
     Banco b;
     FinestraLettore* f = b.Apri(Esempio());
@@ -919,7 +919,7 @@ void ProvaFinestra::Pdf() {
     FinestraLettore* f = b.Apri(Esempio("Stampata.log"));
     QVERIFY(f);
     auto* azione = Figlio<QAction>(f, "pdf");
-    azione->trigger(); // and thinks better of it
+    azione->trigger(); // cancelled
     QCOMPARE(b.Avvisi, QStringList{"pdf|" + cartella_.Percorso("Stampata.pdf")});
     b.Pdf = cartella_.Percorso("Stampata.pdf");
     azione->trigger();
@@ -951,14 +951,14 @@ void ProvaFinestra::Pdf() {
     QVERIFY(stampa.Colonne() >= 115); // the box fits
 }
 
-// A long line goes on below itself, behind its blocks.
+// A long line is continued in the next row, after the columns of its blocks.
 void ProvaFinestra::RigheDiStampa() {
     const QByteArray lunga = G("000001     ···║··┌─>") + "If " + QByteArray(300, 'x');
     Struttura s(Di(cartella_.Scrivi("s.log", Unite({lunga, "corta", ""}))));
     s.Carica();
     QPdfWriter carta(cartella_.Percorso("carta.pdf"));
     Stampa stampa(s, carta, "s.log");
-    const Lungo c = stampa.Colonne(); // the line has 323 columns, 20 of them in front of its text
+    const Lungo c = stampa.Colonne(); // the line has 323 columns, 20 of them before its text
     std::vector<RigaStampata> attese = {{0, 0, c, 0}};
     for (Lungo da = c; da < 323; da += c - 20)
         attese.push_back({0, da, std::min<Lungo>(323, da + c - 20), 20});
@@ -981,7 +981,7 @@ void ProvaFinestra::Aiuto() {
     QVERIFY(f);
     Premi(f, Qt::Key_F1);
     QVERIFY(b.Avvisi.value(0).startsWith("Tasti|"));
-    // What it tells is what the menus do.
+    // The list of keys agrees with the menus.
     for (const char* nome :
          {"apri", "rileggi", "trova", "numero", "copia", "tutto", "chiudi", "esci", "errore", "successivo"}) {
         const QString tasto = Figlio<QAction>(f, nome)->shortcut().toString();
@@ -991,7 +991,7 @@ void ProvaFinestra::Aiuto() {
     QVERIFY(b.Avvisi.value(1).startsWith("Informazioni|Morvella Lettore " MORVELLA_VERSIONE));
 }
 
-// Texts of Qt's own that a reader meets.
+// Texts of Qt that the user sees.
 void ProvaFinestra::Italiano() {
     QCOMPARE(QCoreApplication::translate("QLineEdit", "Select All"), QString("Seleziona tutto"));
     QCOMPARE(QCoreApplication::translate("QFileDialog", "All Files (*)"), QString("Tutti i file (*)"));

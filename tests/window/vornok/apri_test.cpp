@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The ways in: a directory or a project in the program's argument, or dropped on the window.
+// Directories and projects given as the program's argument or dropped on the window.
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -21,7 +21,7 @@ struct Lascio {
         for (const char* u : dove) url << QUrl(u);
         Dati.setUrls(url);
     }
-    // Drags it over the control and lets go; whether the form, or the control, wanted it.
+    // Drags it over a control and drops it; returns whether the form or the control accepts it.
     bool Su(QWidget* controllo) {
         QDragEnterEvent entra(QPoint(5, 5), Qt::CopyAction, &Dati, Qt::LeftButton, Qt::NoModifier);
         entra.ignore();
@@ -68,12 +68,12 @@ void ApriTest::directory() {
     QCOMPARE(b.W->S().Dir1Path, Testo("\\q"));
     QCOMPARE(b.Righe(b.Dir1()), QStringList({"/", "q"}));
     QCOMPARE(b.Righe(b.File1Leggi()), QStringList({"Due.vbp"}));
-    QVERIFY(b.File1Leggi()->selectedItems().isEmpty()); // none is chosen
+    QVERIFY(b.File1Leggi()->selectedItems().isEmpty()); // no project is chosen
     QCOMPARE(b.Righe(b.File1()), QStringList());
     QCOMPARE(b.Menu(), std::string("0001"));
 }
 
-// It stands there already: nothing changes.
+// The directory is open already: nothing changes.
 void ApriTest::directoryCorrente() {
     Banco b;
     b.Apri();
@@ -120,12 +120,12 @@ void ApriTest::progettoRelativo() {
     Risponditore r({"No", "No"});
     b.W->Apri("sotto/Due.vbp");
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p\\sotto"));
-    b.W->Apri("../Uno.vbp"); // from the directory that the choice of the first went to
+    b.W->Apri("../Uno.vbp"); // relative to the first project's directory
     QVERIFY(r.Esaurito());
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p"));
 }
 
-// The list is older than the file.
+// The file is newer than the list.
 void ApriTest::progettoNato() {
     Banco b;
     b.Apri();
@@ -175,14 +175,14 @@ void ApriTest::niente() {
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// A project in a directory that may be entered and not be read: one box, and the window stays.
+// A project in a directory that may be entered but not read: one box, and the window stays.
 void ApriTest::directoryChiusa() {
     Banco b;
     b.Disco.Metti("/q/Due.vbp", "Form=x.frm\r\n");
     b.Disco.Fallisci("Elenca", "/q", 75);
     b.Apri();
     b.ScegliSenzaCorsa();
-    // The second time it stands there, and no event tells it.
+    // The second time Dir1 does not change, so its event does not show the error.
     for (int i = 0; i < 2; ++i) {
         Risponditore r({"OK"});
         b.W->Apri("/q/Due.vbp");
@@ -198,7 +198,7 @@ void ApriTest::lasciato_data() {
         QTest::newRow(su) << su;
 }
 
-// Wherever it is let go.
+// Dropped anywhere on the form.
 void ApriTest::lasciato() {
     QFETCH(QString, su);
     Banco b;
@@ -252,7 +252,7 @@ void ApriTest::lasciatoDallaRete() {
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// A text goes into Text1, and nowhere else.
+// A dropped text goes into Text1 only.
 void ApriTest::lasciatoTesto() {
     Banco b;
     b.Apri();

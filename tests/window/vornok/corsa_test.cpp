@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A run as a person starts it: the choice of a project, the question, the commands of the menu,
-// the bars and the status line meanwhile, and the boxes that come.
+// Runs as a user starts them: the choice of a project, the question, the menu commands, the bars
+// and the status line meanwhile, and the boxes.
 #include <QScreen>
 #include <QScrollBar>
 
@@ -90,7 +90,7 @@ QStringList Marcati(Banco& b) {
 
 } // namespace
 
-// Each event in its turn: mnuRiordina, mnuvorn, mnuLettura, mnuHTML.
+// The states after each event: mnuRiordina, mnuvorn, mnuLettura, mnuHTML.
 void CorsaTest::statiDelMenu() {
     Banco b;
     MettiFigure(b);
@@ -133,7 +133,7 @@ void CorsaTest::clicSulProgettoConSi() {
     b.Apri();
     Risponditore r({"Sì"});
     r.Davanti = [&](std::size_t) {
-        // Who is asked sees what he is asked about.
+        // The user sees what the question is about.
         QCOMPARE(b.Righe(b.File1()), QStringList({"Form1.frm", "m.bas"}));
         QCOMPARE(b.Selezionate(), std::vector<int>({0, 1}));
         QCOMPARE(b.Didascalia("mnuSeleziona"), QString("DeSeleziona tutto"));
@@ -181,7 +181,7 @@ void CorsaTest::escAllaDomandaENo() {
     Risponditore r({"Esc"});
     b.CliccaProgetto(0);
     QVERIFY(r.Esaurito());
-    QVERIFY(!b.W->Finita()); // the box took it, not the form
+    QVERIFY(!b.W->Finita()); // the key closed the box, not the form
     QVERIFY(!b.Disco.Esiste("/p/Appoggio"));
 }
 
@@ -211,7 +211,7 @@ void CorsaTest::soloConLaTastiera() {
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.log"));
     QVERIFY(!b.Disco.Esiste("/p/Appoggio/c.log"));
     {
-        Risponditore r; // the last row: a key that moves nothing chooses nothing
+        Risponditore r; // on the last row the key moves nothing and chooses nothing
         tasto(Qt::Key_Down);
         QVERIFY(r.Esaurito());
     }
@@ -243,7 +243,7 @@ void CorsaTest::soloConLaTastiera() {
     QTRY_VERIFY_WITH_TIMEOUT(utility->isVisible(), Attesa);
     QTest::keyClick(utility, Qt::Key_S); // "Scrivi la struttura ..."
     QTRY_COMPARE_WITH_TIMEOUT(b.Selezionate(), std::vector<int>(), Attesa);
-    // And with the mnemonic of the menu bar itself.
+    // And by the mnemonic in the menu bar.
     QTest::keyClick(b.W.get(), Qt::Key_S, Qt::AltModifier);
     QTRY_COMPARE_WITH_TIMEOUT(b.Didascalia("mnuSeleziona"), QString("Seleziona tutto"), Attesa);
     QTest::keyClick(b.W.get(), Qt::Key_E, Qt::AltModifier); // the buddy of Label6
@@ -295,13 +295,13 @@ void CorsaTest::clicFinitoFuori_data() {
         QTest::addRow("sopra, %s", dopo) << scelto << QPoint(20, -30);
         QTest::addRow("a lato, %s", dopo) << scelto << QPoint(-40, 8);
         QTest::addRow("a destra, %s", dopo) << scelto << QPoint(400, 8);
-        for (const int y : {90, 120, 300}) // there are rows that would stand there
+        for (const int y : {90, 120, 300}) // where rows are hidden
             QTest::addRow("%d sotto l'elenco, %s", y, dopo) << scelto << QPoint(20, y);
     }
 }
 
-// The button goes down on a row and up beside the rows: nothing is chosen, and the mark is where
-// it was.
+// The button is pressed on a row and released outside the rows: nothing is chosen, and the mark
+// goes back.
 void CorsaTest::clicFinitoFuori() {
     QFETCH(bool, scelto);
     QFETCH(QPoint, fine);
@@ -369,7 +369,7 @@ void CorsaTest::altriBottoni() {
     }
 }
 
-// What was stored last decides, and not the tick that is seen.
+// What was stored last decides, not the tick that shows.
 void CorsaTest::check2SpuntataENonConservata() {
     Banco b;
     b.Disco.Metti("/prog/Default.ini", "KO\r\nKO\r\n\r\nOK\r\n");
@@ -439,7 +439,7 @@ void CorsaTest::progettoVuoto() {
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// It vanished behind the list's back: a final error.
+// The project was deleted while the list showed it: a final error.
 void CorsaTest::progettoCheManca() {
     Banco b;
     b.Apri();
@@ -482,7 +482,7 @@ void CorsaTest::motoriDaSoli() {
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.bas"));
     QVERIFY(!b.Disco.Esiste("/p/Appoggio/form1.txt"));
     QVERIFY(!b.Disco.Esiste("/p/Appoggio/m.log"));
-    QCOMPARE(b.Selezionate(), std::vector<int>({1})); // the rewriter leaves them as they are
+    QCOMPARE(b.Selezionate(), std::vector<int>({1})); // the rewriter leaves the selection
     b.Comando("mnuvorn");
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.log"));
     QVERIFY(!b.Disco.Esiste("/p/Appoggio/Form1.log"));
@@ -623,15 +623,15 @@ void CorsaTest::dipintoDuranteLaCorsa() {
     QCOMPARE(cambiati, QStringList({"Progress"}));
 }
 
-// The second row has no file. The rewriter stops at it, and so does the listing, which has put
-// the first row's path into Label2 and has not come so far with the second.
+// The second row has no file. The rewriter stops there. So does the listing, before it has put the
+// second path into Label2.
 void CorsaTest::arrestoLasciaLeBarre() {
     Banco b;
     b.Disco.Cancella("/p/m.bas");
     b.Apri();
     Risponditore r({"Sì"});
     b.CliccaProgetto(0);
-    QVERIFY(r.Esaurito()); // and no word of it
+    QVERIFY(r.Esaurito()); // no box
     QVERIFY(!b.W->Finita());
     QVERIFY(b.Disco.Esiste("/p/Appoggio/form1.txt"));
     QVERIFY(!b.Disco.Esiste("/p/Appoggio/form1.frm")); // no second stage
@@ -639,7 +639,7 @@ void CorsaTest::arrestoLasciaLeBarre() {
     QVERIFY(b.C("ProgressBar1")->isVisible());
     QVERIFY(b.C("Progress")->isVisible());
     QCOMPARE(b.C<QLabel>("Label2")->text(), QString("\\p\\Form1.frm"));
-    // Two of two rows; ten lines of ten and fifteen.
+    // Two of two rows; ten lines, of a Max of ten and fifteen.
     const auto parte = [&](const char* nome) {
         const auto* barra = b.C<QProgressBar>(nome);
         return double(barra->value() - barra->minimum()) / double(barra->maximum() - barra->minimum());
@@ -648,14 +648,14 @@ void CorsaTest::arrestoLasciaLeBarre() {
     QVERIFY(qAbs(parte("Progress") - 0.4) < 0.002);
     QCOMPARE(b.Menu(), std::string("1111"));
 
-    // The listing by itself, over nothing that is selected, ends as it should and hides them.
+    // The listing alone, with no row selected, runs to its end and hides them.
     b.Comando("mnuvorn");
     QVERIFY(!b.C("ProgressBar1")->isVisible());
     QVERIFY(!b.C("Progress")->isVisible());
     QCOMPARE(b.C<QLabel>("Label2")->text(), QString());
 }
 
-// What waits in the queue waits for the end of the run.
+// Queued events wait for the end of the run.
 void CorsaTest::nessunEventoDuranteLaCorsa() {
     Banco b;
     b.Apri();
@@ -746,7 +746,7 @@ void CorsaTest::html() {
         b.Apri();
         b.ScegliSenzaCorsa();
         Risponditore r({si ? "Sì" : "No"});
-        r.Davanti = [&](std::size_t) { QVERIFY(b.C("Progress")->isVisible()); }; // behind the box
+        r.Davanti = [&](std::size_t) { QVERIFY(b.C("Progress")->isVisible()); }; // under the box
         b.Comando("mnuHTML");
         QVERIFY(r.Esaurito());
         QCOMPARE(r.Viste[0].Titolo, QString("Visualizzazione Documentazione HTML"));
@@ -765,7 +765,7 @@ void CorsaTest::html() {
     }
 }
 
-// No warning: the pages' directory is empty, and so "\Indice.Html" lies in the root.
+// No warning. The pages' directory is empty, so "\Indice.Html" is in the root.
 void CorsaTest::htmlSenzaSelezione() {
     Banco b;
     MettiFigure(b);
@@ -791,8 +791,8 @@ void CorsaTest::htmlSenzaFigure() {
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.Html")); // finished pages stay
 }
 
-// The last line of a form begins a menu, so reading on is error 62. The page that was begun is on
-// the disk by the time that the box says so.
+// A menu in the last line makes the engine read on past the end: error 62. When the box shows it,
+// the page so far is on the disk.
 void CorsaTest::htmlInterrotto() {
     Banco b;
     MettiFigure(b);
@@ -897,7 +897,7 @@ void CorsaTest::soloUscita_data() {
     for (const char* nome : {"mnuend", "chiusura", "tastiera"}) QTest::newRow(nome) << nome << 1 << false;
 }
 
-// However it ends, the farewell comes once and nothing is stored.
+// However the program ends, the farewell comes once and nothing is stored.
 void CorsaTest::soloUscita() {
     QFETCH(QString, come);
     QFETCH(int, scheda);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Drives, directories, projects and rows: what the lists show, and what a click or a key in them
-// leads to.
+// Drives, directories, projects and rows: what the lists show, and what clicks and keys in them do.
 #include <QScrollBar>
 
 #include "shell/comandi.h"
@@ -56,16 +55,16 @@ void ElenchiTest::directoryMostrate() {
     for (const char* d : {"/p/zeta", "/p/Alfa", "/p/beta", "/p/.nascosta", "/p/beta/dentro", "/q"})
         b.Disco.FaiDirectory(d);
     b.Apri();
-    // Those above from the root on, the open one, those in it; files and hidden ones are left out.
+    // From the root to the open one, then those in it; no files and nothing hidden.
     QCOMPARE(b.Righe(b.Dir1()), QStringList({"/", "p", "Alfa", "beta", "zeta"}));
     QCOMPARE(b.Dir1()->currentRow(), 1); // the open one is marked
-    // Each level stands to the right of the one above.
+    // Each level is indented more than the one above.
     const auto livello = [&](int riga) { return b.Dir1()->item(riga)->data(Qt::UserRole).toInt(); };
     QCOMPARE(livello(0), 0);
     QCOMPARE(livello(1), 1);
     QCOMPARE(livello(2), 2);
     QCOMPARE(livello(4), 2);
-    // The directory at the start raised no event.
+    // The start in this directory raised no event.
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
@@ -161,10 +160,10 @@ void ElenchiTest::cambioConRighe() {
     QCOMPARE(b.Menu(), std::string("0001"));
     QCOMPARE(b.W->S().FileUscita, Testo());
     QCOMPARE(b.W->S().FileSorgente, Testo());
-    QCOMPARE(b.Didascalia("mnuSeleziona"), QString("DeSeleziona tutto")); // nobody turns it
+    QCOMPARE(b.Didascalia("mnuSeleziona"), QString("DeSeleziona tutto")); // nothing switches it back
 }
 
-// To where it stands already is no change.
+// Opening the open directory is no change.
 void ElenchiTest::stessaDirectory() {
     Banco b;
     b.Apri();
@@ -186,9 +185,8 @@ void ElenchiTest::appoggioDopoLaCorsa() {
     QCOMPARE(b.Dir1()->currentItem()->text(), QString("zeta"));
 }
 
-// What others did meanwhile shows when the window comes to the front; it is no event.
-// Dir1.Refresh, at the begin of a run, reads the directory anew, although the disk says that it is
-// as it was: two changes can share a moment.
+// Dir1.Refresh, at the start of a run, reads the directory again although its time has not changed:
+// two changes can have the same time.
 void ElenchiTest::rilettaDuranteLaCorsa() {
     struct DiscoFermo : DiscoFinto {
         using DiscoFinto::DiscoFinto;
@@ -225,6 +223,7 @@ void ElenchiTest::rilettaDuranteLaCorsa() {
     QCOMPARE(lette, QStringList({"/", "p", "altra", "Appoggio"}));
 }
 
+// Changes by other programs show when the window comes to the front, without an event.
 void ElenchiTest::rilettaConLaFinestra() {
     Banco b;
     b.Apri();
@@ -237,15 +236,15 @@ void ElenchiTest::rilettaConLaFinestra() {
     b.Attiva();
     QCOMPARE(b.Righe(b.Dir1()), QStringList({"/", "p", "nuova"}));
     QCOMPARE(b.Righe(b.File1Leggi()), QStringList({"Alfa.vbp", "Uno.vbp"}));
-    QCOMPARE(b.File1Leggi()->currentRow(), 1); // the chosen one stays so
+    QCOMPARE(b.File1Leggi()->currentRow(), 1); // the chosen project stays chosen
     QCOMPARE(b.W->S().File1Leggi.Scelto(), Vista("Uno.vbp"));
     QCOMPARE(b.Menu(), std::string("1111"));
     QCOMPARE(b.Righe(b.File1()).size(), 2);
     QCOMPARE(b.Selezionate(), std::vector<int>({0, 1}));
 }
 
-// The list of its files cannot be had: number and text run together, and the rest of the event
-// is skipped.
+// The list of files cannot be read: the box shows number and text without a separator, and the rest
+// of the event is skipped.
 void ElenchiTest::directoryCheNonSiLegge() {
     Banco b;
     b.Disco.FaiDirectory("/p/sotto");
@@ -281,7 +280,7 @@ void ElenchiTest::directoryChiusa() {
     QCOMPARE(b.Menu(), std::string("1111"));
 }
 
-// It vanished behind the list's back.
+// The directory was deleted while the list showed it.
 void ElenchiTest::directoryNonLetta() {
     Banco b;
     b.Disco.FaiDirectory("/p/sotto");
@@ -348,13 +347,13 @@ void ElenchiTest::unita() {
     QCOMPARE(b.Drive1()->currentIndex(), 0);
     b.ScegliSenzaCorsa();
 
-    // By the mouse, through the list.
+    // By mouse, in the opened list.
     b.Drive1()->showPopup();
     auto* lista = b.Drive1()->view();
     QTRY_VERIFY_WITH_TIMEOUT(lista->isVisible(), Attesa);
     QTest::mouseMove(lista->viewport(), lista->visualRect(lista->model()->index(1, 0)).center());
-    // A list that has just opened takes no click for a while, so that the one that opened it does
-    // not choose.
+    // A list that has just opened ignores clicks for a moment, lest the click that opened it choose
+    // too.
     for (QDeadlineTimer fine(Attesa); lista->isVisible() && !fine.hasExpired();) {
         QTest::mouseClick(lista->viewport(), Qt::LeftButton, {},
                           lista->visualRect(lista->model()->index(1, 0)).center());
@@ -388,7 +387,7 @@ void ElenchiTest::unitaStessa() {
     b.Apri();
     b.ScegliSenzaCorsa();
     b.Drive1()->setFocus();
-    QTest::keyClick(b.Drive1(), Qt::Key_Down); // there is one only
+    QTest::keyClick(b.Drive1(), Qt::Key_Down); // there is only one
     QTest::keyClick(b.Drive1(), Qt::Key_C);
     QCOMPARE(b.Menu(), std::string("1111"));
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p"));
@@ -403,12 +402,12 @@ void ElenchiTest::unitaConLaRotella() {
     QWheelEvent giro(QPointF(10, 10), b.Drive1()->mapToGlobal(QPointF(10, 10)), {}, QPoint(0, -120),
                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(b.Drive1(), &giro);
-    QCOMPARE(b.W->S().Dir1Path, Testo("\\p")); // a drive is not changed in passing
+    QCOMPARE(b.W->S().Dir1Path, Testo("\\p")); // the wheel does not change the drive
 }
 
 void ElenchiTest::unitaCheNonRisponde() {
     Banco b;
-    b.Disco.Unita["D:"] = "/vuoto"; // an empty drive: nothing is there
+    b.Disco.Unita["D:"] = "/vuoto"; // an empty drive
     b.Apri();
     b.ScegliSenzaCorsa();
     b.W->S().FileSorgente = "x";
@@ -432,8 +431,8 @@ void ElenchiTest::unitaCheNonRisponde() {
     QVERIFY(!b.W->Finita());
 }
 
-// From "D:" to a "C:" that is not there: Drive1 says "C:" already, so that setting it raises
-// nothing more, and the sequence goes on with the old directory and its rows.
+// From "D:" to a "C:" that does not answer: Drive1 shows "C:" already, so setting it raises no
+// further event, and the sequence goes on with the old directory and its rows.
 void ElenchiTest::unitaCNonRisponde() {
     Banco b;
     b.Disco.Metti("/d/Due.vbp", "Form=f.frm\r\n");
@@ -483,7 +482,7 @@ void ElenchiTest::unitaCheArriva() {
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// Going down into a volume shows its drive; that raises no event of Drive1's.
+// Entering a volume shows its drive without raising Drive1_Change.
 void ElenchiTest::unitaDellaDirectory() {
     Banco b;
     b.Disco.FaiDirectory("/p/disco/dentro");
@@ -510,7 +509,7 @@ void ElenchiTest::righeSelezionate() {
     b.Clicca(b.File1(), 1);
     QCOMPARE(b.Selezionate(), std::vector<int>({1}));
     QCOMPARE(b.Menu(), std::string("1111"));
-    // And so does one on a row that is selected already.
+    // So does a click on a selected row.
     b.W->S().mnuRiordina = b.W->S().mnuvorn = b.W->S().mnuLettura = false;
     b.Clicca(b.File1(), 1);
     QCOMPARE(b.Menu(), std::string("1111"));
@@ -524,7 +523,7 @@ void ElenchiTest::righeConCtrlEMaiusc() {
     QAbstractItemView* f = b.File1();
     b.Clicca(f, 3);
     QCOMPARE(b.Selezionate(), std::vector<int>({3}));
-    b.Clicca(f, 1, Qt::ControlModifier); // in an order that is not theirs
+    b.Clicca(f, 1, Qt::ControlModifier); // not in their order
     QCOMPARE(b.Selezionate(), std::vector<int>({1, 3}));
     b.Clicca(f, 3, Qt::ControlModifier);
     QCOMPARE(b.Selezionate(), std::vector<int>({1}));
@@ -554,7 +553,7 @@ void ElenchiTest::righeOrdinateEUguali() {
     QCOMPARE(b.Selezionate().size(), std::size_t(7));
 }
 
-// A command of the menu is given rows by hand, in any order, and works on them in theirs.
+// Rows selected by hand, in any order, are worked on in the order of the list.
 void ElenchiTest::righeSelezionateDiNuovo() {
     Banco b;
     b.Apri();
@@ -572,7 +571,7 @@ void ElenchiTest::righeSelezionateDiNuovo() {
 void ElenchiTest::selezionaTutto() {
     Banco b;
     b.Apri();
-    // Without a row it only turns its caption.
+    // Without a row it only changes its caption.
     b.Comando("mnuSeleziona");
     QCOMPARE(b.Didascalia("mnuSeleziona"), QString("DeSeleziona tutto"));
     QCOMPARE(b.Menu(), std::string("1011"));
@@ -584,7 +583,7 @@ void ElenchiTest::selezionaTutto() {
     b.Comando("mnuSeleziona");
     QCOMPARE(b.Selezionate(), std::vector<int>());
     QCOMPARE(b.Didascalia("mnuSeleziona"), QString("Seleziona tutto"));
-    b.Clicca(b.File1(), 1); // rows by hand do not turn it
+    b.Clicca(b.File1(), 1); // selecting by hand does not change it
     QCOMPARE(b.Didascalia("mnuSeleziona"), QString("Seleziona tutto"));
     b.Comando("mnuSeleziona");
     QCOMPARE(b.Selezionate(), std::vector<int>({0, 1}));
@@ -595,7 +594,7 @@ void ElenchiTest::selezionaTutto() {
     QCOMPARE(b.Menu(), std::string("1111"));
 }
 
-// The run leaves no row selected, and the caption as the choice of the project left it: the first
+// A run leaves no row selected, and the caption as the choice of the project set it, so the first
 // use deselects what is not selected.
 void ElenchiTest::selezionaDopoLaCorsa() {
     Banco b;
@@ -609,7 +608,7 @@ void ElenchiTest::selezionaDopoLaCorsa() {
     QCOMPARE(b.Selezionate(), std::vector<int>({0, 1}));
 }
 
-// Up to the row that stopped it, and that one too.
+// All rows up to the one that stopped the run, and that one.
 void ElenchiTest::strutturaDeseleziona() {
     Banco b;
     b.Disco.Metti("/p/Uno.vbp", "Form=Form1.frm\r\nModule=M; h.bas\r\nModule=M; m.bas\r\n");

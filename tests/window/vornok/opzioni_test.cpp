@@ -21,7 +21,7 @@ const std::string Modello = Barra + "'* Nome Progetto                           
                             Vuota + Vuota + Vuota + Barra;
 const std::string Iniziale = "KO\r\nKO\r\n\r\nKO\r\n";
 
-// What the box shows, as it would be stored.
+// The text that the box shows, as it would be stored.
 std::string Mostrato(Banco& b) { return CrLf(b.Text1()->toPlainText().toStdString()); }
 
 void Spunta(Banco& b, const char* nome) {
@@ -69,7 +69,7 @@ void OpzioniTest::primoAvvio() {
     Banco b;
     b.Apri();
     QCOMPARE(b.Ini(), Iniziale);
-    QCOMPARE(Mostrato(b), Modello); // shown, and not stored
+    QCOMPARE(Mostrato(b), Modello); // shown, but not stored
     for (const char* nome : {"TogliCommenti", "Check1", "Check2"}) QVERIFY(!b.Casella(nome)->isChecked());
 
     // The program ends, and the template is gone.
@@ -165,7 +165,7 @@ void OpzioniTest::fuoco_data() {
             QTest::addRow("%s %s", da, come) << da << come;
 }
 
-// Each of the four, each way out of it: what is stored is what the controls show then.
+// Each of the four controls and each way out of it: what the controls show then is stored.
 void OpzioniTest::fuoco() {
     QFETCH(QString, da);
     QFETCH(QString, come);
@@ -174,7 +174,7 @@ void OpzioniTest::fuoco() {
     b.Scheda(1);
     auto* controllo = b.W->findChild<QWidget*>(da);
     QTest::mouseClick(da == "Text1" ? b.Text1()->viewport() : controllo, Qt::LeftButton, {}, QPoint(6, 10));
-    if (da == "Check1") { // went on to Text1, which is a loss of focus by itself
+    if (da == "Check1") { // the focus goes on to Text1, which is a loss by itself
         QCOMPARE(QApplication::focusWidget(), b.Text1());
         QCOMPARE(b.Ini(), "KO\r\nOK\r\n" + Modello + "\r\nKO\r\n");
         b.Disco.Metti("/prog/Default.ini", "");
@@ -218,7 +218,7 @@ void OpzioniTest::fuocoPreso_data() {
         QTest::newRow(come) << come;
 }
 
-// What only borrows the focus stores nothing, and gives it back.
+// Whatever only borrows the focus gives it back, and nothing is stored.
 void OpzioniTest::fuocoPreso() {
     QFETCH(QString, come);
     for (const char* da : {"Check2", "Text1"}) {
@@ -239,14 +239,14 @@ void OpzioniTest::fuocoPreso() {
             QVERIFY(menu->isVisible());
             QTest::keyClick(menu, Qt::Key_Escape);
             QVERIFY(!menu->isVisible());
-            QTest::keyClick(b.W->menuBar(), Qt::Key_Escape); // leaves the bar, and not the program
+            QTest::keyClick(b.W->menuBar(), Qt::Key_Escape); // leaves the menu bar, not the program
         } else if (come == "menu col tasto") {
             QTest::keyClick(b.W.get(), Qt::Key_U, Qt::AltModifier);
             auto* menu = b.Voce("mnuutility")->menu();
             QTRY_VERIFY_WITH_TIMEOUT(menu->isVisible(), Attesa);
             QTest::keyClick(menu, Qt::Key_Escape);
             QTest::keyClick(b.W->menuBar(), Qt::Key_Escape);
-        } else if (come == "barra") { // a command of the bar itself
+        } else if (come == "barra") { // a command in the menu bar itself
             const QRect dove = b.W->menuBar()->actionGeometry(b.Voce("mnuSeleziona"));
             QTest::mouseClick(b.W->menuBar(), Qt::LeftButton, {}, dove.center());
             QCOMPARE(b.Didascalia("mnuSeleziona"), QString("DeSeleziona tutto"));
@@ -268,7 +268,7 @@ void OpzioniTest::fuocoPreso() {
             QContextMenuEvent evento(QContextMenuEvent::Mouse, QPoint(5, 5),
                                      controllo->mapToGlobal(QPoint(5, 5)));
             QApplication::sendEvent(da == QString("Text1") ? b.Text1()->viewport() : controllo, &evento);
-        } else if (come == "niente") { // a place that takes no focus
+        } else if (come == "niente") { // a place without focus
             QTest::mouseClick(b.C("Label3"), Qt::LeftButton);
             QTest::mouseClick(b.W->centralWidget(), Qt::LeftButton, {}, QPoint(740, 10));
         } else {
@@ -333,7 +333,7 @@ void OpzioniTest::togliCommentiSoltanto() {
     b.Scheda(1);
     Spunta(b, "TogliCommenti");
     QVERIFY(b.Casella("TogliCommenti")->hasFocus());
-    QCOMPARE(b.W->S().TogliCommenti, 1); // reaches the engines at once
+    QCOMPARE(b.W->S().TogliCommenti, 1); // the engines see it at once
     QVERIFY(!b.W->S().OpzTogliCommenti);
     QCOMPARE(b.Ini(), Iniziale);
 }
@@ -349,7 +349,7 @@ void OpzioniTest::ripristina() {
     for (const char* nome : {"TogliCommenti", "Check1", "Check2"}) QVERIFY(!b.Casella(nome)->isChecked());
     QVERIFY(!(b.Text1()->focusPolicy() & Qt::TabFocus));
     QVERIFY(!b.W->S().OpzSenzaConferma);
-    // The template goes to the file with the next loss of focus, and has a line more there.
+    // The template is stored at the next loss of focus, with one line more.
     b.Casella("Check2")->setFocus();
     b.Linguette()->setFocus();
     QCOMPARE(b.Ini(), "KO\r\nKO\r\n" + Modello + "\r\nKO\r\n");
@@ -398,7 +398,7 @@ void OpzioniTest::caratteriIgnoti() {
     b.Text1()->setFocus();
     b.Text1()->selectAll();
     Digita(b.Text1(), "a→b");
-    QCOMPARE(b.Text1()->toPlainText(), QString("a?b")); // seen where it is typed
+    QCOMPARE(b.Text1()->toPlainText(), QString("a?b")); // shown as it is typed
     QCOMPARE(b.Text1()->textCursor().position(), 3);
     b.Text1()->selectAll();
     QApplication::clipboard()->setText(QString::fromUcs4(U"x\U0001F600y\u0100")); // one "?" each
@@ -421,7 +421,7 @@ void OpzioniTest::annullaOltreUnCarattereIgnoto() {
     QCOMPARE(b.W->S().Text1, Testo("'mio\r\n"));
 }
 
-// Characters that a composition gives arrive by another way than keys.
+// Composed characters do not arrive as key events.
 void OpzioniTest::composizione() {
     Banco b;
     b.Apri();
@@ -459,7 +459,7 @@ void OpzioniTest::soliBlank() {
     QCOMPARE(b.Text1()->toPlainText(), QString("   "));
 }
 
-// It is taken for the flag of Check2, and what is behind it is lost.
+// The line is taken for the flag of Check2, and what follows is lost.
 void OpzioniTest::rigaOk() {
     Banco b;
     b.Apri();
@@ -487,7 +487,7 @@ void OpzioniTest::righeVuotePerseAlRiavvio() {
     QCOMPARE(Mostrato(b), std::string("a\r\nb\r\n"));
 }
 
-// A TAB in a stored text stays; the key leads on.
+// A TAB in a stored text stays; the key moves the focus.
 void OpzioniTest::tabNelTesto() {
     Banco b;
     b.Disco.Metti("/prog/Default.ini", "KO\r\nOK\r\n'a\tb\r\nKO\r\n");
@@ -499,7 +499,7 @@ void OpzioniTest::tabNelTesto() {
     QCOMPARE(b.Ini(), std::string("KO\r\nOK\r\n'a\tb\r\n\r\nKO\r\n"));
 }
 
-// The engines look at the controls, stored or not: a ticked box strips comments at once.
+// The engines use what the controls show, stored or not: a ticked box strips comments at once.
 void OpzioniTest::opzioniNellaCorsa() {
     Banco b;
     b.Disco.Metti("/p/m.bas", CrLf("Attribute VB_Name = \"M\"\nOption Explicit\nSub b()\n'nota\nEnd Sub\n"));

@@ -225,6 +225,12 @@ struct Banco {
     std::string Ini() { return Disco.Leggi("/prog/Default.ini"); }
 };
 
+/// Puts the pictures of the pages beside the program.
+inline void MettiFigure(Banco& b) {
+    for (const char* figura : {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"})
+        b.Disco.Metti(std::string("/prog/") + figura, "figura");
+}
+
 /// A control's rectangle in another one's coordinates.
 inline QRect In(const QWidget* controllo, const QWidget* altro) {
     return {controllo->mapTo(altro, QPoint()), controllo->size()};

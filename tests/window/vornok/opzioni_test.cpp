@@ -52,16 +52,9 @@ class OpzioniTest : public QObject {
     void togliCommentiSoltanto();
     void ripristina();
     void ripristinaDallaTastiera();
-    void accenti();
-    void spazioCheNonSiSpezza();
-    void caratteriIgnoti();
-    void annullaOltreUnCarattereIgnoto();
-    void composizione();
-    void incolla();
     void soliBlank();
     void rigaOk();
     void righeVuotePerseAlRiavvio();
-    void tabNelTesto();
     void opzioniNellaCorsa();
 };
 
@@ -368,85 +361,6 @@ void OpzioniTest::ripristinaDallaTastiera() {
     QVERIFY(!b.Casella("TogliCommenti")->isChecked());
 }
 
-void OpzioniTest::accenti() {
-    Banco b;
-    b.Disco.Metti("/prog/Default.ini", "KO\r\nKO\r\n'perch\xE9 \x80 \x93no\x94\r\nKO\r\n");
-    b.Apri();
-    QCOMPARE(b.Text1()->toPlainText(), QString("'perché € “no”\n"));
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    Digita(b.Text1(), "'È ");
-    b.Linguette()->setFocus();
-    QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\n'\xC8 'perch\xE9 \x80 \x93no\x94\r\n\r\nKO\r\n"));
-}
-
-void OpzioniTest::spazioCheNonSiSpezza() {
-    Banco b;
-    b.Disco.Metti("/prog/Default.ini", "KO\r\nKO\r\n'a\xA0z\r\nKO\r\n");
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    QTest::keyClicks(b.Text1(), "'");
-    b.Linguette()->setFocus();
-    QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\n''a\xA0z\r\n\r\nKO\r\n"));
-}
-
-void OpzioniTest::caratteriIgnoti() {
-    Banco b;
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    b.Text1()->selectAll();
-    Digita(b.Text1(), "a→b");
-    QCOMPARE(b.Text1()->toPlainText(), QString("a?b")); // shown as it is typed
-    QCOMPARE(b.Text1()->textCursor().position(), 3);
-    b.Text1()->selectAll();
-    QApplication::clipboard()->setText(QString::fromUcs4(U"x\U0001F600y\u0100")); // one "?" each
-    QTest::keySequence(b.Text1(), QKeySequence::Paste);
-    QCOMPARE(b.Text1()->toPlainText(), QString("x?y?"));
-    b.Linguette()->setFocus();
-    QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\nx?y?\r\nKO\r\n"));
-}
-
-void OpzioniTest::annullaOltreUnCarattereIgnoto() {
-    Banco b;
-    b.Disco.Metti("/prog/Default.ini", "KO\r\nKO\r\n'mio\r\nKO\r\n");
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    Digita(b.Text1(), "→");
-    QCOMPARE(b.Text1()->toPlainText(), QString("?'mio\n"));
-    QTest::keySequence(b.Text1(), QKeySequence::Undo);
-    QCOMPARE(b.Text1()->toPlainText(), QString("'mio\n"));
-    QCOMPARE(b.W->S().Text1, Testo("'mio\r\n"));
-}
-
-// Composed characters do not arrive as key events.
-void OpzioniTest::composizione() {
-    Banco b;
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    b.Text1()->selectAll();
-    QInputMethodEvent evento("", {});
-    evento.setCommitString("è→");
-    QApplication::sendEvent(b.Text1(), &evento);
-    QCOMPARE(b.Text1()->toPlainText(), QString("è?"));
-    QCOMPARE(b.W->S().Text1, Testo("\xE8?"));
-}
-
-void OpzioniTest::incolla() {
-    Banco b;
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    b.Text1()->selectAll();
-    QApplication::clipboard()->setText("'uno\n'due\r\n'tre");
-    QTest::keySequence(b.Text1(), QKeySequence::Paste);
-    b.Linguette()->setFocus();
-    QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\n'uno\r\n'due\r\n'tre\r\nKO\r\n"));
-}
-
 void OpzioniTest::soliBlank() {
     Banco b;
     b.Apri();
@@ -485,18 +399,6 @@ void OpzioniTest::righeVuotePerseAlRiavvio() {
     QCOMPARE(b.Ini(), std::string("KO\r\nKO\r\na\r\n\r\nb\r\n\r\nKO\r\n"));
     b.Apri();
     QCOMPARE(Mostrato(b), std::string("a\r\nb\r\n"));
-}
-
-// A TAB in a stored text stays; the key moves the focus.
-void OpzioniTest::tabNelTesto() {
-    Banco b;
-    b.Disco.Metti("/prog/Default.ini", "KO\r\nOK\r\n'a\tb\r\nKO\r\n");
-    b.Apri();
-    b.Scheda(1);
-    b.Text1()->setFocus();
-    QTest::keyClick(b.Text1(), Qt::Key_Tab);
-    QCOMPARE(QApplication::focusWidget(), b.Casella("Check2"));
-    QCOMPARE(b.Ini(), std::string("KO\r\nOK\r\n'a\tb\r\n\r\nKO\r\n"));
 }
 
 // The engines use what the controls show, stored or not: a ticked box strips comments at once.

@@ -4,7 +4,6 @@
 // line writes and what the cases of tests/casi expect. Cases with options that the window lacks are
 // left to the command line.
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <set>
 #include <sstream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // window/testo_qt.h
 //
-// The edge between the system's bytes and the widgets' texts.
+// Converts between the system's bytes and the widgets' texts.
 #pragma once
 
 #include <QString>
@@ -11,18 +11,18 @@
 
 namespace morvella {
 
-/// Windows-1252 bytes as a widget shows them.
+/// The text that a widget shows for Windows-1252 bytes.
 inline QString Mostra(Vista testo) { return QString::fromStdString(Utf8Da1252(testo)); }
 
-/// A name on the disk as a person reads it: UTF-8, and where it is none, Windows-1252.
+/// The text that is shown for a file name: read as UTF-8, or as Windows-1252 if it is not valid.
 inline QString MostraNome(const std::string& nome) {
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString testo = utf8(QByteArrayView(nome));
     return utf8.hasError() ? Mostra(nome) : testo;
 }
 
-/// What a user typed as the system's bytes. A character that Windows-1252 does not have becomes
-/// "?", as in any program that keeps its texts in that code page.
+/// The system's bytes for what a user typed. A character that Windows-1252 lacks becomes "?", as in
+/// any program that keeps its texts in that code page.
 inline Testo DaUtente(const QString& testo) {
     if (auto bytes = Bytes1252DaUtf8(testo.toStdString())) return *bytes;
     Testo bytes;

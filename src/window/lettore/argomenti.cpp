@@ -10,12 +10,12 @@ Richiesta LeggiArgomenti(const QStringList& argomenti) {
         if (!opzioni || !argomento.startsWith('-')) {
             r.File << argomento;
         } else if (argomento == "--") {
-            opzioni = false; // what follows are files
+            opzioni = false; // the rest are files
         } else if (argomento == "--lf") {
             r.Lf = true;
-        } else if (argomento == "-h" || argomento == "--aiuto") {
+        } else if (argomento == "-h" || argomento == "--aiuto" || argomento == "--help") {
             return {Richiesta::Aiuto, {}, false, {}};
-        } else if (argomento == "-V" || argomento == "--versione") {
+        } else if (argomento == "-V" || argomento == "--versione" || argomento == "--version") {
             return {Richiesta::Versione, {}, false, {}};
         } else if (r.Che == Richiesta::Mostra) {
             r.Che = Richiesta::Errata;

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QPolygonF>
 
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 namespace morvella::lettore {
 
@@ -26,7 +26,7 @@ QColor Mescola(const QColor& a, const QColor& b, double quantoB) {
     return {canale(a.red(), b.red()), canale(a.green(), b.green()), canale(a.blue(), b.blue())};
 }
 
-// `colore` itself, or the nearest on its way to black or white that can be read on `fondo`.
+// Returns `colore`, moved towards black or white as far as it takes to be readable on `fondo`.
 QColor Leggibile(const QColor& colore, const QColor& fondo) {
     const QColor verso = Contrasto(Qt::black, fondo) > Contrasto(Qt::white, fondo) ? Qt::black : Qt::white;
     QColor scelto = colore;
@@ -35,7 +35,7 @@ QColor Leggibile(const QColor& colore, const QColor& fondo) {
     return scelto;
 }
 
-// As near to the ground as a text may be.
+// The dimmest shade of `testo` that is still readable on `fondo`.
 QColor Tenue(const QColor& testo, const QColor& fondo) {
     QColor scelto = testo;
     for (int passo = 1; passo <= 11; ++passo) {
@@ -73,7 +73,7 @@ Colori ColoriDi(const QPalette& tavolozza) {
     const bool scuro = Contrasto(c.Fondo, Qt::white) > Contrasto(c.Fondo, Qt::black);
     c.Numero = Tenue(c.Testo, c.Fondo);
     c.Riquadro = c.Numero;
-    // Blue and orange stay apart for every kind of colour blindness.
+    // Blue and orange can be told apart with every kind of colour blindness.
     c.Condizione = Leggibile(scuro ? QColor(0x6C, 0xB6, 0xFF) : QColor(0x0B, 0x57, 0xB8), c.Fondo);
     c.Ciclo = Leggibile(scuro ? QColor(0xFF, 0xA6, 0x4D) : QColor(0xA8, 0x4A, 0x00), c.Fondo);
     c.ErroreFondo = scuro ? QColor(0xA3, 0x24, 0x1C) : QColor(0xB3, 0x26, 0x1E);
@@ -102,7 +102,7 @@ Griglia::Griglia(const QFont& font, qreal scala) : font_(font), scala_(scala) {
     grassetto.setBold(true);
     normale_.Font = QRawFont::fromFont(font_);
     grassetto_.Font = QRawFont::fromFont(grassetto);
-    // Whole points of the device, or columns and lines would stand now closer, now wider.
+    // In whole device pixels, else the distances of columns and lines would vary.
     const QFontMetricsF misure(font_);
     larga_ = std::max(3, static_cast<int>(std::lround(misure.horizontalAdvance(u'0') * scala)));
     base_ = static_cast<int>(std::ceil(misure.ascent() * scala));
@@ -118,8 +118,8 @@ quint32 Griglia::Carattere::Glifo(char16_t c) const {
 
 void Griglia::Connettore(QPainter& penna, qreal x, qreal y, char16_t c, bool doppio,
                          const QColor& colore) const {
-    // In points of the device from the corner of the cell; whole numbers, so that the strokes of
-    // two cells meet exactly.
+    // In device pixels from the corner of the cell; whole numbers, so that the strokes of two cells
+    // meet exactly.
     const int w = larga_;
     const int h = alta_;
     const int t = std::max(1, static_cast<int>(std::lround(h / 14.0)));
@@ -141,7 +141,7 @@ void Griglia::Connettore(QPainter& penna, qreal x, qreal y, char16_t c, bool dop
             QPolygonF({punto(dietro, mezzo - meta), punto(davanti, mezzo), punto(dietro, mezzo + meta)}));
         penna.restore();
     };
-    // A single stroke begins at s1; of a double one the first begins at s1, the second at s2.
+    // A single stroke begins at x1 or y1; the second one of a double stroke begins at x2 or y2.
     const int tra = std::max(t, static_cast<int>(std::lround(w * 0.25)));
     const int grosso = doppio ? 2 * t + tra : t;
     const int x1 = (w - grosso) / 2;

@@ -2,9 +2,9 @@
 // window/lettore/disegno.h
 //
 // Draws a line of a listing in a grid of cells of one size, on the screen and on paper, and
-// chooses the colours. The connectors are strokes over their cells and no characters, so that no
-// font can leave a gap between two lines; each other character stands at the left of its cell,
-// whatever font it was found in.
+// chooses the colours. Connectors are drawn as strokes, not as characters, so that no font leaves a
+// gap between two lines. Any other character stands at the left of its cell, whatever font it is
+// taken from.
 #pragma once
 
 #include <QColor>
@@ -20,36 +20,36 @@ class QPainter;
 
 namespace morvella::lettore {
 
-/// The contrast of two colours, from 1 to 21, as accessibility guidelines count it.
+/// The contrast ratio of two colours as accessibility guidelines define it, from 1 to 21.
 double Contrasto(const QColor& a, const QColor& b);
 inline constexpr double ContrastoMinimo = 4.5;
 
-/// What a listing is drawn with. Each of the texts has at least ContrastoMinimo to its ground.
+/// What a listing is drawn with. Every text colour has at least ContrastoMinimo on its background.
 struct Colori {
     QColor Fondo, Testo, Numero, Condizione, Ciclo, Riquadro;
     QColor Errore, ErroreFondo;
     QColor Scelto, SceltoFondo;   // the selection
-    QColor Trovato, TrovatoFondo; // where a sought text stands
+    QColor Trovato, TrovatoFondo; // a match of the search
     QColor Aperta;                // a procedure left open, in the list
 
     const QColor& Di(Tratto::Genere che) const;
 };
 
-/// From the palette of the desktop, light or dark.
+/// The colours that go with a desktop's palette, light or dark.
 Colori ColoriDi(const QPalette& tavolozza);
-/// Dark on white.
+/// The colours for paper: dark on white.
 Colori ColoriDiStampa();
 
-/// A stretch of a line in its own colours.
+/// A part of a line with colours of its own.
 struct Macchia {
-    Lungo Da = 0, A = 0; // bytes
+    Lungo Da = 0, A = 0; // in bytes, from `Da` to before `A`
     QColor Scritto, Fondo;
 };
 
 class Griglia {
   public:
     Griglia() = default;
-    /// `scala`: how many points of the device make one of the painter's.
+    /// `scala` is the number of device pixels to one of the painter's units.
     Griglia(const QFont& font, qreal scala);
 
     qreal Larga() const noexcept { return larga_ / scala_; }
@@ -71,7 +71,7 @@ class Griglia {
     QFont font_;
     Carattere normale_, grassetto_;
     qreal scala_ = 1;
-    int larga_ = 8, alta_ = 16, base_ = 12; // in points of the device
+    int larga_ = 8, alta_ = 16, base_ = 12; // in device pixels
 };
 
 } // namespace morvella::lettore

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 // window/lettore/finestra.h
 //
-// The reader of listings: a window a listing, all in one program. Each window has the listing,
-// the list of its procedures, a bar to look for a text and one for a number. A listing that is
-// written anew while it is shown is read again, and the place is kept where it can be.
+// A window of the reader: a listing, the list of its procedures, a bar to find a text and one to
+// go to a number. When the file changes on the disk it is read again, and the place is kept where
+// it can be.
 //
-// Boxes and file dialogs are asked for through Dialoghi, so that tests answer them.
+// The class is written in five files: finestra.cpp opens the file and watches it, menu.cpp makes
+// the menu, ricerca.cpp the two bars, elenco.cpp the list of procedures, carta.cpp prints.
 #pragma once
 
 #include <functional>
@@ -14,8 +15,6 @@
 #include <QBasicTimer>
 #include <QFileSystemWatcher>
 #include <QMainWindow>
-#include <QPointer>
-#include <QStringList>
 
 #include "window/lettore/procedure.h"
 #include "window/lettore/vista.h"
@@ -26,43 +25,7 @@ class QTreeView;
 
 namespace morvella::lettore {
 
-struct Dialoghi {
-    /// A box with an OK: what went wrong, or what the user asked to be told.
-    std::function<void(QWidget* sopra, bool guasto, const QString& titolo, const QString& testo)> Avvisa;
-    /// The files to open, none when the user thinks better of it.
-    std::function<QStringList(QWidget* sopra, const QString& directory)> Scegli;
-    /// Where to write a PDF, "" for nowhere.
-    std::function<QString(QWidget* sopra, const QString& proposto)> ScegliPdf;
-};
-/// The real ones.
-Dialoghi DialoghiVeri();
-
-class FinestraLettore;
-
-/// The windows of the program.
-class Lettore : public QObject {
-    Q_OBJECT
-
-  public:
-    explicit Lettore(Dialoghi dialoghi, bool lf = false);
-    ~Lettore() override;
-
-    /// Shows each file in a window: the one that shows it already, else `vuota` when that shows
-    /// nothing, else a new one. Tells of each that cannot be opened; gives how many those were.
-    int Apri(const QStringList& file, FinestraLettore* vuota = nullptr);
-    /// A window without a listing.
-    FinestraLettore* Nuova();
-    QList<FinestraLettore*> Finestre() const;
-    void ChiudiTutte();
-
-    const Dialoghi& Chiedi() const noexcept { return dialoghi_; }
-    bool Lf() const noexcept { return lf_; }
-
-  private:
-    Dialoghi dialoghi_;
-    bool lf_;
-    QList<QPointer<FinestraLettore>> finestre_;
-};
+class Lettore;
 
 class FinestraLettore : public QMainWindow {
     Q_OBJECT
@@ -71,15 +34,17 @@ class FinestraLettore : public QMainWindow {
     explicit FinestraLettore(Lettore& lettore);
     ~FinestraLettore() override;
 
-    /// Shows a file; else says in Italian why not, and nothing changes.
+    /// Shows a file. On failure returns false with the reason, in Italian, in `perche`; the window
+    /// stays as it was.
     bool Apri(const QString& file, QString& perche);
     QString File() const { return file_; }
     Struttura* LaStruttura() { return struttura_.get(); }
     VistaStruttura* LaVista() { return vista_; }
 
-    /// Reads the file again when the disk has another.
+    /// Reads the file again.
     void Rileggi();
-    /// Writes a PDF; else says why not.
+    /// Writes a PDF. On failure returns false with the reason in `perche`, "" when the user stopped
+    /// it.
     bool ScriviPdf(const QString& dove, QString& perche);
 
   protected:
@@ -93,7 +58,13 @@ class FinestraLettore : public QMainWindow {
   private:
     QAction* Azione(QMenu* menu, const char* nome, const QString& testo, const QList<QKeySequence>& tasti,
                     std::function<void()> fai);
+    QAction* SuStruttura(QMenu* menu, const char* nome, const QString& testo,
+                         const QList<QKeySequence>& tasti, std::function<void()> fai);
     void FaiMenu();
+    void FaiMenuFile(QMenu* menu);
+    void FaiMenuModifica(QMenu* menu);
+    void FaiMenuVai(QMenu* menu);
+    void FaiMenuVisualizza(QMenu* menu);
     QWidget* FaiBarraTrova();
     QWidget* FaiBarraNumero();
     void FaiElenco();
@@ -120,9 +91,9 @@ class FinestraLettore : public QMainWindow {
     Lettore& lettore_;
     QString file_;
     std::unique_ptr<Struttura> struttura_;
-    bool sparita_ = false;    // the file cannot be read any more
-    bool tienePosto_ = false; // there is nothing to see, and the place is kept from before
-    Appiglio cima_, posto_;   // where the user was
+    bool sparita_ = false;    // the file can no longer be read
+    bool tienePosto_ = false; // the listing is empty for now; cima_ and posto_ stay
+    Appiglio cima_, posto_;   // the top line and the caret at the last reading
 
     VistaStruttura* vista_;
     QWidget* barraTrova_ = nullptr;
@@ -137,7 +108,7 @@ class FinestraLettore : public QMainWindow {
     ModelloProcedure* procedure_ = nullptr;
     Posizione inizioRicerca_;
     bool segueElenco_ = false;
-    QList<QAction*> perStruttura_; // that need a listing
+    QList<QAction*> perStruttura_; // the commands that need a listing
 
     QFileSystemWatcher sorveglia_;
     QBasicTimer quiete_, giro_;

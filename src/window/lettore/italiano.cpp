@@ -81,7 +81,7 @@ class Italiano : public QTranslator {
     using QTranslator::QTranslator;
     bool isEmpty() const override { return false; }
     QString translate(const char* contesto, const char* testo, const char*, int) const override {
-        // Qt's own contexts alone.
+        // Only the contexts of Qt itself.
         if (!contesto || !testo || contesto[0] != 'Q') return {};
         for (const Voce& voce : Voci)
             if (std::strcmp(voce.Qt, testo) == 0) return QString::fromUtf8(voce.Italiano);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // window/lettore/italiano.h
 //
-// Qt's own texts in Italian. Its translation is a package of its own and may be missing or have
-// gaps, so the texts that a reader of listings meets are here as well.
+// Qt's own texts in Italian. Qt's translation is a separate package that may be missing or
+// incomplete, so the texts that a user of the reader sees are here as well.
 #pragma once
 
 class QCoreApplication;

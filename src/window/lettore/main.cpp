@@ -6,16 +6,17 @@
 #include "window/lettore/argomenti.h"
 #include "window/lettore/finestra.h"
 #include "window/lettore/italiano.h"
+#include "window/lettore/lettore.h"
 
 int main(int argc, char** argv) {
     using namespace morvella::lettore;
-    // Help needs no screen, and Qt none of our options.
+    // Before Qt starts: help and version need no screen.
     QStringList prima;
     for (int i = 1; i < argc; ++i) prima << QString::fromLocal8Bit(argv[i]);
     switch (LeggiArgomenti(prima).Che) {
     case Richiesta::Aiuto: return std::fputs(qUtf8Printable(TestoAiuto()), stdout), Fatto;
     case Richiesta::Versione: return std::puts("morvella-lettore " MORVELLA_VERSIONE), Fatto;
-    default: break; // Qt's own options are still among them
+    default: break; // still includes Qt's own options
     }
 
     QApplication programma(argc, argv);
@@ -33,7 +34,7 @@ int main(int argc, char** argv) {
     Lettore lettore(DialoghiVeri(), richiesta.Lf);
     const auto mancati = lettore.Apri(richiesta.File);
     if (richiesta.File.isEmpty()) lettore.Nuova();
-    if (lettore.Finestre().isEmpty()) return NonAperto; // the boxes have told why
+    if (lettore.Finestre().isEmpty()) return NonAperto; // the boxes have said why
     const int stato = QApplication::exec();
     return stato == Fatto && mancati > 0 ? NonAperto : stato;
 }

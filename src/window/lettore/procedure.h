@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // window/lettore/procedure.h
 //
-// The procedures of a listing as the side list shows them: the name, and "aperta" for one that
-// ended with blocks open.
+// The model of the list of procedures: the name of each, and "aperta" for one that ended with
+// blocks open.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QColor>
 
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 namespace morvella::lettore {
 
@@ -19,7 +19,8 @@ class ModelloProcedure : public QAbstractTableModel {
     enum Colonna { Nome, Stato, Colonne };
 
     using QAbstractTableModel::QAbstractTableModel;
-    /// The listing's own list is looked at, not copied: again after each change of it.
+    /// Shows a listing's procedures, or none. They are not copied: to be called again after each
+    /// change, and before they go.
     void Mostra(const std::vector<Procedura>* procedure);
     void Colora(const QColor& aperta);
 

@@ -16,7 +16,7 @@ constexpr Lungo ColonneVolute = 116; // the box around a head ends in column 115
 constexpr qreal PuntiMassimi = 9;
 constexpr Lungo RigheDiTesta = 2; // the title and an empty row
 
-// The columns that run on below a line: what its connectors leave open.
+// The connectors to draw below a line that is continued: the columns that it leaves open.
 char Prosegue(char byte) {
     switch (byte) {
     case '\xB3':
@@ -83,7 +83,7 @@ bool Stampa::Esegui(Lungo da, Lungo a, const std::function<bool(Lungo)>& continu
     QPainter penna;
     if (!penna.begin(&carta_)) return false;
     a = std::min(a, pagine_);
-    Lungo pagina = 0; // the one in work
+    Lungo pagina = 0; // the page in work
     Lungo nella = righe_;
     const auto volta = [&] {
         ++pagina;

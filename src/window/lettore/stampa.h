@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // window/lettore/stampa.h
 //
-// A listing on paper or in a PDF: dark on white, the letters small enough that the box around a
-// head fits across the page. A longer line goes on in the next row, with the columns of its
-// blocks drawn through.
+// Prints a listing on paper or to a PDF: dark on white, in letters small enough for the box around
+// a head to fit on the page. A longer line is continued in the next row, where the columns of its
+// blocks are drawn on.
 #pragma once
 
 #include <functional>
@@ -11,12 +11,12 @@
 #include <QPagedPaintDevice>
 #include <QString>
 
+#include "lettore/struttura.h"
 #include "window/lettore/disegno.h"
-#include "window/lettore/file.h"
 
 namespace morvella::lettore {
 
-/// A row of a page: the columns from `Da` to before `A` of a line, `Rientro` cells to the right.
+/// A row of a page: the columns of a line from `Da` to before `A`, indented by `Rientro` cells.
 struct RigaStampata {
     Lungo Riga = 0, Da = 0, A = 0, Rientro = 0;
     bool operator==(const RigaStampata&) const = default;
@@ -28,10 +28,10 @@ class Stampa {
 
     Lungo Pagine() const noexcept { return pagine_; }
     Lungo Colonne() const noexcept { return colonne_; }
-    /// The rows that a line takes.
+    /// The rows that a line takes on the page.
     std::vector<RigaStampata> Righe(Lungo riga);
-    /// Prints the pages from `da` to `a`, from 1. `continua` is told each page and may stop it.
-    /// False when it was stopped or the device refused.
+    /// Prints the pages `da` to `a`, counted from 1. `continua` is called with each page and stops
+    /// the printing by returning false. Returns false when stopped or when the device fails.
     bool Esegui(Lungo da, Lungo a, const std::function<bool(Lungo)>& continua);
 
   private:

@@ -111,7 +111,8 @@ qreal VistaStruttura::Sinistra() const { return Bordo - horizontalScrollBar()->v
 void VistaStruttura::MettiBarre() {
     verticalScrollBar()->setRange(0, Intero(Righe() - RigheInVista()));
     verticalScrollBar()->setPageStep(Intero(RigheInVista()));
-    const Lungo colonne = struttura_ ? struttura_->Colonne() + 1 : 0; // the caret stands behind the last
+    const Lungo colonne =
+        struttura_ ? struttura_->Colonne() + 1 : 0; // one more for the caret at the end of a line
     horizontalScrollBar()->setRange(0, Intero(colonne - ColonneInVista()));
     horizontalScrollBar()->setPageStep(Intero(ColonneInVista()));
     horizontalScrollBar()->setSingleStep(4);
@@ -170,7 +171,7 @@ void VistaStruttura::MostraCursore(bool alCentro) {
     const Lungo largo = ColonneInVista();
     const Lungo da = alCentro ? std::min(inizio, fine) : fine;
     const Lungo a = alCentro ? std::max(inizio, fine) : fine;
-    if (alCentro && a < largo) return horizontalScrollBar()->setValue(0); // with the numbers in sight
+    if (alCentro && a < largo) return horizontalScrollBar()->setValue(0); // keep the numbers in sight
     if (a >= sinistra + largo)
         horizontalScrollBar()->setValue(Intero(std::min(da, a - largo + 1 + largo / 4)));
     if (da < horizontalScrollBar()->value())
@@ -228,7 +229,7 @@ Posizione VistaStruttura::PostoDi(const QPoint& punto) {
     const Lungo riga = PrimaRiga() + static_cast<Lungo>(std::floor(punto.y() / griglia_.Alta()));
     if (riga < 0) return {};
     if (riga >= Righe()) return Limita({Righe(), 0});
-    // Half a cell on: the nearer edge counts.
+    // Half a cell is added, so that the nearer edge of the cell counts.
     const Lungo colonna = static_cast<Lungo>(std::floor((punto.x() - Sinistra()) / griglia_.Larga() + 0.5));
     return {riga, ByteDiColonna(struttura_->Riga(riga), std::max<Lungo>(colonna, 0))};
 }
@@ -257,7 +258,7 @@ void VistaStruttura::DisegnaUna(QPainter& penna, Lungo i, qreal y) {
     if (inizio != fine && i >= inizio.Riga && i <= fine.Riga) {
         const Lungo sa = i == fine.Riga ? fine.Byte : Len(riga);
         macchie.push_back({i == inizio.Riga ? inizio.Byte : 0, sa, colori_.Scelto, colori_.SceltoFondo});
-        if (i < fine.Riga) // the line's end is selected too
+        if (i < fine.Riga) // show that the line end is selected too
             penna.fillRect(QRectF(Sinistra() + static_cast<qreal>(ColonnaDiByte(riga, sa)) * griglia_.Larga(),
                                   y, griglia_.Larga() / 2, griglia_.Alta()),
                            colori_.SceltoFondo);
@@ -282,8 +283,8 @@ void VistaStruttura::paintEvent(QPaintEvent*) {
                        detto_);
         return;
     }
-    // With a scale of one and a half the view may begin between two points of the screen; there a
-    // stroke would come out now thinner, now thicker, and two would not always meet.
+    // At a scale of 1.5 the view may begin between two device pixels. Strokes would then vary in
+    // width and not always meet, so the painter is moved to a whole pixel.
     const QTransform schermo = penna.deviceTransform();
     penna.translate((std::round(schermo.dx()) - schermo.dx()) / scala_,
                     (std::round(schermo.dy()) - schermo.dy()) / scala_);
@@ -330,12 +331,12 @@ void VistaStruttura::keyPressEvent(QKeyEvent* evento) {
     const bool ctrl = evento->modifiers() & Qt::ControlModifier;
     const auto verticale = [&](Lungo righe) {
         const Lungo riga = std::clamp<Lungo>(cursore_.Riga + righe, 0, Righe() - 1);
-        if (riga == cursore_.Riga) // at an end already: to the end of the line
+        if (riga == cursore_.Riga) // on the first or last line: to its start or end
             return Vai({riga, righe < 0 ? 0 : Lunghezza(riga)}, estende);
         Sposta({riga, ByteDiColonna(struttura_->Riga(riga), colonna_)}, estende, true);
         MostraCursore();
     };
-    // A selection is left at the end that the key points to.
+    // An arrow leaves a selection at the end that it points to.
     const auto orizzontale = [&](bool avanti) {
         const auto [da, a] = std::minmax({cursore_, ancora_});
         if (Scelto() && !estende && !ctrl) return Vai(avanti ? a : da);
@@ -367,7 +368,7 @@ void VistaStruttura::keyPressEvent(QKeyEvent* evento) {
         verticale(salto);
     };
     switch (evento->key()) {
-    case Qt::Key_Down: // with Ctrl the lines move and the caret stays
+    case Qt::Key_Down: // Ctrl scrolls and leaves the caret
         if (ctrl) return MettiPrimaRiga(PrimaRiga() + 1);
         return verticale(1);
     case Qt::Key_Up:
@@ -399,7 +400,7 @@ void VistaStruttura::wheelEvent(QWheelEvent* evento) {
 
 // ---- mouse
 
-// What a place stands for when words or lines are selected.
+// The word or the line at a place, by the unit that is being selected.
 std::pair<Posizione, Posizione> VistaStruttura::Estesa(Posizione dove, Misura misura) {
     if (misura == Misura::Byte || Righe() == 0) return {dove, dove};
     if (misura == Misura::Riga)
@@ -424,7 +425,7 @@ void VistaStruttura::mousePressEvent(QMouseEvent* evento) {
                            QApplication::styleHints()->mouseDoubleClickInterval() &&
                        (punto - doppio_).manhattanLength() < QApplication::startDragDistance();
     quandoDoppio_ = -1;
-    // The number stands for its line.
+    // A click on the number selects the line.
     const bool sulNumero = Struttura::NumeroDi(struttura_->Riga(dove.Riga)) > 0 && punto.x() >= Sinistra() &&
                            punto.x() < Sinistra() + 6 * griglia_.Larga();
     misura_ = terzo || sulNumero ? Misura::Riga : Misura::Byte;
@@ -479,7 +480,7 @@ void VistaStruttura::mouseReleaseEvent(QMouseEvent* evento) {
     if (const auto testo = TestoScelto()) appunti->setText(*testo, QClipboard::Selection);
 }
 
-// The pointer is held outside: the lines move below it.
+// Scrolls while a drag is held outside the view.
 void VistaStruttura::timerEvent(QTimerEvent* evento) {
     if (evento->timerId() != scorre_.timerId()) return QAbstractScrollArea::timerEvent(evento);
     const QRect dentro = viewport()->rect();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // window/lettore/vista.h
 //
-// Shows a listing: draws the lines and columns that can be seen and nothing else, moves a caret,
-// selects, copies, zooms. Where to go is the window's business; what stands where, the file's.
+// Shows a listing: draws the visible lines and columns only, moves a caret, selects, copies, zooms.
+// The window decides where to go; the listing itself is a Struttura.
 #pragma once
 
 #include <optional>
@@ -10,8 +10,8 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 
+#include "lettore/struttura.h"
 #include "window/lettore/disegno.h"
-#include "window/lettore/file.h"
 
 namespace morvella::lettore {
 
@@ -19,16 +19,17 @@ class VistaStruttura : public QAbstractScrollArea {
     Q_OBJECT
 
   public:
-    /// Percent; one step of the zoom is a tenth of the usual size.
+    /// In percent; one step of the zoom is a tenth of the normal size.
     static constexpr int ZoomMinimo = 50, ZoomMassimo = 400, ZoomPasso = 10;
-    /// More than this is not copied: nobody pastes it, and it would be held twice.
+    /// Characters. A larger selection is not copied: the clipboard would hold it a second time.
     static constexpr Lungo LimiteCopia = Lungo{128} * 1024 * 1024;
 
     explicit VistaStruttura(QWidget* sopra = nullptr);
 
-    /// Takes on a listing, or none; it has to outlive the view. The same again after Carica.
+    /// Sets the listing, or none. It must outlive the view or be replaced first. To be called again
+    /// after each Carica.
     void Mostra(Struttura* struttura);
-    /// What is written where there are no lines.
+    /// Sets the text that is shown where there are no lines.
     void DiceVuota(const QString& testo);
 
     Posizione Cursore() const noexcept { return cursore_; }
@@ -36,15 +37,15 @@ class VistaStruttura : public QAbstractScrollArea {
     bool Scelto() const noexcept { return cursore_ != ancora_; }
     /// Moves the caret and shows it; `estende` keeps the other end of the selection.
     void Vai(Posizione dove, bool estende = false);
-    /// Selects from `da` to `a` and shows it, in the middle when it was out of sight.
+    /// Selects from `da` to `a` and shows it, centred if it was out of sight.
     void Scegli(Posizione da, Posizione a);
     void ScegliTutto();
-    /// The selection as a text, lines apart by LF; nothing when it is too large.
+    /// The selected text, with LF between lines; nothing if it is too large.
     std::optional<QString> TestoScelto();
-    /// To the clipboard; false when it is too large.
+    /// Copies the selection to the clipboard; false if it is too large.
     bool Copia();
 
-    /// Shows every place of a text that is in sight; an empty one shows none.
+    /// Highlights every visible match of a text; an empty one removes the highlights.
     void Evidenzia(const Ago& ago);
 
     int Zoom() const noexcept { return zoom_; }
@@ -52,12 +53,12 @@ class VistaStruttura : public QAbstractScrollArea {
 
     Lungo PrimaRiga() const;
     void MettiPrimaRiga(Lungo riga);
-    Lungo RigheInVista() const; // whole ones, 1 at the least
+    Lungo RigheInVista() const; // whole lines, at least 1
     const Griglia& Celle() const noexcept { return griglia_; }
     const Colori& Tinte() const noexcept { return colori_; }
-    /// The place that a point of the viewport shows.
+    /// The place in the listing at a point of the viewport, in pixels.
     Posizione PostoDi(const QPoint& punto);
-    /// The text of the line with the caret, as a reader of screens says it.
+    /// The text of the caret's line, as a screen reader says it.
     QString RigaDetta() const;
 
   signals:
@@ -83,7 +84,7 @@ class VistaStruttura : public QAbstractScrollArea {
   private:
     enum class Misura { Byte, Parola, Riga };
 
-    void Ricalcola(); // the grid
+    void Ricalcola(); // the grid of cells
     void MettiBarre();
     void MostraCursore(bool alCentro = false);
     void Sposta(Posizione dove, bool estende, bool tieniColonna = false);
@@ -103,11 +104,11 @@ class VistaStruttura : public QAbstractScrollArea {
     Colori colori_;
     Ago ago_;
     Posizione cursore_, ancora_;
-    Lungo colonna_ = 0; // that the caret strives for when it moves up and down
+    Lungo colonna_ = 0; // the column that the caret keeps when it moves up and down
     int zoom_ = 100;
     int rotella_ = 0;
     Misura misura_ = Misura::Byte;
-    std::pair<Posizione, Posizione> presa_; // what the pressed button took
+    std::pair<Posizione, Posizione> presa_; // what was selected when the button went down
     bool trascina_ = false;
     QPoint ultimo_;
     QBasicTimer scorre_;
@@ -116,7 +117,7 @@ class VistaStruttura : public QAbstractScrollArea {
     std::vector<Porzione> fette_;
 };
 
-/// Lets readers of screens say the line with the caret. To be called once.
+/// Lets screen readers say the caret's line. To be called once.
 void AccessibilitaDellaVista();
 
 } // namespace morvella::lettore

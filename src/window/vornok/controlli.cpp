@@ -41,19 +41,18 @@ void Figura::mouseReleaseEvent(QMouseEvent* evento) {
 
 namespace {
 
-// A text as it comes back from the system's bytes.
+// A text after conversion to the system's bytes and back.
 QString Tenuto(const QString& scritto) { return Mostra(DaUtente(scritto)); }
 
 } // namespace
 
 CasellaTesto::CasellaTesto(QWidget* genitore) : QPlainTextEdit(genitore) {
-    setTabChangesFocus(true); // a TAB would keep who has no mouse inside
+    setTabChangesFocus(true); // else keyboard users could not leave the box
     setLineWrapMode(QPlainTextEdit::NoWrap);
     connect(this, &QPlainTextEdit::textChanged, this, &CasellaTesto::Cambiata);
 }
 
-// Block by block: the document's own plain text turns a blank that does not break (byte 160)
-// into a common one.
+// Block by block: toPlainText() would turn a no-break space (byte 160) into a blank.
 Testo CasellaTesto::Bytes() const {
     Testo bytes;
     for (QTextBlock blocco = document()->begin(); blocco.isValid(); blocco = blocco.next()) {
@@ -75,8 +74,8 @@ void CasellaTesto::Cambiata() {
     emit Scritta(Bytes());
 }
 
-// On its way in, and not behind it: a correction would be a step of its own, which undoing takes
-// back and which then comes again.
+// Converted on its way in. A correction afterwards would be an undo step of its own, and undoing it
+// would cause the next correction.
 void CasellaTesto::keyPressEvent(QKeyEvent* evento) {
     QKeyEvent tenuto(evento->type(), evento->key(), evento->modifiers(), Tenuto(evento->text()),
                      evento->isAutoRepeat());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // window/vornok/controlli.h
 //
-// Small controls of the form that Qt does not have as they are meant here.
+// Small controls of the form for which Qt has nothing that fits.
 #pragma once
 
 #include <QLabel>
@@ -12,7 +12,7 @@
 
 namespace morvella {
 
-/// A label whose text is a path: what does not fit goes from the middle.
+/// A label for a path, which is shortened in its middle when it does not fit.
 class EtichettaPercorso : public QLabel {
     Q_OBJECT
   public:
@@ -22,8 +22,8 @@ class EtichettaPercorso : public QLabel {
     void paintEvent(QPaintEvent* evento) override;
 };
 
-/// A picture box or an image: draws its picture from the corner, or stretched over itself, on its
-/// background colour; says when it is clicked.
+/// A picture box or an image: draws its picture at its corner or stretched to its size, on its
+/// background colour. Signals clicks.
 class Figura : public QWidget {
     Q_OBJECT
   public:
@@ -41,18 +41,18 @@ class Figura : public QWidget {
     bool stirata_;
 };
 
-/// The header's text: plain, its lines ended by CR LF in the system's bytes. What Windows-1252
-/// does not have is a "?" from the moment that it is typed or pasted. A file that is dropped on
-/// it goes to the form.
+/// The box for the header's text: plain, with CR LF between lines in the system's bytes. A
+/// character that Windows-1252 lacks becomes "?" as it is typed or pasted. A file dropped here goes
+/// to the form.
 class CasellaTesto : public QPlainTextEdit {
     Q_OBJECT
   public:
     explicit CasellaTesto(QWidget* genitore);
-    /// Shows a text; does nothing where it is shown already, so that the cursor stays.
+    /// Shows a text. Does nothing if it is shown already, so that the cursor stays.
     void Mostra(const Testo& testo);
 
   signals:
-    /// The user changed it.
+    /// The user changed the text.
     void Scritta(const morvella::Testo& testo);
 
   protected:
@@ -69,11 +69,11 @@ class CasellaTesto : public QPlainTextEdit {
     bool mostra_ = false;
 };
 
-/// Whether a control that gets this event has lost the focus to another one of the form. A
-/// menu, a box and another program only borrow it.
+/// Whether a control that gets this event loses the focus to another control of the form. Menus,
+/// boxes and other programs only borrow it.
 bool PerdeFuoco(const QEvent& evento);
 
-/// Makes the font of a label smaller until its text fits into it.
+/// Reduces a label's font until the text fits.
 void Adatta(QLabel& etichetta);
 
 } // namespace morvella

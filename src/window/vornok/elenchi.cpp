@@ -15,9 +15,9 @@ namespace morvella {
 namespace {
 
 constexpr int RuoloLivello = Qt::UserRole;
-constexpr int PixelLivello = 9; // a level's indentation
+constexpr int PixelLivello = 9; // indentation of a level
 
-// A row's picture and text stand to the right by its level.
+// Indents a row's icon and text by its level.
 class Rientro : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -32,7 +32,7 @@ class Rientro : public QStyledItemDelegate {
     }
 };
 
-// "/", or "C:\\" where drives have letters.
+// The text of a root: "/", or "C:\" where drives have letters.
 QString Radice(const std::string& percorso) {
     QString nome = MostraNome(percorso);
     return nome == "/" ? nome : nome.replace('/', '\\');
@@ -42,7 +42,7 @@ std::string Sotto(const std::string& directory, const std::string& nome) {
     return directory.ends_with('/') ? directory + nome : directory + '/' + nome;
 }
 
-// The directories above and the open one, from the root on: platform paths.
+// The platform paths from the root to the open directory.
 std::vector<std::string> Catena(const std::string& directory) {
     std::vector<std::string> catena;
     for (std::size_t barra = directory.find('/'); barra != std::string::npos;
@@ -53,7 +53,7 @@ std::vector<std::string> Catena(const std::string& directory) {
     return catena;
 }
 
-// What keys that go to another row do besides the arrows.
+// Keys that move to another row.
 bool TastoDiMoto(int tasto) {
     switch (tasto) {
     case Qt::Key_Up:
@@ -72,7 +72,7 @@ bool Invio(const QKeyEvent& evento) {
 
 } // namespace
 
-// ---------------------------------------------------------------------------------------- Dir1
+// ---- Dir1
 
 ElencoDirectory::ElencoDirectory(QWidget* genitore) : QListWidget(genitore) {
     setItemDelegate(new Rientro(this));
@@ -126,11 +126,11 @@ void ElencoDirectory::Riempi(Disco& disco) {
     }
     aperta_ = static_cast<int>(percorsi_.size()) - 1;
 
-    // A directory that cannot be read shows nothing below it.
-    std::vector<std::pair<Testo, std::string>> dentro; // folded name, name
+    // A directory that cannot be read is shown without any below it.
+    std::vector<std::pair<Testo, std::string>> dentro; // folded text, name
     try {
         for (std::string& nome : disco.Elenca(directory_)) {
-            if (nome.starts_with('.')) continue; // hidden, by the habit of the system
+            if (nome.starts_with('.')) continue; // hidden, by convention
             const Scheda scheda = disco.Esamina(Sotto(directory_, nome));
             if (scheda.Tipo != TipoVoce::Directory || scheda.Nascosto) continue;
             dentro.emplace_back(LCase(Archivio::TestoDiPercorso(nome)), std::move(nome));
@@ -155,7 +155,7 @@ void ElencoDirectory::keyPressEvent(QKeyEvent* evento) {
     QListWidget::keyPressEvent(evento);
 }
 
-// ---------------------------------------------------------------------------------- File1Leggi
+// ---- File1Leggi
 
 ElencoProgetti::ElencoProgetti(QWidget* genitore) : QListWidget(genitore) {}
 
@@ -165,13 +165,16 @@ void ElencoProgetti::Mostra(const ListaFile1Leggi& lista, const Archivio& file) 
         clear();
         for (const Testo& nome : nomi_) addItem(QString::fromStdString(file.Utf8DiTesto(nome)));
     }
-    const int riga = static_cast<int>(lista.ListIndex);
-    if (riga < 0) {
-        // Nothing chosen, and no row to which a key would be relative.
-        setCurrentRow(-1);
+    scelta_ = static_cast<int>(lista.ListIndex);
+    MarcaScelta();
+}
+
+void ElencoProgetti::MarcaScelta() {
+    if (scelta_ < 0) {
+        setCurrentRow(-1); // else an arrow key would start from there
         clearSelection();
-    } else if (riga != currentRow() || selectedItems().isEmpty()) {
-        setCurrentRow(riga, QItemSelectionModel::ClearAndSelect);
+    } else if (scelta_ != currentRow() || selectedItems().isEmpty()) {
+        setCurrentRow(scelta_, QItemSelectionModel::ClearAndSelect);
     }
 }
 
@@ -190,7 +193,8 @@ void ElencoProgetti::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     ConTasto([&] {
-        // Where nothing is chosen yet an arrow goes to the first row, and not to the second.
+        // With nothing chosen yet, an arrow goes to the first row. Qt would start from there and go to
+        // the second.
         if (selectedItems().isEmpty() && count() > 0 && TastoDiMoto(evento->key()) &&
             evento->key() != Qt::Key_End)
             setCurrentRow(0, QItemSelectionModel::ClearAndSelect);
@@ -199,15 +203,24 @@ void ElencoProgetti::keyPressEvent(QKeyEvent* evento) {
     });
 }
 
+// Only the left button chooses, so no other may mark.
+void ElencoProgetti::mousePressEvent(QMouseEvent* evento) {
+    if (evento->button() == Qt::LeftButton) QListWidget::mousePressEvent(evento);
+}
+
 void ElencoProgetti::mouseReleaseEvent(QMouseEvent* evento) {
     QListWidget::mouseReleaseEvent(evento);
     if (evento->button() != Qt::LeftButton) return;
-    // The row that was pressed is marked by now; a click beside all rows is none.
-    if (const QModelIndex dove = indexAt(evento->pos()); dove.isValid() && dove.row() == currentRow())
+    // The press has marked its row, and the mark has followed the mouse. A click that ends beside
+    // the rows is none, and the mark goes back.
+    const QModelIndex dove = indexAt(evento->pos());
+    if (viewport()->rect().contains(evento->pos()) && dove.isValid() && dove.row() == currentRow())
         emit Cliccata(dove.row());
+    else
+        MarcaScelta();
 }
 
-// --------------------------------------------------------------------------------------- File1
+// ---- File1
 
 int RigheFile1::rowCount(const QModelIndex& sopra) const { return sopra.isValid() ? 0 : righe_; }
 
@@ -229,7 +242,7 @@ ElencoFile1::ElencoFile1(const Stato& s, QWidget* genitore)
     setModel(righe_);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setUniformItemSizes(true);
-    // A click on a row that is selected already changes nothing and is a click all the same.
+    // A click on a selected row changes nothing, but is a click all the same.
     connect(this, &QListView::clicked, this, [this](const QModelIndex& dove) {
         emit Cliccata({{dove.row(), selectionModel()->isSelected(dove)}});
     });

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // window/vornok/elenchi.h
 //
-// The lists of the form: directories, project files, rows of File1. They show what they are
-// given and say what the user did; what follows is the form's business.
+// The lists of the form: directories, project files, rows of File1. They show what they are given
+// and signal what the user does; the form does the rest.
 #pragma once
 
 #include <QListView>
@@ -15,17 +15,17 @@
 
 namespace morvella {
 
-/// The directory list: the directories above the open one, that one, and those in it. A click
-/// marks a row; a double click or Enter opens it. Backspace goes one up.
+/// The directory list: the open directory, those above and those in it. A click marks a row, a
+/// double click or Enter opens it, Backspace opens the parent.
 class ElencoDirectory : public QListWidget {
     Q_OBJECT
   public:
     explicit ElencoDirectory(QWidget* genitore);
 
-    /// Shows the directory with this platform path, as the disk has it now.
+    /// Shows the directory with this platform path as it is on the disk now.
     void Apri(Disco& disco, const std::string& percorso);
-    /// Reads the open directory again where the disk says that it changed; the marked row and
-    /// the place stay. With `comunque` it does not ask: two changes can share a moment.
+    /// Reads the open directory again if its time has changed; the marked row and the scroll
+    /// position stay. With `comunque` reads it in any case, since two changes can have the same time.
     void Rileggi(Disco& disco, bool comunque = false);
 
     /// A row's platform path.
@@ -47,13 +47,14 @@ class ElencoDirectory : public QListWidget {
     int aperta_ = -1;
 };
 
-/// The list of project files. A row that the mouse clicks on, or that a key goes to, is chosen;
-/// Enter chooses the marked one once more.
+/// The list of project files. A row is chosen by a click or by a key that moves to it; Enter
+/// chooses the marked row once more. The marked row is the chosen one, but for the time that the
+/// mouse button is down.
 class ElencoProgetti : public QListWidget {
     Q_OBJECT
   public:
     explicit ElencoProgetti(QWidget* genitore);
-    /// `file` knows the names that the texts stand for.
+    /// Shows the rows and the chosen one. `file` knows the names that the texts stand for.
     void Mostra(const ListaFile1Leggi& lista, const Archivio& file);
 
   signals:
@@ -61,23 +62,26 @@ class ElencoProgetti : public QListWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
 
   private:
     template <class F>
     void ConTasto(F&& muovi);
+    void MarcaScelta();
 
     std::vector<Testo> nomi_;
+    int scelta_ = -1; // the chosen row
 };
 
-/// The rows of File1.
+/// The rows of File1, for the view.
 class RigheFile1 : public QAbstractListModel {
     Q_OBJECT
   public:
     RigheFile1(const Stato& s, QObject* genitore) : QAbstractListModel(genitore), s_(s) {}
     int rowCount(const QModelIndex& sopra = {}) const override;
     QVariant data(const QModelIndex& dove, int ruolo) const override;
-    /// Tells the views when the rows are others than they saw.
+    /// Resets the views if the rows have changed.
     void Rinnova();
 
   private:
@@ -86,15 +90,17 @@ class RigheFile1 : public QAbstractListModel {
     int righe_ = 0;
 };
 
+/// The list of the project's source files.
 class ElencoFile1 : public QListView {
     Q_OBJECT
   public:
     ElencoFile1(const Stato& s, QWidget* genitore);
-    /// Rows and selection as the state has them.
+    /// Shows rows and selection as the state has them.
     void Mostra();
 
   signals:
-    /// The user selected a row, or clicked on a selected one once more.
+    /// The user selected or deselected rows, or clicked on a selected one once more. Each row comes
+    /// with its new selection.
     void Cliccata(const std::vector<std::pair<int, bool>>& cambiate);
 
   protected:

@@ -57,7 +57,7 @@ QFont Carattere(const QStringList& famiglie, int pixel, bool grassetto) {
     return carattere;
 }
 
-// MS Sans Serif is drawn for one size only; its twin is the same face at any.
+// MS Sans Serif is a bitmap font; Microsoft Sans Serif is the same face, scalable.
 const QStringList& SansSerif() {
     static const QStringList famiglie{"Microsoft Sans Serif", "MS Sans Serif", "Arial",
                                       "Liberation Sans",      "DejaVu Sans",   "Noto Sans"};
@@ -84,7 +84,7 @@ QString ConMnemonico(QString didascalia, QChar lettera) {
     return didascalia;
 }
 
-// A point is a seventy-second of an inch and a pixel a ninety-sixth: 8.25 points are 11 pixels.
+// 72 points and 96 pixels to the inch: 8.25 points are 11 pixels.
 QFont CarattereForma() { return Carattere(SansSerif(), 11, false); }
 QFont CarattereStato() { return Carattere(SansSerif(), 16, true); }
 QFont CarattereHelp() { return Carattere({"Arial", "Liberation Sans", "Arimo", "DejaVu Sans"}, 13, true); }

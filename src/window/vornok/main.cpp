@@ -18,6 +18,8 @@
 #define MORVELLA_VERSIONE "0"
 #endif
 
+// The program "morvella": its arguments, its directories, the form.
+
 namespace {
 
 constexpr const char* Aiuto = "Uso: morvella [DIRECTORY | PROGETTO.vbp]\n"
@@ -38,7 +40,7 @@ bool DaTerminale() {
 #endif
 }
 
-// Where the window starts when it is not told: a person at a terminal is somewhere already.
+// Where the window starts without an argument. From a terminal, in the current directory.
 std::string Partenza(morvella::Disco& disco) {
     if (DaTerminale()) return disco.DirectoryCorrente();
     for (const auto dove : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
@@ -48,7 +50,7 @@ std::string Partenza(morvella::Disco& disco) {
     return disco.DirectoryCorrente();
 }
 
-// In the bytes that were given, where names are bytes. What Qt takes for itself is gone from
+// The bytes as they were given, where file names are bytes. Qt has removed its own options from
 // argv by now.
 std::string PrimoArgomento([[maybe_unused]] char** argv, [[maybe_unused]] const QStringList& argomenti) {
 #ifdef Q_OS_WIN
@@ -86,10 +88,10 @@ int main(int argc, char** argv) {
     }
 
     const std::unique_ptr<morvella::Disco> disco = morvella::DiscoReale();
-    // In whole before the window goes to a directory of its own.
+    // Made absolute before the window changes the current directory.
     const std::string argomento =
         argomenti.isEmpty() ? std::string() : disco->Assoluto(PrimoArgomento(argv, argomenti));
-    // What could not be copied into a user's own directory is told where it is missed.
+    // A file that could not be copied to the user's own directory is reported when it is needed.
     const morvella::Dimora dimora = morvella::TrovaDimora(
         *disco, QApplication::applicationDirPath().toStdString(), disco->DirectoryUtente());
     morvella::VornOK finestra(*disco, dimora.Directory, Partenza(*disco));

@@ -14,7 +14,7 @@ constexpr Vista Aperto = "Togli Help";
 
 constexpr Vista Saluto = "  by Dario Fenzoni - E-mail ";
 
-// The last line with the address behind it, put together once.
+// The last line, with the address at its end.
 const Testo& UltimaRiga() {
     static const Testo riga = Testo(Saluto) + Testo(IndirizzoContatto);
     return riga;
@@ -85,8 +85,8 @@ void ScriviHelp(Pannello& p, Lungo altezzaPixel) {
     p.Timer1Enabled = false;
     p.Picture2Visible = false;
     p.Picture2Top = 0;
-    // Picture1's scale, not Picture2's: twips at the first opening and pixels at the others, and
-    // the number is taken for twips both times.
+    // In Picture1's scale, not in Picture2's: twips at the first opening and pixels later. The
+    // number is taken for twips both times. It is meant.
     const Lungo altezzaA = p.Picture1InPixel ? altezzaPixel : altezzaPixel * TwipsPerPixel;
     p.Picture2Height = altezzaA * 800;
     p.Stampate.assign(TestoHelp.begin(), TestoHelp.end());
@@ -96,7 +96,7 @@ void ScriviHelp(Pannello& p, Lungo altezzaPixel) {
 
 void Timer1_Timer(Pannello& p) {
     const auto passo = static_cast<Lungo>(std::clamp(Val(p.Timer1Tag) * 10, -8000.0, 8000.0));
-    p.Picture1InPixel = true; // moves nothing: Picture2 lies in Picture3, whose scale stays
+    p.Picture1InPixel = true; // Picture2 lies in Picture3 and does not move
     if (p.Picture2Top > -7900)
         p.Picture2Top -= passo;
     else

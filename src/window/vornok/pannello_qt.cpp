@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "window/vornok/forma.h"
 #include "window/testo_qt.h"
+#include "window/vornok/forma.h"
 
 namespace morvella {
 
@@ -16,7 +16,7 @@ constexpr QColor Navy(0, 0, 128);
 constexpr QColor BluHelp(0, 0, 192);
 constexpr Vista Titolo = "Morvella";
 
-// A control without a handler: what is clicked in it goes no further.
+// A control without a handler, whose clicks do not reach its parent either.
 template <class Controllo>
 class Muto : public Controllo {
   public:
@@ -34,8 +34,8 @@ void Sfondo(QWidget* controllo, const QColor& colore) {
     controllo->setAutoFillBackground(true);
 }
 
-// The text's font, smaller where a face that is wider than the one that is meant has to stand for
-// it: its lines are centred, and would lose both ends.
+// The text's font, reduced if the machine only has a wider one than the design's: a centred line
+// that is too wide would lose both ends.
 QFont CarattereCheCabe() {
     QFont carattere = CarattereHelp();
     const auto cabe = [&](Vista riga) {
@@ -102,7 +102,7 @@ PannelloHelp::PannelloHelp(QWidget* genitore, const Pannello& p) : QWidget(genit
     Metti(Picture1_, "Picture1");
     Picture1_->setFont(CarattereForma());
 
-    auto* riga = new Muto<QLabel>("Label2", Picture1_); // sic: too low for its caption to be seen
+    auto* riga = new Muto<QLabel>("Label2", Picture1_); // sic; too low for its caption to show
     Metti(riga, "Label4");
 
     Picture3_ = new Muto<QWidget>(Picture1_);
@@ -127,7 +127,7 @@ Lungo PannelloHelp::AltezzaA() const { return QFontMetrics(Picture1_->font()).he
 void PannelloHelp::Aggiorna() {
     constexpr int Pixel = static_cast<int>(TwipsPerPixel);
     const QRect posto = Posto("Picture2");
-    // To the whole pixel below, as a control's place is.
+    // Rounded down to whole pixels, also below 0.
     const int sopra = static_cast<int>(p_.Picture2Top >= 0 ? p_.Picture2Top / Pixel
                                                            : -((-p_.Picture2Top + Pixel - 1) / Pixel));
     Picture2_->setGeometry(posto.left(), sopra, posto.width(), static_cast<int>(p_.Picture2Height) / Pixel);

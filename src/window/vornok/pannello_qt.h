@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // window/vornok/pannello_qt.h
 //
-// What the help panel looks like: Frame1 with everything in it.
+// The widgets of the help panel: Frame1 and everything in it.
 #pragma once
 
 #include <QWidget>
@@ -11,13 +11,13 @@
 
 namespace morvella {
 
-/// Picture2: the picture at its top, and the lines printed over it one below the other, each in
-/// the middle. Drawn as far as it is seen: it is far higher than its window.
+/// Picture2: the picture at its top, and over it the printed lines, each centred. It is far higher
+/// than its window, so only the visible part is drawn.
 class TestoRotolato : public Figura {
     Q_OBJECT
   public:
     TestoRotolato(QWidget* genitore, const Pannello& p);
-    /// Where a line's text begins and its top is, in pixels.
+    /// The left end and the top of a line's text, in pixels.
     QPointF Punto(int riga) const;
 
   protected:
@@ -31,7 +31,7 @@ class PannelloHelp : public QWidget {
     Q_OBJECT
   public:
     PannelloHelp(QWidget* genitore, const Pannello& p);
-    /// Brings the controls to the state.
+    /// Brings the controls to what the state says.
     void Aggiorna();
     /// The height of a line of Picture1's font: `Picture1.TextHeight("A")`, in pixels.
     Lungo AltezzaA() const;

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 // window/vornok/vornok.h
 //
-// The form: the window's home of the program. Every event is one named operation over the
-// state; behind it the controls are brought to what the state says. What an operation needs of
-// the window while it runs (boxes, bars, the status line) it gets through Finestra.
+// The form, the program's front end with a window. Every event is one named operation on the
+// state, after which the controls are brought to what the state says. While it runs, an operation
+// reaches the window (boxes, bars, the status line) through Finestra.
 //
-// A run is one event: nothing yields in it, and the window takes no input. What changes
-// meanwhile is painted at once, but no more often than an eye can follow: painting each step
-// would cost more than the run.
+// A run is one event: nothing yields in it, and the window takes no input. What changes meanwhile
+// is painted at once, but no more often than an eye can follow: painting each step would cost more
+// than the run.
+//
+// The class is written in three files: costruzione.cpp builds the form, vornok.cpp has the events,
+// mostra.cpp shows the state.
 #pragma once
 
 #include <QMainWindow>
@@ -38,22 +41,27 @@ class PannelloHelp;
 class VornOK : public QMainWindow, public Finestra {
     Q_OBJECT
   public:
-    /// Platform paths: App.Path and the directory to start in. Controls have their states of the
-    /// design; no event has happened yet.
-    VornOK(Disco& disco, const std::string& programma, const std::string& directory);
+    /// Tells the time that the limit on repainting goes by.
+    using Orologio = std::function<std::chrono::steady_clock::time_point()>;
+
+    /// `programma` and `directory` are platform paths: App.Path and the directory to start in. The
+    /// controls have their design-time states; no event has happened yet.
+    VornOK(Disco& disco, const std::string& programma, const std::string& directory,
+           Orologio orologio = std::chrono::steady_clock::now);
     ~VornOK() override;
 
-    /// Moves to a directory, or to that of a project file, which is then chosen, as by a click.
-    /// A path that leads to neither is said in a box.
+    /// Moves to a directory; or to that of a project file, which is then chosen as by a click. For
+    /// any other path a box says so. `percorso` is a platform path.
     void Apri(const std::string& percorso);
 
-    /// Whether the program is to end, and with which status.
+    /// Whether the program is to end.
     bool Finita() const { return finita_; }
+    /// The exit status, once Finita.
     int Codice() const { return codice_; }
 
     Stato& S() { return s_; }
     Pannello& Help() { return help_; }
-    /// Times that the controls were painted in the middle of an operation.
+    /// How often the controls have been painted in the middle of an operation.
     int Ridisegni() const { return ridisegni_; }
 
     // Finestra
@@ -64,7 +72,7 @@ class VornOK : public QMainWindow, public Finestra {
     void RidisegnaBarra(const Barra&) override { Ridisegna(false); }
     void AggiornaDir1() override;
     void PortaFuocoSuText1() override;
-    void MotoreFermato(const Arresto&) override {} // the window is silent
+    void MotoreFermato(const Arresto&) override {} // the window says nothing
     void ErroreSaltato(const Errore&) override {}
     void FileScritto(Lungo, Vista, Lungo) override {}
     bool SegueMargine() const override { return false; }
@@ -79,8 +87,11 @@ class VornOK : public QMainWindow, public Finestra {
     void dropEvent(QDropEvent* evento) override;
 
   private:
+    void FaiForma();
     void FaiMenu();
     void FaiControlli();
+    void FaiLinguette(QWidget* superficie);
+    void FaiNascosti(QWidget* superficie);
     void FaiSchedaProgetto(QWidget* scheda);
     void FaiSchedaDefault(QWidget* scheda);
     void Collega();
@@ -129,9 +140,10 @@ class VornOK : public QMainWindow, public Finestra {
     QTimer* Timer1_;
 
     std::vector<Unita> unita_;
-    std::chrono::steady_clock::time_point dipinto_{};
-    std::chrono::steady_clock::time_point iniziato_{}; // the operation
-    std::chrono::steady_clock::duration speso_{};      // on painting in it
+    Orologio orologio_;
+    std::chrono::steady_clock::time_point dipinto_{};  // when the controls were last painted
+    std::chrono::steady_clock::time_point iniziato_{}; // when the operation began
+    std::chrono::steady_clock::duration speso_{};      // on painting since then
     int ridisegni_ = 0;
     int annidati_ = 0;
     bool mostrata_ = false;

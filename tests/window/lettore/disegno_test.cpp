@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Lines drawn into a picture and looked at point by point; the colours by their contrast.
+// Lines drawn into an image and checked pixel by pixel; colours by their contrast.
 #include "window/lettore/banco.h"
 
 #include <cmath>
@@ -14,23 +14,23 @@ namespace morvella::lettore {
 
 namespace {
 
-using namespace prove;
+using namespace provefinestra;
 
 constexpr Lungo ColonnaConnettore = 14;
 
-// The lines below each other, and where their cells are.
+// An image of lines, and the place of their cells.
 struct Quadro {
     QImage Immagine;
-    int Larga, Alta; // a cell, in points of the picture
+    int Larga, Alta; // of a cell, in pixels
 
     bool Inchiostro(int x, int y) const { return Immagine.pixelColor(x, y).lightnessF() < 0.6F; }
-    // Whether a column of points of a cell is drawn from a row of points to before another.
+    // Whether a column of pixels of a cell is drawn from one row to before another.
     bool Pieno(Lungo cella, int dx, int da, int a) const {
         for (int y = da; y < a; ++y)
             if (!Inchiostro(static_cast<int>(cella) * Larga + dx, y)) return false;
         return true;
     }
-    // How many strokes run down through a cell.
+    // How many vertical strokes cross a cell.
     int Colonne(Lungo cella, int da, int a) const {
         int quante = 0;
         bool prima = false;
@@ -85,7 +85,7 @@ QPalette Tavolozza(const QColor& fondo, const QColor& testo, const QColor& scelt
     return t;
 }
 
-// How a colour looks to the colour-blind: full protanopia, deuteranopia, tritanopia.
+// How a colour looks with protanopia, deuteranopia and tritanopia.
 using Matrice = std::array<std::array<double, 3>, 3>;
 constexpr Matrice Cecita[] = {
     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
@@ -136,7 +136,7 @@ void ProvaDisegno::ContrastoNoto() {
 
 void ProvaDisegno::Contrasti_data() {
     QTest::addColumn<QPalette>("tavolozza");
-    const QColor blu(48, 140, 198); // of Qt's own style; white on it has 3.7
+    const QColor blu(48, 140, 198); // of Qt's own style; the contrast of white on it is 3.7
     QTest::newRow("chiara") << Tavolozza(Qt::white, Qt::black, blu, Qt::white);
     QTest::newRow("scura") << Tavolozza(QColor(0x23, 0x23, 0x23), Qt::white, blu, Qt::white);
     QTest::newRow("nera") << Tavolozza(Qt::black, QColor(0xDD, 0xDD, 0xDD), QColor(0x40, 0x40, 0x80),
@@ -160,9 +160,8 @@ void ProvaDisegno::Contrasti() {
     QVERIFY(Contrasto(c.Trovato, c.TrovatoFondo) >= 4.5);
     const Colori carta = ColoriDiStampa();
     QVERIFY(Contrasto(carta.Errore, carta.ErroreFondo) >= 4.5);
-    if (tavolozza.color(QPalette::Base) == QColor(0x77, 0x77, 0x77))
-        return; // black is all that is left there
-    // Dimmer than the text wherever that leaves room for it.
+    if (tavolozza.color(QPalette::Base) == QColor(0x77, 0x77, 0x77)) return; // only black is readable there
+    // Dimmer than the text wherever the contrast allows it.
     if (Contrasto(c.Testo, c.Fondo) > 6)
         QVERIFY(Contrasto(c.Numero, c.Fondo) < Contrasto(c.Testo, c.Fondo) - 0.5);
     for (const Matrice& cecita : Cecita) QVERIFY(Distanza(c.Condizione, c.Ciclo, cecita) > 60);
@@ -184,10 +183,10 @@ void ProvaDisegno::SenzaInterruzioni() {
                  G("000004     ···│··"), G("000005     ···└─>End If")},
                 punti, scala);
     const int h = uno.Alta;
-    // From the middle of the first line to the middle of the last, at one place and unbroken.
+    // Unbroken from the middle of the first line to the middle of the last, in the same column.
     QCOMPARE(uno.Colonne(ColonnaConnettore, h / 2, 4 * h + h / 2), 1);
     QCOMPARE(uno.Colonne(ColonnaConnettore, 0, h), 0);         // nothing above the corner
-    QCOMPARE(uno.Colonne(ColonnaConnettore, 4 * h, 5 * h), 0); // nor below the other
+    QCOMPARE(uno.Colonne(ColonnaConnettore, 4 * h, 5 * h), 0); // nor below the lower one
     QCOMPARE(uno.Colonne(ColonnaConnettore + 1, h, 2 * h), 0);
     for (const int riga : {0, 2, 4}) // and across to the arrow
         QCOMPARE(uno.Traversi(ColonnaConnettore + 1, ColonnaConnettore + 2, riga * h, (riga + 1) * h), 1);
@@ -199,8 +198,7 @@ void ProvaDisegno::SenzaInterruzioni() {
     QCOMPARE(due.Colonne(ColonnaConnettore, h, 3 * h), 2);
     for (const int riga : {0, 3})
         QCOMPARE(due.Traversi(ColonnaConnettore + 1, ColonnaConnettore + 2, riga * h, (riga + 1) * h), 2);
-    // Each of the two strokes reaches its corner: the outer ones the outer line, the inner ones
-    // the inner line.
+    // Each of the two strokes reaches its corner, the outer the outer one, the inner the inner one.
     QCOMPARE(due.Colonne(ColonnaConnettore, h / 2 + h / 7 + 1, 3 * h + h / 2 - h / 7 - 1), 2);
 }
 
@@ -213,7 +211,7 @@ void ProvaDisegno::BarraECarattere() {
     QVERIFY(inchiostro > 40); // "Exit For"
 }
 
-// A letter stands in its own cell whatever stands in front of it.
+// A letter is in its own cell whatever comes before it.
 void ProvaDisegno::CelleAlPosto() {
     const auto cella = [](const Quadro& q, int quale) {
         return q.Immagine.copy(quale * q.Larga, 0, q.Larga, q.Alta);
@@ -254,7 +252,8 @@ void ProvaDisegno::SoloLeColonneChieste() {
     QCOMPARE(immagine.pixelColor(8 * larga, 0), QColor(Qt::white));
 }
 
-// A picture of a control character that the font lacks comes from another and stays in its cell.
+// The picture of a control character that the font lacks is taken from another font and stays in
+// its cell.
 void ProvaDisegno::CarattereCheManca() {
     const Quadro q = Disegna({QByteArray("\x0F*\x1B*", 4)}, 12, 2);
     const Quadro senza = Disegna({QByteArray(" * *", 4)}, 12, 2);

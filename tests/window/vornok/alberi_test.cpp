@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// Whole runs by mouse on the machine's own disk: what the window writes is, byte for byte, what
-// the program without a window writes, and what the cases of tests/casi expect. A case whose
-// options have no like in the window is left to the other program.
+// Whole runs by mouse on the machine's own disk. The window writes, byte for byte, what the command
+// line writes and what the cases of tests/casi expect. Cases with options that the window lacks are
+// left to the command line.
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <set>
 #include <sstream>
 
-#include "window/vornok/banco.h"
 #include "cli/programma.h"
 #include "sostegno/alberi.h"
 #include "sostegno/disco_orologio.h"
+#include "window/vornok/banco.h"
 
 using namespace morvella;
 using namespace morvella::prove;
@@ -25,7 +24,7 @@ std::string LeggiFile(const fs::path& file) {
     return albero.at(file.filename().string());
 }
 
-// What a case's options come to in the window.
+// A case's options as actions in the window.
 struct Mossa {
     std::string Comando = "riordina";
     bool TogliCommenti = false;
@@ -50,14 +49,14 @@ Mossa LeggiMossa(const fs::path& caso) {
         } else if (opzione.front() != '-') {
             m.Righe << QString::fromStdString(opzione);
         } else if (opzione != "--si" && opzione != "--senza-processi") {
-            m.Esprimibile = false; // these two are answers to boxes
+            m.Esprimibile = false; // these two answer boxes
         }
         prima = false;
     }
     return m;
 }
 
-// The window in the place of a project: a person who ticks, clicks and answers.
+// A user of the window: ticks, clicks and answers.
 class Persona {
   public:
     Persona(Disco& disco, const fs::path& programma, const fs::path& progetto)
@@ -92,7 +91,7 @@ class Persona {
                           lista->visualItemRect(dove.front()).center());
         QVERIFY(r.Esaurito());
     }
-    // By Ctrl and a click, each row that has the name in any case.
+    // Ctrl and click on each row with the name, in any case.
     void Righe(const QStringList& righe) {
         if (righe.isEmpty()) return;
         C<QAction>("mnuSeleziona")->trigger();
@@ -111,7 +110,7 @@ class Persona {
         if (m.Comando == "esegui") return;
         Righe(m.Righe);
         if (m.Comando == "documenta") {
-            Risponditore r({"No"}); // an error's box is left by Esc, and counts as well
+            Risponditore r({"No"}); // Esc closes the box of an error, which counts as well
             C<QAction>("mnuHTML")->trigger();
         } else {
             C<QAction>(m.Comando == "struttura" ? "mnuvorn" : "mnuRiordina")->trigger();
@@ -187,7 +186,7 @@ void AlberiTest::casi() {
     Uguali(AttesoDiCaso(da, MORVELLA_RADICE), scritto);
 }
 
-// Left out are only those with an option that the window does not have.
+// Only cases with an option that the window lacks are left out.
 void AlberiTest::quantiCasi() {
     std::set<std::string> fuori;
     int esprimibili = 0;

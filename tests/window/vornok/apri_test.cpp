@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The ways in: a directory or a project in the program's argument, or dropped on the window.
+// Directories and projects given as the program's argument or dropped on the window.
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
@@ -21,7 +21,7 @@ struct Lascio {
         for (const char* u : dove) url << QUrl(u);
         Dati.setUrls(url);
     }
-    // Drags it over the control and lets go; whether the form, or the control, wanted it.
+    // Drags it over a control and drops it; returns whether the form or the control accepts it.
     bool Su(QWidget* controllo) {
         QDragEnterEvent entra(QPoint(5, 5), Qt::CopyAction, &Dati, Qt::LeftButton, Qt::NoModifier);
         entra.ignore();
@@ -68,12 +68,12 @@ void ApriTest::directory() {
     QCOMPARE(b.W->S().Dir1Path, Testo("\\q"));
     QCOMPARE(b.Righe(b.Dir1()), QStringList({"/", "q"}));
     QCOMPARE(b.Righe(b.File1Leggi()), QStringList({"Due.vbp"}));
-    QVERIFY(b.File1Leggi()->selectedItems().isEmpty()); // none is chosen
+    QVERIFY(b.File1Leggi()->selectedItems().isEmpty()); // no project is chosen
     QCOMPARE(b.Righe(b.File1()), QStringList());
     QCOMPARE(b.Menu(), std::string("0001"));
 }
 
-// It stands there already: nothing changes.
+// The directory is open already: nothing changes.
 void ApriTest::directoryCorrente() {
     Banco b;
     b.Apri();
@@ -120,12 +120,12 @@ void ApriTest::progettoRelativo() {
     Risponditore r({"No", "No"});
     b.W->Apri("sotto/Due.vbp");
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p\\sotto"));
-    b.W->Apri("../Uno.vbp"); // from the directory that the choice of the first went to
+    b.W->Apri("../Uno.vbp"); // relative to the first project's directory
     QVERIFY(r.Esaurito());
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p"));
 }
 
-// The list is older than the file.
+// The file is newer than the list.
 void ApriTest::progettoNato() {
     Banco b;
     b.Apri();
@@ -175,14 +175,14 @@ void ApriTest::niente() {
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// A project in a directory that may be entered and not be read: one box, and the window stays.
+// A project in a directory that may be entered but not read: one box, and the window stays.
 void ApriTest::directoryChiusa() {
     Banco b;
     b.Disco.Metti("/q/Due.vbp", "Form=x.frm\r\n");
     b.Disco.Fallisci("Elenca", "/q", 75);
     b.Apri();
     b.ScegliSenzaCorsa();
-    // The second time it stands there, and no event tells it.
+    // The second time Dir1 does not change, so its event does not show the error.
     for (int i = 0; i < 2; ++i) {
         Risponditore r({"OK"});
         b.W->Apri("/q/Due.vbp");
@@ -198,7 +198,7 @@ void ApriTest::lasciato_data() {
         QTest::newRow(su) << su;
 }
 
-// Wherever it is let go.
+// Dropped anywhere on the form.
 void ApriTest::lasciato() {
     QFETCH(QString, su);
     Banco b;
@@ -213,13 +213,13 @@ void ApriTest::lasciato() {
     Lascio progetto({"file:///q/Due.vbp"});
     QVERIFY(progetto.Su(dove));
     QVERIFY(r.Viste.empty()); // not before the drop is over
-    QTRY_COMPARE(r.Viste.size(), std::size_t(1));
-    QTRY_COMPARE(b.Menu(), std::string("1111"));
+    QTRY_COMPARE_WITH_TIMEOUT(r.Viste.size(), std::size_t(1), Attesa);
+    QTRY_COMPARE_WITH_TIMEOUT(b.Menu(), std::string("1111"), Attesa);
     QVERIFY(r.Esaurito());
     QCOMPARE(b.Righe(b.File1()), QStringList({"x.frm"}));
     Lascio directory({"file:///p"});
     QVERIFY(directory.Su(dove));
-    QTRY_COMPARE(b.W->S().Dir1Path, Testo("\\p"));
+    QTRY_COMPARE_WITH_TIMEOUT(b.W->S().Dir1Path, Testo("\\p"), Attesa);
     QCOMPARE(b.Righe(b.File1()), QStringList());
     QCOMPARE(b.Text1()->toPlainText(), testo);
 }
@@ -232,8 +232,8 @@ void ApriTest::lasciatiDue() {
     Lascio due({"file:///q/Due.vbp", "file:///p/Uno.vbp"});
     QVERIFY(!due.Su(b.W.get()));
     QDropEvent lascia(QPointF(5, 5), Qt::CopyAction, &due.Dati, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(b.W.get(), &lascia); // whoever lets go all the same
-    QTest::qWait(30);
+    QApplication::sendEvent(b.W.get(), &lascia); // a drop although it was refused
+    QCoreApplication::processEvents();           // what it would have queued
     QVERIFY(r.Esaurito());
     QCOMPARE(b.W->S().Dir1Path, Testo("\\p"));
     QCOMPARE(b.Menu(), std::string("1011"));
@@ -247,12 +247,12 @@ void ApriTest::lasciatoDallaRete() {
     QVERIFY(!rete.Su(b.W.get()));
     QDropEvent lascia(QPointF(5, 5), Qt::CopyAction, &rete.Dati, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(b.W.get(), &lascia);
-    QTest::qWait(30);
+    QCoreApplication::processEvents();
     QVERIFY(r.Esaurito());
     QCOMPARE(b.Menu(), std::string("1011"));
 }
 
-// A text goes into Text1, and nowhere else.
+// A dropped text goes into Text1 only.
 void ApriTest::lasciatoTesto() {
     Banco b;
     b.Apri();
@@ -268,10 +268,14 @@ void ApriTest::lasciatoTesto() {
 
 // The program itself, as far as it goes without a window.
 void ApriTest::argomentiDelProgramma() {
-    const auto esegui = [](const QStringList& argomenti, QString& uscita, QString& errori) {
+    QString schermo = "nessuno"; // Qt has no platform of this name
+    const auto esegui = [&schermo](const QStringList& argomenti, QString& uscita, QString& errori) {
         QProcess programma;
+        auto ambiente = QProcessEnvironment::systemEnvironment();
+        ambiente.insert("QT_QPA_PLATFORM", schermo);
+        programma.setProcessEnvironment(ambiente);
         programma.start(MORVELLA, argomenti);
-        if (!programma.waitForFinished(20000) || programma.exitStatus() != QProcess::NormalExit) return -1;
+        if (!programma.waitForFinished(Attesa) || programma.exitStatus() != QProcess::NormalExit) return -1;
         uscita = QString::fromUtf8(programma.readAllStandardOutput());
         errori = QString::fromUtf8(programma.readAllStandardError());
         return programma.exitCode();
@@ -282,8 +286,12 @@ void ApriTest::argomentiDelProgramma() {
         QVERIFY(uscita.startsWith("Uso: morvella [DIRECTORY | PROGETTO.vbp]"));
         QVERIFY(errori.isEmpty());
     }
-    QCOMPARE(esegui({"--versione"}, uscita, errori), 0);
-    QVERIFY(uscita.startsWith("morvella "));
+    for (const char* versione : {"--versione", "--version"}) {
+        QCOMPARE(esegui({versione}, uscita, errori), 0);
+        QCOMPARE(uscita, QString("morvella " MORVELLA_VERSIONE "\n"));
+        QVERIFY(errori.isEmpty());
+    }
+    schermo = "offscreen";
     QCOMPARE(esegui({"a", "b"}, uscita, errori), 2);
     QVERIFY(uscita.isEmpty());
     QVERIFY(errori.contains("Uso: morvella"));

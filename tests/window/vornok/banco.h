@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// tests/window/banco_finestra.h
+// tests/window/vornok/banco.h
 //
-// The form over its real widgets, on the tests' own disk: mouse, keys and boxes as a user has
-// them. Texts of project files are written here with "\n" for CR LF.
+// The form with its real widgets, on the tests' own disk and clock: mouse, keys and boxes as a
+// user has them. The texts of project files have "\n" for CR LF here.
 #pragma once
 
 #include <QAccessible>
@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
@@ -26,11 +27,15 @@
 #include <functional>
 
 #include "sostegno/disco_finto.h"
-#include "window/vornok/elenchi.h"
 #include "window/testo_qt.h"
+#include "window/vornok/elenchi.h"
 #include "window/vornok/vornok.h"
 
 namespace morvella::prove {
+
+/// Milliseconds after which a test that waits for something gives up. Only a test that hangs
+/// reaches it, however busy the machine is.
+inline constexpr int Attesa = 60'000;
 
 /// Every "\n" becomes CR LF.
 inline std::string CrLf(const std::string& s) {
@@ -57,8 +62,8 @@ struct Box {
     QStringList Bottoni;
 };
 
-/// Answers the boxes that come while it lives: in turn with the button of this text, and with a
-/// key for "Esc" and "Invio". A box that nobody foresaw is answered with Esc too, and counts.
+/// Answers the boxes that come up while it lives, in turn: with the button that has this text, or
+/// with a key for "Esc" and "Invio". An unexpected box is answered with Esc and counted.
 class Risponditore : public QObject {
   public:
     explicit Risponditore(std::deque<QString> risposte = {}) : risposte_(std::move(risposte)) {
@@ -66,9 +71,9 @@ class Risponditore : public QObject {
         timer_.start(1);
     }
     std::vector<Box> Viste;
-    /// Looks at the window while a box is up; its number from 0.
+    /// Called while a box is up, with its number from 0.
     std::function<void(std::size_t)> Davanti;
-    /// Whether every answer was asked for and no other.
+    /// Whether each answer was used and no other box came.
     bool Esaurito() const { return risposte_.empty() && impreviste_ == 0; }
 
   private:
@@ -103,8 +108,8 @@ class Risponditore : public QObject {
     QTimer timer_;
 };
 
-/// A new program. An end that came to the one before outside of its loop would end every box's
-/// loop from then on.
+/// Starts as a new program does. The last one's exit came outside of an event loop, so it would
+/// end the loop of every box from then on.
 inline void Ricomincia() {
     QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
     QCoreApplication::exec();
@@ -121,6 +126,9 @@ class Forma : public VornOK {
 /// A window on /p, which holds a project of a form and a module; the program lies in /prog.
 struct Banco {
     DiscoFinto Disco{"/p"};
+    /// The form's clock, and what it moves on by each time the form looks at it.
+    std::chrono::steady_clock::time_point Ora{std::chrono::hours(1)};
+    std::chrono::milliseconds Passo{0};
     std::unique_ptr<Forma> W;
 
     Banco() {
@@ -135,15 +143,15 @@ struct Banco {
     }
     Forma& Apri(const std::string& directory = "/p") {
         Ricomincia();
-        W = std::make_unique<Forma>(Disco, "/prog", directory);
+        W = std::make_unique<Forma>(Disco, "/prog", directory, [this] { return Ora += Passo; });
         W->show();
         Attiva();
         return *W;
     }
-    /// To the front, as a window manager does it when a box went away. Without one the news of
-    /// other windows come late, and take it away again.
+    /// Brings the form to the front, as a window manager does when a box has closed. Late events of
+    /// other windows take it away again, so it is tried until it lasts.
     void Attiva() {
-        for (int i = 0; i < 50 && !W->Finita(); ++i) {
+        for (QDeadlineTimer fine(Attesa); !W->Finita() && !fine.hasExpired();) {
             QCoreApplication::processEvents();
             if (QApplication::activeWindow() == W.get() && QApplication::focusWidget()) return;
             QApplication::setActiveWindow(W.get());
@@ -202,8 +210,8 @@ struct Banco {
             righe << lista->model()->index(i, 0).data().toString();
         return righe;
     }
-    /// The rows of File1 that the view shows as selected, and those that the state has so: they
-    /// have to be the same, in ascending order; a difference shows as -1.
+    /// The selected rows of File1, ascending. A -1 at the end says that the view and the state
+    /// differ.
     std::vector<int> Selezionate() {
         std::vector<int> vista, stato;
         for (const QModelIndex& dove : File1()->selectionModel()->selectedIndexes())
@@ -216,6 +224,12 @@ struct Banco {
     }
     std::string Ini() { return Disco.Leggi("/prog/Default.ini"); }
 };
+
+/// Puts the pictures of the pages beside the program.
+inline void MettiFigure(Banco& b) {
+    for (const char* figura : {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"})
+        b.Disco.Metti(std::string("/prog/") + figura, "figura");
+}
 
 /// A control's rectangle in another one's coordinates.
 inline QRect In(const QWidget* controllo, const QWidget* altro) {

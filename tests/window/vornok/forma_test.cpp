@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the form is made of: its controls row by row, its menu, its colours, and what a person
-// needs to get at them with keys or with other eyes.
+// What the form is made of: its controls row by row, their captions, fonts and colours, its menu.
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QRadioButton>
@@ -17,7 +16,7 @@ using namespace morvella::prove;
 
 namespace {
 
-// One row of the form's table, in twips inside the control around.
+// A row of the form's table, in twips within the parent control.
 struct Riga {
     const char* Nome;
     const char* Intorno; // "" for the form
@@ -57,28 +56,6 @@ const std::vector<Riga> Tabella = {
 };
 // clang-format on
 
-const char* const Fuocabili[] = {"SSTab1.Linguette", "Drive1", "Dir1",  "File1Leggi", "File1",
-                                 "TogliCommenti",    "Check1", "Text1", "Check2",     "Command2"};
-
-double Luce(const QColor& c) {
-    const auto canale = [](double v) {
-        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * canale(c.redF()) + 0.7152 * canale(c.greenF()) + 0.0722 * canale(c.blueF());
-}
-
-// From 1 to 21, as it is told for texts on screens.
-double Contrasto(const QColor& a, const QColor& b) {
-    const double chiaro = std::max(Luce(a), Luce(b));
-    const double scuro = std::min(Luce(a), Luce(b));
-    return (chiaro + 0.05) / (scuro + 0.05);
-}
-
-QChar Mnemonico(const QString& testo) {
-    const QKeySequence tasti = QKeySequence::mnemonic(testo);
-    return tasti.isEmpty() ? QChar() : QChar(tasti[0].key()).toUpper();
-}
-
 } // namespace
 
 class FormaTest : public QObject {
@@ -98,12 +75,6 @@ class FormaTest : public QObject {
     void bande();
     void figure();
     void menu();
-    void ordineDeiTab();
-    void controlliNascosti();
-    void nomiAccessibili();
-    void mnemonici();
-    void contrasto();
-    void contrastoDisabilitate();
     void nessunaDidascaliaTagliata();
 };
 
@@ -139,7 +110,8 @@ void FormaTest::misureDellaForma() {
     QVERIFY(!(w.windowFlags() & Qt::WindowMinimizeButtonHint));
     QVERIFY(!(w.windowFlags() & Qt::WindowMaximizeButtonHint));
     QVERIFY(w.windowFlags() & Qt::WindowCloseButtonHint);
-    // In the middle of the screen, but for half a pixel and the frame, which nobody knows before.
+    // In the middle of the screen, give or take half a pixel and the frame, whose size is not known
+    // beforehand.
     const QPoint scarto = w.geometry().center() - w.screen()->availableGeometry().center();
     const QPoint cornice = w.geometry().topLeft() - w.frameGeometry().topLeft();
     QVERIFY2(qAbs(scarto.x()) <= 1 + cornice.x() && qAbs(scarto.y()) <= 1 + cornice.y(),
@@ -209,7 +181,7 @@ void FormaTest::coloriDellaTabella() {
     QVERIFY(figli.indexOf(b.C("Label1(1)")) > figli.indexOf(b.C("Label1(0)")));
 }
 
-// 12 points are 16 pixels on a screen of 96 dots to the inch, 9.75 are 13, 36 are 48.
+// At 96 dots to the inch 12 points are 16 pixels, 9.75 are 13, 36 are 48.
 void FormaTest::caratteri() {
     Banco b;
     b.Apri();
@@ -219,7 +191,7 @@ void FormaTest::caratteri() {
     QVERIFY(stato.bold());
     const QFont testo = b.C("Picture2")->font();
     QCOMPARE(testo.families().front(), QString("Arial"));
-    QVERIFY(testo.pixelSize() <= 13); // smaller where a wider one has to stand for it
+    QVERIFY(testo.pixelSize() <= 13); // reduced for a wider font
     if (QFontInfo(testo).family() == "Arial" || QFontInfo(testo).family() == "Liberation Sans")
         QCOMPARE(testo.pixelSize(), 13);
     QVERIFY(testo.bold());
@@ -227,7 +199,7 @@ void FormaTest::caratteri() {
         const auto* titolo = b.C<QLabel>(nome);
         QCOMPARE(titolo->font().families().front(), QString("Comic Sans MS"));
         QVERIFY(titolo->font().bold());
-        QVERIFY(titolo->font().pixelSize() <= 48); // smaller where the one in use stands too high
+        QVERIFY(titolo->font().pixelSize() <= 48); // reduced for a higher font
         QVERIFY(titolo->alignment() & Qt::AlignHCenter);
     }
     QCOMPARE(b.C("Label1(0)")->font(), b.C("Label1(1)")->font());
@@ -267,7 +239,7 @@ void FormaTest::bande() {
     Banco b;
     b.Apri();
     const QImage fondo = b.W->centralWidget()->grab().toImage();
-    const int x = 746; // nothing stands at the right edge
+    const int x = 746; // no control at the right edge
     QCOMPARE(fondo.pixelColor(x, 0), QColor(158, 1, 255));
     QCOMPARE(fondo.pixelColor(x, 250), QColor(158, 1, 127)); // 250 = 128 * 500 / 256
     QCOMPARE(fondo.pixelColor(x, 249), QColor(158, 1, 128));
@@ -281,7 +253,7 @@ void FormaTest::bande() {
     QCOMPARE(colori.size(), 256);
 }
 
-// The pictures go with the program.
+// The pictures are built into the program.
 void FormaTest::figure() {
     Banco b;
     b.Apri();
@@ -290,7 +262,7 @@ void FormaTest::figure() {
                                                     {"Picture4.png", {110, 323}},
                                                     {"Image1.jpg", {90, 127}}};
     for (const auto& [file, misura] : figure) QCOMPARE(QPixmap(QString(":/finestra/") + file).size(), misura);
-    // From the corner and at its own size, or stretched over the control.
+    // At the corner in its own size, or stretched to the control.
     const auto somiglia = [](const QImage& uno, const QImage& altro) {
         if (uno.size() != altro.size()) return false;
         qint64 scarto = 0;
@@ -337,146 +309,7 @@ void FormaTest::menu() {
                {"mnuHTML", "Scrivi Pagine HTML di documentazione", true}});
 }
 
-void FormaTest::ordineDeiTab() {
-    Banco b;
-    b.Apri();
-    const auto passo = [&](Qt::Key tasto, const char* atteso) {
-        QTest::keyClick(QApplication::focusWidget(), tasto);
-        QVERIFY2(QApplication::focusWidget() == b.C(atteso),
-                 qPrintable(QString("%1, atteso %2").arg(QApplication::focusWidget()->objectName(), atteso)));
-    };
-    // On the first card, round once: what the second holds takes no part.
-    b.Linguette()->setFocus();
-    for (const char* nome : {"Drive1", "Dir1", "File1Leggi", "File1", "SSTab1.Linguette"})
-        passo(Qt::Key_Tab, nome);
-    passo(Qt::Key_Backtab, "File1");
-    // On the second; Text1 has no tab stop while Check1 is off.
-    b.Scheda(1);
-    QCOMPARE(QApplication::focusWidget(), b.Linguette());
-    for (const char* nome : {"TogliCommenti", "Check1", "Check2", "Command2", "SSTab1.Linguette"})
-        passo(Qt::Key_Tab, nome);
-    b.Casella("Check1")->click();
-    b.Linguette()->setFocus();
-    for (const char* nome : {"TogliCommenti", "Check1", "Text1", "Check2", "Command2", "SSTab1.Linguette"})
-        passo(Qt::Key_Tab, nome);
-}
-
-// Whatever keys and mouse do, they do it elsewhere. The walk of the TAB key is ordineDeiTab.
-void FormaTest::controlliNascosti() {
-    Banco b;
-    Forma& w = b.Apri();
-    for (const int scheda : {1, 0}) {
-        b.Scheda(scheda);
-        for (const char* nome :
-             {"Frame2", "Command1", "Option1(0)", "Option1(1)", "Option1(2)", "Option1(3)", "Option1(4)"}) {
-            auto* c = b.C(nome);
-            QVERIFY2(!c->isVisible(), nome);
-            const QPoint qui = c->mapTo(&w, QPoint(6, 6));
-            QWidget* sotto = w.childAt(qui);
-            QVERIFY2(sotto && sotto != c && !c->isAncestorOf(sotto), nome);
-            QTest::mouseClick(sotto, Qt::LeftButton, {}, sotto->mapFrom(&w, qui));
-            QVERIFY2(QApplication::focusWidget() != c, nome);
-        }
-    }
-    QVERIFY(!b.C<QRadioButton>("Option1(0)")->isChecked());
-    QVERIFY(b.C<QRadioButton>("Option1(1)")->isChecked());
-    QVERIFY(!w.S().Option1_0);
-}
-
-void FormaTest::nomiAccessibili() {
-    Banco b;
-    b.Apri();
-    const auto nome = [](QWidget* c) {
-        QAccessibleInterface* i = QAccessible::queryAccessibleInterface(c);
-        return i ? i->text(QAccessible::Name) : QString();
-    };
-    QStringList nomi;
-    for (const char* controllo : Fuocabili) {
-        const QString suo = nome(b.C(controllo));
-        QVERIFY2(!suo.trimmed().isEmpty(), controllo);
-        QVERIFY2(!nomi.contains(suo), controllo);
-        nomi << suo;
-    }
-    // No other control takes the focus, so that the list above is whole.
-    QStringList fuochi;
-    for (QWidget* c : b.W->findChildren<QWidget*>())
-        if (c->focusPolicy() != Qt::NoFocus && c->isVisibleTo(b.W.get()) && !c->focusProxy() &&
-            !c->objectName().startsWith("qt_"))
-            fuochi << c->objectName();
-    for (const QString& f : fuochi)
-        QVERIFY2(
-            std::any_of(std::begin(Fuocabili), std::end(Fuocabili), [&](const char* n) { return f == n; }),
-            qPrintable(f));
-}
-
-void FormaTest::mnemonici() {
-    Banco b;
-    b.Apri();
-    QList<QChar> barra;
-    for (const QAction* voce : b.W->menuBar()->actions()) barra << Mnemonico(voce->text());
-    for (int i = 0; i < 2; ++i) barra << Mnemonico(b.Linguette()->tabText(i));
-    const auto unici = [](QList<QChar> lettere) {
-        for (const QChar c : lettere)
-            if (c.isNull() || lettere.count(c) > 1) return false;
-        return true;
-    };
-    QVERIFY(unici(barra));
-    QVERIFY(unici(barra + QList<QChar>{Mnemonico(b.C<QLabel>("Label6")->text())}));
-    QList<QChar> seconda = barra;
-    for (const char* nome : {"TogliCommenti", "Check1", "Check2", "Command2"})
-        seconda << Mnemonico(b.C<QAbstractButton>(nome)->text());
-    QVERIFY(unici(seconda));
-    QList<QChar> utility;
-    for (const QAction* voce : b.Voce("mnuutility")->menu()->actions()) utility << Mnemonico(voce->text());
-    QVERIFY(unici(utility));
-    // The captions that change keep theirs.
-    b.Comando("mnuSeleziona");
-    b.Comando("MnuHelp");
-    QCOMPARE(Mnemonico(b.Voce("mnuSeleziona")->text()), barra[0]);
-    QCOMPARE(Mnemonico(b.Voce("MnuHelp")->text()), barra[2]);
-}
-
-void FormaTest::contrasto() {
-    Banco b;
-    Forma& w = b.Apri();
-    const auto regge = [](const QColor& testo, const QColor& fondo, const char* che) {
-        const double c = Contrasto(testo, fondo);
-        QVERIFY2(c >= 4.5, qPrintable(QString("%1: %2").arg(che).arg(c)));
-    };
-    const QPalette form = w.palette();
-    regge(form.color(QPalette::WindowText), form.color(QPalette::Window), "form");
-    regge(form.color(QPalette::ButtonText), form.color(QPalette::Button), "button");
-    for (const char* nome : Fuocabili) {
-        const QPalette t = b.C(nome)->palette();
-        regge(t.color(QPalette::WindowText), t.color(QPalette::Window), nome);
-        regge(t.color(QPalette::Text), t.color(QPalette::Base), nome);
-        regge(t.color(QPalette::ButtonText), t.color(QPalette::Button), nome);
-        regge(t.color(QPalette::HighlightedText), t.color(QPalette::Highlight), nome);
-    }
-    // Each label on what lies behind it.
-    for (const char* nome : {"Label6", "Label2", "Label7"})
-        regge(b.C(nome)->palette().color(QPalette::WindowText),
-              b.C("SSTab1")->palette().color(QPalette::Window), nome);
-    const auto* avviso = b.C("Label5");
-    QVERIFY(avviso->autoFillBackground());
-    regge(avviso->palette().color(QPalette::WindowText), avviso->palette().color(QPalette::Window), "Label5");
-    // The bands behind Label3 go darker downwards: the first is its brightest.
-    const auto* spiegazione = b.C("Label3");
-    for (const int y : {spiegazione->y(), spiegazione->y() + spiegazione->height() - 1})
-        regge(spiegazione->palette().color(QPalette::WindowText), QColor(158, 1, 255 - y * 256 / 500),
-              "Label3");
-    regge(b.C("Label1(1)")->palette().color(QPalette::WindowText), QColor(0, 0, 128), "Label1(1)");
-    regge(Qt::white, QColor(0, 0, 192), "Picture2");
-}
-
-void FormaTest::contrastoDisabilitate() {
-    Banco b;
-    const QPalette t = b.Apri().palette();
-    QVERIFY(Contrasto(t.color(QPalette::Disabled, QPalette::WindowText), t.color(QPalette::Window)) >= 4.5);
-    QVERIFY(Contrasto(t.color(QPalette::Disabled, QPalette::ButtonText), t.color(QPalette::Button)) >= 4.5);
-}
-
-// Each text in its control, by the metrics of the font that it is drawn with.
+// Each text fits its control, by the metrics of its font.
 void FormaTest::NessunaDidascaliaTagliata(Banco& b) {
     const auto cabe = [](const QString& testo, const QFont& carattere, const QRect& posto, int come,
                          const char* nome) {
@@ -500,7 +333,7 @@ void FormaTest::NessunaDidascaliaTagliata(Banco& b) {
         auto* casella = b.C<QCheckBox>(nome);
         QStyleOptionButton come;
         come.initFrom(casella);
-        // The blank behind one of them is not seen.
+        // A trailing blank is not seen.
         cabe(Nudo(casella->text()).trimmed(), casella->font(),
              casella->style()->subElementRect(QStyle::SE_CheckBoxContents, &come, casella),
              Qt::AlignLeft | Qt::AlignVCenter, nome);
@@ -515,11 +348,11 @@ void FormaTest::NessunaDidascaliaTagliata(Banco& b) {
         cabe(Nudo(b.Linguette()->tabText(i)), b.Linguette()->font(), b.Linguette()->tabRect(i),
              Qt::AlignCenter, "SSTab1");
     QVERIFY(b.Linguette()->sizeHint().height() <= b.Linguette()->height() + 8);
-    // Label2 shortens its path by itself; its line has to be high enough.
+    // Label2 shortens its path by itself; only its height matters.
     QVERIFY(QFontMetrics(b.C("Label2")->font()).height() <= b.C("Label2")->height());
-    // A row of a list, and the drive that is shown.
+    // A row of a list, and the shown drive.
     QVERIFY(QFontMetrics(b.Drive1()->font()).height() <= b.Drive1()->height() - 4);
-    // The lines of the help in their window.
+    // The lines of the help panel.
     const QFontMetrics help(b.C("Picture2")->font());
     for (const Vista riga : TestoHelp) {
         const QString testo = Mostra(riga);
@@ -530,14 +363,14 @@ void FormaTest::NessunaDidascaliaTagliata(Banco& b) {
 void FormaTest::nessunaDidascaliaTagliata() {
     Banco b;
     b.Apri();
-    // On a machine that has one font only it is that one which is measured here.
+    // Where the test sets up one font only, it must be the one that is measured.
     const QString sola = qEnvironmentVariable("MORVELLA_CARATTERE");
     if (!sola.isEmpty())
         for (const char* nome : {"Label6", "Label2", "Label1(1)", "Picture2", "Check2"})
             QCOMPARE(QFontInfo(b.C(nome)->font()).family(), sola);
     NessunaDidascaliaTagliata(b);
     for (const char* nome : {"Label6", "Label5", "Label7", "Label3"})
-        QVERIFY2(b.C(nome)->font().pixelSize() >= 9, nome); // made smaller, and still to be read
+        QVERIFY2(b.C(nome)->font().pixelSize() >= 9, nome); // reduced, but readable
 }
 
 QTEST_MAIN(FormaTest)

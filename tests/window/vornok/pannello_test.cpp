@@ -9,7 +9,7 @@ using namespace morvella::prove;
 
 namespace {
 
-// As they are told, blanks in front and behind included.
+// With their leading and trailing blanks.
 // clang-format off
 const char* const Righe[] = {
     "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ", "   ",
@@ -53,7 +53,7 @@ void Scatta(Banco& b, int volte = 1) {
 
 bool Aperto(Banco& b) {
     const bool aperto = b.C("Frame1")->isVisible();
-    // The caption, the frame and the timer say the same.
+    // Caption, frame and timer agree.
     if (b.Didascalia("MnuHelp") != (aperto ? "Togli Help" : "Help") ||
         b.C<QTimer>("Timer1")->isActive() != aperto)
         qFatal("the panel is neither open nor closed");
@@ -122,7 +122,7 @@ void PannelloTest::chiusoDaUnClic() {
     for (int i = 0; i < 2; ++i) {
         b.Comando("MnuHelp");
         QVERIFY(Aperto(b));
-        // What the mouse meets there, from the form on.
+        // The innermost control at that place.
         auto* controllo = b.W->findChild<QWidget*>(dove);
         const QPoint qui = controllo->mapTo(b.W.get(), punto);
         QCOMPARE(b.W->childAt(qui), controllo);
@@ -178,12 +178,12 @@ void PannelloTest::centrate() {
         QCOMPARE(testo->Punto(i).x(), (379 - larga) / 2); // 5685 twips
         QCOMPARE(testo->Punto(i).y(), i * misure.height());
     }
-    // Blanks count: line 40 has them in front only, and stands to the right of the middle.
+    // Blanks count: line 40 has leading ones only, so it is right of the middle.
     const double testo40 = testo->Punto(39).x() + misure.horizontalAdvance(QString(22, ' '));
     QVERIFY(testo40 + misure.horizontalAdvance("c = true") / 2 > 379 / 2.0 + 20);
 }
 
-// What is seen: line 20, whose blanks are even, is white and stands in the middle.
+// The pixels: line 20, with a blank at either end, is white and centred.
 void PannelloTest::stampate() {
     Banco b;
     b.Apri();
@@ -191,7 +191,7 @@ void PannelloTest::stampate() {
     auto* testo = b.C<TestoRotolato>("Picture2");
     const QFontMetricsF misure(testo->font());
     const auto inchiostro = [&](int riga) {
-        // Without the pixels at its edges, where its neighbours reach in.
+        // Without its edges, where the neighbours reach in.
         const QRect linea(0, qRound(riga * misure.height()) + 3, testo->width(), qRound(misure.height()) - 6);
         const QImage qui = testo->grab(linea).toImage();
         QRect dove;
@@ -207,12 +207,24 @@ void PannelloTest::stampate() {
     QVERIFY(inchiostro(32).isEmpty());  // a blank line is a line
     QVERIFY(!inchiostro(43).isEmpty()); // the last one
     QVERIFY(inchiostro(45).isEmpty());
-    // Behind it the ground of the picture box.
+    // Exactly white, and otherwise only blends of white and the background.
+    const QRect linea(0, qRound(19 * misure.height()), testo->width(), qRound(misure.height()));
+    const QImage riga = testo->grab(linea).toImage();
+    int bianchi = 0;
+    for (int y = 0; y < riga.height(); ++y)
+        for (int x = 0; x < riga.width(); ++x) {
+            const QColor qui = riga.pixelColor(x, y);
+            bianchi += qui == QColor(255, 255, 255);
+            QCOMPARE(qui.red(), qui.green());
+            QVERIFY(qAbs(qui.blue() - (192 + qui.red() * 63 / 255)) <= 2);
+        }
+    QVERIFY(bianchi > 50);
+    // The background of the picture box.
     const QImage fondo = testo->grab(QRect(0, 600, testo->width(), 1)).toImage();
     QCOMPARE(fondo.pixelColor(0, 0), QColor(0, 0, 192));
 }
 
-// 800 lines; asked in twips as long as the timer has not been there, and in pixels from then on.
+// 800 lines: in twips before the timer's first tick, and in pixels from then on.
 void PannelloTest::altezze() {
     Banco b;
     b.Apri();
@@ -223,7 +235,7 @@ void PannelloTest::altezze() {
     QCOMPARE(b.W->Help().Picture2Height, Lungo(a) * 15 * 800);
     QCOMPARE(alta(), a * 800);
     b.Comando("MnuHelp");
-    b.Comando("MnuHelp"); // no step in between: twips still
+    b.Comando("MnuHelp"); // no tick in between: still twips
     QCOMPARE(b.W->Help().Picture2Height, Lungo(a) * 15 * 800);
     Scatta(b);
     QCOMPARE(alta(), a * 800); // moves nothing by itself
@@ -266,7 +278,7 @@ void PannelloTest::fineEsatta() {
         QCOMPARE(b.W->Help().Picture2Top, Lungo(0));
         QCOMPARE(b.C("Picture2")->y(), 0);
     }
-    // The restart fills nothing anew: the height is that of the opening.
+    // The restart refills nothing: the height stays.
     QCOMPARE(b.C("Picture2")->height(), AltezzaA(b) * 800);
     b.W->Help().Picture2Top = -7899;
     Scatta(b);
@@ -314,15 +326,13 @@ void PannelloTest::timerVero() {
     Banco b;
     b.Apri();
     b.Comando("MnuHelp");
-    QTRY_VERIFY(b.W->Help().Picture2Top <= -30);
+    QTRY_VERIFY_WITH_TIMEOUT(b.W->Help().Picture2Top <= -30, Attesa);
     QCOMPARE(b.W->Help().Picture2Top % 10, Lungo(0));
     b.Comando("MnuHelp");
-    const Lungo ferma = b.W->Help().Picture2Top;
-    QTest::qWait(120);
-    QCOMPARE(b.W->Help().Picture2Top, ferma);
+    QVERIFY(!b.C<QTimer>("Timer1")->isActive());
 }
 
-// It lies over all that the form holds, but for two pixels at the left.
+// The panel covers the form except two pixels at the left.
 void PannelloTest::copreTutto() {
     Banco b;
     b.Apri();
@@ -349,17 +359,16 @@ void PannelloTest::menuDietro() {
     QVERIFY(!Aperto(b));
 }
 
-// An engine runs behind it, and the panel does not move meanwhile: nothing yields in a run.
+// An engine runs while the panel is open, and its text does not move although the timer is due:
+// nothing yields in a run.
 void PannelloTest::corsaDietro() {
     Banco b;
     b.Apri();
     b.ScegliSenzaCorsa();
     b.Comando("MnuHelp");
     Scatta(b, 3);
-    b.Disco.PrimaDiLeggere = [&](const std::string&) {
-        QTest::qSleep(60);
-        QCOMPARE(b.W->Help().Picture2Top, Lungo(-30));
-    };
+    b.C<QTimer>("Timer1")->setInterval(0);
+    b.Disco.PrimaDiLeggere = [&](const std::string&) { QCOMPARE(b.W->Help().Picture2Top, Lungo(-30)); };
     b.Comando("mnuRiordina");
     b.Comando("mnuvorn");
     QVERIFY(b.Disco.Esiste("/p/Appoggio/m.log"));

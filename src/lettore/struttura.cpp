@@ -1,32 +1,29 @@
 // SPDX-License-Identifier: MIT
-#include "window/lettore/file.h"
+#include "lettore/struttura.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <utility>
-
-#include "scan/classifica.h"
 
 namespace morvella::lettore {
 
 namespace {
 
-// A block ends at whichever comes first, so that neither many short lines nor a few long ones
-// make it large.
+// A block ends at whichever limit comes first, so that neither many short lines nor a few long
+// ones make it large.
 constexpr Lungo RighePerBlocco = 1024;
 constexpr std::uint64_t BytesPerBlocco = std::uint64_t{256} * 1024;
-constexpr std::size_t Boccone = std::size_t{1024} * 1024; // of the reading from end to end
-constexpr std::size_t TestaTenuta = 256;
+constexpr std::size_t Boccone = std::size_t{1024} * 1024; // read at a time by Carica
 constexpr std::size_t Limite = Struttura::LimiteRiga;
 
 struct FineRiga {
     std::size_t Quanti; // bytes of the line
-    std::size_t Passo;  // and its end
+    std::size_t Passo;  // bytes of the line and its end
     bool Spezzata;
 };
 
-// Where the first line of `resto` ends. Nothing when that cannot be seen yet.
+// Finds the end of the first line of `resto`. Nothing if more bytes are needed; with `tutto` there
+// are no more.
 std::optional<FineRiga> TrovaFine(Vista resto, bool lf, bool tutto) {
     const Vista davanti = resto.substr(0, Limite + 2);
     for (std::size_t da = 0;;) {
@@ -41,174 +38,16 @@ std::optional<FineRiga> TrovaFine(Vista resto, bool lf, bool tutto) {
     return std::nullopt;
 }
 
-void Piega(Vista bytes, Testo& piegati) {
-    static const auto tavola = [] {
-        std::array<char, 256> t{};
-        for (unsigned i = 0; i < 256; ++i)
-            t[i] = static_cast<char>(MinuscolaByte(static_cast<unsigned char>(i)));
-        return t;
-    }();
-    piegati.resize(bytes.size());
-    std::transform(bytes.begin(), bytes.end(), piegati.begin(),
-                   [](char c) { return tavola[static_cast<unsigned char>(c)]; });
-}
-
-constexpr Vista DiConnettori = "\xB3\xBA\xC0\xC3\xC4\xC8\xC9\xCD\xDA";
-
-// The procedures and the error lines, from the lines in order.
-class Raccolta {
-  public:
-    Raccolta(std::vector<Lungo>& errori, std::vector<Procedura>& procedure)
-        : errori_(errori), procedure_(procedure) {}
-
-    // Gives the number of the line, 0 for none.
-    Lungo Guarda(Vista riga, Lungo i) {
-        const std::size_t blanks = BlanksDavanti(riga);
-        const char primo = blanks < riga.size() ? riga[blanks] : ' ';
-        if (primo == '*' && Guarda(BordoDiRiquadro(riga), blanks)) return 0;
-        if (primo == '#' && RigaErrore(riga)) {
-            bordi_ = 0;
-            ErroreIn(i);
-            return 0;
-        }
-        const int bordi = std::exchange(bordi_, 0);
-        if (blanks != 0 && blanks < 5) return 0;
-        const std::size_t campo = CampoDiRiga(riga);
-        if (campo == 0) return 0;
-        const Lungo numero = campo == 11 ? Struttura::NumeroDi(riga) : 0;
-        const Vista dopo = riga.substr(campo);
-        const std::size_t rientro = BlanksDavanti(dopo);
-        const Vista testo = dopo.substr(rientro);
-        if (senzaTesta_) { // the line behind an error line is the procedure's end
-            procedure_.back().Testa = testo.substr(0, TestaTenuta);
-            procedure_.back().Numero = numero;
-            senzaTesta_ = false;
-        }
-        if (bordi == 2 && rientro == rientroBordi_ + 2) {
-            const Classe classe = ClassificaRiga(testo);
-            if (classe == RigaSub || classe == RigaFunction || classe == RigaProperty) {
-                procedure_.push_back({i, numero, Testo(testo.substr(0, TestaTenuta))});
-                dentro_ = true;
-            }
-        } else if (!testo.empty() && (testo[0] == 'E' || testo[0] == 'e')) {
-            const Classe classe = ClassificaRiga(testo);
-            if (classe == RigaEndSub || classe == RigaEndFunction || classe == RigaEndProperty)
-                dentro_ = false;
-        }
-        return numero;
-    }
-
-  private:
-    bool Guarda(Bordo bordo, std::size_t blanks) {
-        if (bordo == Bordo::Nessuno) return false;
-        if (bordo == Bordo::Asterischi) {
-            bordi_ = 1;
-            rientroBordi_ = blanks;
-        } else {
-            bordi_ = bordi_ == 1 && blanks == rientroBordi_ ? 2 : 0;
-        }
-        return true;
-    }
-
-    void ErroreIn(Lungo i) {
-        errori_.push_back(i);
-        if (dentro_) {
-            procedure_.back().Aperta = true;
-            return;
-        }
-        // Some heads get no box, their ends are tested all the same.
-        procedure_.push_back({i, 0, {}, false, true});
-        senzaTesta_ = true;
-    }
-
-    std::vector<Lungo>& errori_;
-    std::vector<Procedura>& procedure_;
-    int bordi_ = 0; // how many lines of a box's top have gone by
-    std::size_t rientroBordi_ = 0;
-    bool dentro_ = false;     // of the last procedure
-    bool senzaTesta_ = false; // the last one waits for its end line
-};
-
-bool Toglie(Vista& testo, Vista parola) {
-    if (!IniziaPer(testo, parola)) return false;
-    testo = Trim(testo.substr(parola.size()));
-    return true;
-}
-
 } // namespace
 
-Testo NomeBreve(const Procedura& procedura) {
-    const Testo& testa = procedura.Testa;
-    if (!procedura.Riquadro) return testa + " (testa senza riquadro)";
-    Vista resto = Trim(testa);
-    Toglie(resto, "private ") || Toglie(resto, "public ") || Toglie(resto, "friend ");
-    Toglie(resto, "static ");
-    Testo genere;
-    if (Toglie(resto, "property ")) {
-        const std::size_t parola = std::min(resto.find(' '), resto.size());
-        genere = " (Property " + Testo(resto.substr(0, parola)) + ")";
-        resto = Trim(resto.substr(parola));
-    } else if (!Toglie(resto, "sub ") && !Toglie(resto, "function ")) {
-        return testa; // "subtotal = 1" has a box as well
-    }
-    const Vista nome = Trim(resto.substr(0, resto.find('(')));
-    return nome.empty() ? testa : Testo(nome) + genere;
-}
-
-Ago::Ago(std::u16string_view testo) {
-    for (const char16_t c : testo) {
-        int byte = -1;
-        char16_t segno = c;
-        for (unsigned i = 0; i < 256 && byte < 0; ++i)
-            if (c != u'\uFFFD' && Segno(Tratto::Scritto, static_cast<char>(i)) == c) {
-                byte = MinuscolaByte(static_cast<unsigned char>(i));
-                segno = Segno(Tratto::Scritto, static_cast<char>(byte));
-            }
-        for (const char connettore : DiConnettori) {
-            const auto piegato = MinuscolaByte(static_cast<unsigned char>(connettore));
-            if (byte < 0 && Segno(Tratto::Ciclo, connettore) == c) byte = piegato;
-            ambiguo_ = ambiguo_ || byte == piegato;
-        }
-        assente_ = assente_ || byte < 0;
-        segni_ += segno;
-        bytes_ += static_cast<char>(byte);
-    }
-}
-
-bool Ago::Qui(Vista riga, const std::vector<Porzione>& fette, std::size_t da) const {
-    auto fetta =
-        std::find_if(fette.begin(), fette.end(), [&](const Porzione& f) { return da < f.Da + f.Quanti; });
-    for (std::size_t i = 0; i < segni_.size(); ++i) {
-        while (fetta != fette.end() && da + i >= fetta->Da + fetta->Quanti) ++fetta;
-        if (fetta == fette.end()) return false;
-        const bool disegnata =
-            fetta->Che == Tratto::Condizione || fetta->Che == Tratto::Ciclo || fetta->Che == Tratto::Barra;
-        const char c = riga[da + i];
-        const char piegato = disegnata ? c : static_cast<char>(MinuscolaByte(static_cast<unsigned char>(c)));
-        if (Segno(fetta->Che, piegato) != segni_[i]) return false;
-    }
-    return true;
-}
-
-Lungo Ago::In(Vista riga, const std::vector<Porzione>& fette, Lungo da, Lungo fine) const {
-    if (Vuoto() || assente_ || da >= fine) return -1;
-    Testo piegati;
-    Piega(Mid(riga, da + 1, fine - da), piegati);
-    for (std::size_t n = 0; (n = piegati.find(bytes_, n)) != Testo::npos; ++n) {
-        const std::size_t qui = n + static_cast<std::size_t>(da);
-        if (!ambiguo_ || Qui(riga, fette, qui)) return static_cast<Lungo>(qui);
-    }
-    return -1;
-}
-
-// Reads a file in pieces.
+// The file, open for reading.
 class Struttura::Lettura {
   public:
     Lettura(const std::filesystem::path& percorso, std::uint64_t& contati) : contati_(contati) {
         std::error_code guasto;
         const auto stato = std::filesystem::status(percorso, guasto);
         if (stato.type() == std::filesystem::file_type::not_found) throw Errore(ErrFileAssente);
-        // Neither a directory nor a pipe, which would wait for ever.
+        // A pipe, for one, would block for ever.
         if (guasto || stato.type() != std::filesystem::file_type::regular) throw Errore(ErrAccesso);
         file_.open(percorso, std::ios::binary);
         if (!file_) throw Errore(ErrAccesso);
@@ -235,7 +74,8 @@ void Struttura::Carica() {
     Indice nuovo;
     nuovo.Lf = chiestoLf_;
     std::error_code guasto;
-    nuovo.Quando = std::filesystem::last_write_time(percorso_, guasto); // first: a later write shows
+    nuovo.Quando = std::filesystem::last_write_time(
+        percorso_, guasto); // before reading, so that a later write is noticed
     Raccolta raccolta(nuovo.Errori, nuovo.Procedure);
 
     Testo tampone(Boccone + Limite + 2, '\0');
@@ -299,7 +139,7 @@ void Struttura::Taglia(Blocco& blocco) const {
         blocco.Righe.push_back(
             {static_cast<std::uint32_t>(da), static_cast<std::uint32_t>(fine.Quanti), fine.Spezzata});
         da += fine.Passo;
-        // A block ends where a line does: one without an end was cut there.
+        // Blocks end between lines, so a line without an end was split here.
         if (da == bytes.size() && fine.Passo == fine.Quanti && !blocco.Ultimo)
             blocco.Righe.back().Spezzata = true;
     }
@@ -316,7 +156,7 @@ void Struttura::LeggiBlocco(std::size_t passo, Blocco& blocco) {
         Lettura lettura(percorso_, bytesLetti_);
         lettura.Vai(passi[passo].Da);
         letti = lettura.Leggi(blocco.Bytes.data(), blocco.Bytes.size());
-    } catch (const Errore&) { // it went away while it is shown: nothing to see there
+    } catch (const Errore&) { // the file has gone since Carica
         letti = 0;
     }
     blocco.Bytes.resize(letti);
@@ -372,11 +212,11 @@ std::optional<Lungo> Struttura::RigaDiNumero(Lungo numero) {
                                            [&](const Passo& passo) { return passo.NumeroPrima < numero; });
     for (Lungo i = (dopo - 1)->Riga; i < indice_.Righe; ++i)
         if (NumeroDi(Riga(i)) >= numero) return i;
-    return std::nullopt; // only when the file is no longer what was read
+    return std::nullopt; // the file has changed since Carica
 }
 
 std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool avanti) {
-    if (ago.Vuoto() || ago.assente_ || indice_.Passi.empty()) return std::nullopt;
+    if (ago.Vuoto() || ago.Introvabile() || indice_.Passi.empty()) return std::nullopt;
     Blocco blocco;
     Testo piegati;
     std::vector<Porzione> fette;
@@ -388,7 +228,7 @@ std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool ava
         Piega(blocco.Bytes, piegati);
         Lungo tagliata = -1;
         for (std::size_t n = avanti ? 0 : Testo::npos;;) {
-            n = avanti ? piegati.find(ago.bytes_, n) : piegati.rfind(ago.bytes_, n);
+            n = avanti ? piegati.find(ago.Bytes(), n) : piegati.rfind(ago.Bytes(), n);
             if (n == Testo::npos) break;
             if (blocco.Righe.empty()) Taglia(blocco);
             const auto dopo = std::upper_bound(blocco.Righe.begin(), blocco.Righe.end(), n,
@@ -396,12 +236,12 @@ std::optional<Posizione> Struttura::Trova(const Ago& ago, Posizione da, bool ava
             const Inizio& inizio = *(dopo - 1);
             const Lungo nel = dopo - 1 - blocco.Righe.begin();
             const Posizione qui{blocco.Riga + nel, static_cast<Lungo>(n - inizio.Da)};
-            const bool intero = n + ago.bytes_.size() <= std::size_t{inizio.Da} + inizio.Quanti;
+            const bool intero = n + ago.Bytes().size() <= std::size_t{inizio.Da} + inizio.Quanti;
             if (intero && (avanti ? qui >= da : qui < da)) {
                 const Vista riga = Vista(blocco.Bytes).substr(inizio.Da, inizio.Quanti);
-                if (ago.ambiguo_ && tagliata != nel) TagliaRiga(riga, fette);
+                if (ago.Ambiguo() && tagliata != nel) TagliaRiga(riga, fette);
                 tagliata = nel;
-                if (!ago.ambiguo_ || ago.Qui(riga, fette, n - inizio.Da)) return qui;
+                if (!ago.Ambiguo() || ago.Qui(riga, fette, n - inizio.Da)) return qui;
             }
             if (!avanti && n == 0) break;
             n = avanti ? n + 1 : n - 1;

@@ -314,7 +314,7 @@ Esito Prova::Corri(const std::string& modo, long punto, const fs::path& conta) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     if (argc < 4) {
         std::fputs("guasti PROGRAM LIBRARY WORKPLACE [--scena NAME] [--pieno | --ostile] [--modo MODE] "
                    "[--passo N] [--da K] [--punto K]\n",
@@ -394,4 +394,7 @@ int main(int argc, char** argv) {
     std::printf("all: %ld points, %ld told, %ld equal, %ld broken\n", tutto.Punti, tutto.Detti, tutto.Uguali,
                 tutto.Rotti);
     return tutto.Punti == 0 || tutto.Rotti > 0 ? 1 : 0;
+} catch (const std::exception& e) {
+    std::fprintf(stderr, "guasti: %s\n", e.what());
+    return 2;
 }

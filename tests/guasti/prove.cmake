@@ -9,6 +9,6 @@ target_link_libraries(guasti PRIVATE morvella_avvisi)
 foreach(scena esegui struttura documenta opzioni)
   add_test(NAME guasti.${scena}
     COMMAND guasti $<TARGET_FILE:morvella-cli> $<TARGET_FILE:precarica>
-            ${CMAKE_CURRENT_BINARY_DIR}/guasti/${scena} --scena ${scena} --passo 13)
+            ${CMAKE_CURRENT_BINARY_DIR}/luoghi/${scena} --scena ${scena} --passo 13)
   set_tests_properties(guasti.${scena} PROPERTIES TIMEOUT 1200)
 endforeach()

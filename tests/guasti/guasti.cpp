@@ -3,7 +3,7 @@
 // The fault sweep: runs the real program with one call failing, for every call, and holds each run
 // against the law:
 //   - the sources are the same, bit for bit;
-//   - the exit status of the good run comes only with the tree of the good run;
+//   - where the good run ends with 0, 0 comes only with the tree of the good run;
 //   - whatever else happens is told on standard error;
 //   - no run ends by a signal or does not end;
 //   - an interrupted call or a short transfer changes nothing;
@@ -166,8 +166,9 @@ class Prova {
         const bool come = esito.Stato == buona_.Stato;
         if (modo == "EINTR" || modo == "corto")
             return !come ? "status " + std::to_string(esito.Stato) + ": " + esito.Detto : diversa;
-        // A run that ended with an error has told it, whatever else is missing.
-        if (come && Intera() && !diversa.empty()) return "silent: " + diversa;
+        // With another status than 0 the good run tells something; this one has to tell something else.
+        if (come && !diversa.empty() && (buona_.Stato == 0 || esito.Detto == buona_.Detto))
+            return "silent: " + diversa;
         if (!come && !ucciso) {
             detto = esito.Detto;
             if (esito.Stato == 0) return "status 0 in the place of " + std::to_string(buona_.Stato);
@@ -187,8 +188,6 @@ class Prova {
         }
         return {};
     }
-
-    bool Intera() const { return buona_.Stato == 0 || buona_.Stato == 4; }
 
     const char* Come() const { return scena_.Pieno ? " --pieno" : scena_.Ostile ? " --ostile" : ""; }
 

@@ -12,7 +12,7 @@ for opzione in "$@"; do
   case $opzione in
     --browser) browser=si ;;
     --schermo) schermo=si ;;
-    *) echo "test.sh [--browser] [--schermo]" >&2; exit 2 ;;
+    *) echo "usage: ./test.sh [--browser] [--schermo]" >&2; exit 2 ;;
   esac
 done
 serve g++ cmake ninja-build libgtest-dev libbenchmark-dev qt6-base-dev fonts-liberation \

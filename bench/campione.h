@@ -20,7 +20,7 @@ class Campione {
 
     Testo Form;
     Testo Tutto;              // all three
-    std::vector<Vista> Righe; // looks into Tutto, without the line ends
+    std::vector<Vista> Righe; // views into Tutto, without the line ends
     std::vector<Vista> Trimmate;
 
     Campione(const Campione&) = delete;

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 //
-// floor: what a run of the engines costs at the least. It does to the same files what the run
-// does, and nothing else. For each module and each engine:
+// floor: the least that a run of the engines can cost. It does to the same files what the run does,
+// and nothing else. For each module and each engine:
 //   the old output is deleted where the engine deletes it; the source is opened, read to its
 //   end and closed; the source is opened and read once more while a new output of as many
 //   bytes as the run's is written;
 // and, for the rewriter, in a second round every ".txt" is read and written to the module's own
 // name, and so is the binary companion; the project file is copied before all.
-// Blocks have 128 KiB, through plain read and write. What it leaves out: looking at a byte,
-// seeking names, asking whether a file is there, every check, and what the listing writes and
-// throws away again. What it writes is not the run's text but the bytes that it has just read,
-// over and over, up to the right length: on a disk that compresses this is no fair measure.
+// Blocks are 128 KiB, through plain read and write. Left out: looking at a byte, looking up names,
+// asking whether a file exists, every check, and what the listing writes and throws away. It
+// writes not the run's text but the bytes just read, repeated up to the right length: no fair
+// measure on a disk that compresses.
 //
-// The directory is looked through beforehand, which is not a part of the measure:
+// The directory is read beforehand, outside the measure:
 //   floor --prepara DIR PIANO [ENGINE...]   after a run over the project in DIR: notes the
 //                                           files and their lengths in the file PIANO; engines
 //                                           are riordina (when none is named), struttura and
 //                                           documenta
 //   floor PIANO                             does the work
-// Preparing anew behind it must give the same plan: the files have the same lengths.
+// Preparing again after it must give the same plan: the files have the same lengths.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -202,7 +202,7 @@ void Leggi(const std::string& file, std::vector<char>& blocco) {
     }
 }
 
-// Writes as much as it reads as long as `bytes` are left, and the rest behind it.
+// Writes as much as it reads while `bytes` are left, then the rest.
 void Riscrivi(const Lavoro& lavoro, std::vector<char>& blocco) {
     Lettore in(lavoro.Sorgente);
     Scrittore out(lavoro.Uscita);

@@ -33,7 +33,7 @@ long long Intero(const char* testo) {
     return n;
 }
 
-// Names here hold nothing of Windows-1252 that is not in its Latin-1 part.
+// Names here stay within the Latin-1 part of Windows-1252.
 fs::path NomeSulDisco(const std::string& nome) {
     std::u8string utf8;
     for (const char c : nome) {

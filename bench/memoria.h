@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // bench/memoria.h
 //
-// A disk without a disk, so that the benchmarks measure the program alone: what is read comes
-// from memory, what is written is dropped.
+// A disk in memory, so that the benchmarks measure the program alone: reads come from memory,
+// writes are dropped.
 #pragma once
 
 #include <algorithm>
@@ -40,7 +40,7 @@ class DiscoMemoria : public Disco {
     void Copia(const std::string&, const std::string&) override {}
     void Cancella(const std::string&) override {}
     Istante Adesso() override { return {2026, 11, 21, 14, 30, 5}; }
-    Istante UltimaModifica(const std::string&) override { return Adesso(); }
+    Istante UltimaModifica(const Scheda&) override { return Adesso(); }
     void Avvia(const std::string&, const std::string&, int) override {}
 
   private:

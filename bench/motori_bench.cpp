@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The classifier, the head scanner and the indent engine, over the sample's lines. What the
-// engines write goes through channel 2 up to the disk, which drops it.
+// The classifier, the head scanner and the indent engine over the sample's lines. Their output goes
+// through channel 2 to the disk, which drops it.
 #include "campione.h"
 #include "rewriter/rewriter.h"
 #include "scan/classifica.h"

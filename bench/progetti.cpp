@@ -176,7 +176,7 @@ void Scrittore::Semplice(int livello) {
 }
 
 void Scrittore::Istruzione(int livello) {
-    // The calls are spread over the first nine tenths, so that all have their place at the end.
+    // The calls are spread over the first nine tenths, so that all of them fit.
     if (MancanoShow() && showFatti_ * (righe_ * 9 / 10) <= show_ * fatte_) {
         ++showFatti_;
         Riga(livello, {"frm", Uno(Temi), ".Show", Forse(50) ? " vbModal" : ""});

@@ -5,17 +5,26 @@
 #   bench/run.sh --micro    Google Benchmarks; what follows goes to them (--benchmark_filter=...)
 # Set from outside: BUILD    build directory (otherwise that of the preset "release")
 #                   TMPDIR   where projects are generated (otherwise /dev/shm or /tmp); removed at the end
-#                   GIRI     runs of each kind, the best counts (15); three where growth is measured
+#                   DISCO    a directory on a real disk for the second table (otherwise BUILD)
+#                   GIRI     pairs of each ratio, the median decides (31); growth takes the best of three
 set -eu
 LC_ALL=C
 export LC_ALL
 radice=$(cd "$(dirname "$0")/.." && pwd)
-giri=${GIRI:-15}
+giri=${GIRI:-31}
 giri_crescita=$((giri < 3 ? giri : 3))
 
 # Limits
-rapporto=2.0       # whole run against the floor
+rapporto_di() { # whole run of an operation against the floor
+  case $1 in
+    riordina) echo 1.70 ;;
+    struttura) echo 2.0 ;;
+    esegui) echo 1.8 ;;
+    documenta) echo 1.9 ;;
+  esac
+}
 memoria=16384      # KiB at the peak
+memoria_molti=24576 # KiB at the peak for 10,000 modules
 memoria_piu=1024   # KiB more at the peak for a file 100 times longer
 finestra=1.2       # whole run in the window against the same without it
 crescita=2.0       # time per module, per entry, per MB: the largest size against the cheapest
@@ -39,7 +48,7 @@ if [ "${1:-}" = --micro ]; then
   exec "$BUILD/bench/primitive_bench" "$@"
 fi
 if [ $# -gt 0 ]; then
-  sed -n 's/^# //; 3,8p' "$0" >&2
+  sed -n '3,9s/^# //p' "$0" >&2
   exit 2
 fi
 
@@ -55,7 +64,8 @@ if [ -z "$dove" ]; then
   if [ -w /dev/shm ] && [ "${libero:-0}" -gt 614400 ]; then dove=/dev/shm; fi
 fi
 lavoro=$(mktemp -d "$dove/morvella-bench.XXXXXX")
-trap 'rm -rf "$lavoro"' EXIT
+disco=$(mktemp -d "${DISCO:-$BUILD}/morvella-bench.XXXXXX")
+trap 'rm -rf "$lavoro" "$disco"' EXIT
 trap 'exit 130' INT TERM HUP
 
 rotti=0
@@ -71,19 +81,17 @@ genera() { # name, options: makes the project anew
   "$strumenti/genera" "$lavoro/$nome" "$@"
 }
 
-# A run of command $1 over project $2: adds "seconds KiB" to $3.
-corri() {
+# Without a word on a run: what a script would use.
+opzioni_di() {
   case $1 in
-    esegui) opzioni=-sq ;;
-    *) opzioni=-q ;;
+    esegui) echo -sq ;;
+    *) echo -q ;;
   esac
-  "$strumenti/misura" "$BUILD/morvella-cli" "$1" $opzioni "$lavoro/$2/Sintetico.vbp" >>"$3"
 }
 
-# The same as a person has it: with the line that shows the progress, on a terminal.
-corri_a_terminale() {
-  script -qec "'$strumenti/misura' '$BUILD/morvella-cli' $1 -s '$lavoro/$2/Sintetico.vbp' >>'$3'" /dev/null \
-    </dev/null >/dev/null
+# A run of command $1 over project $2: adds "seconds KiB" to $3.
+corri() {
+  "$strumenti/misura" "$BUILD/morvella-cli" "$1" "$(opzioni_di "$1")" "$lavoro/$2/Sintetico.vbp" >>"$3"
 }
 
 # The best time and the greatest peak of a file of measures.
@@ -102,69 +110,97 @@ misura() {
   kib=$(picco "$lavoro/misure")
 }
 
-echo "machine   $(uname -sm), $(getconf _NPROCESSORS_ONLN) processors"
-echo "files on  $(df -P "$lavoro" | awk 'NR == 2 { print $NF }') ($(stat -f -c %T "$lavoro" 2>/dev/null || echo '?'))"
-echo "best of   $giri runs"
-
-echo
-# intero NAME RUNNER COMMAND ENGINE...: the command over the project, and the floor of the same
-# engines.
-intero() {
-  titolo=$1
-  come=$2
-  comando=$3
-  shift 3
-  $come "$comando" intero "$lavoro/scarto"
-  "$strumenti/floor" --prepara "$lavoro/intero" "$lavoro/piano" "$@"
-  : >"$lavoro/corsa"
-  : >"$lavoro/fondo"
-  i=0
-  while [ $i -lt "$giri" ]; do # in turn, so that a busy machine slows down both
-    "$strumenti/misura" "$strumenti/floor" "$lavoro/piano" >>"$lavoro/fondo"
-    if [ $i -eq 0 ]; then
-      "$strumenti/floor" --prepara "$lavoro/intero" "$lavoro/piano2" "$@"
-      cmp "$lavoro/piano" "$lavoro/piano2" # the floor wrote other lengths than the run
-    fi
-    $come "$comando" intero "$lavoro/corsa"
-    i=$((i + 1))
-  done
-  corsa=$(migliore "$lavoro/corsa")
-  fondo=$(migliore "$lavoro/fondo")
-  esito "$(conto "print ($corsa / $fondo <= $rapporto && $(picco "$lavoro/corsa") <= $memoria)")"
-  printf '  %-16s %9.3f %9.3f %7.2f %12.0f %10s  %s\n' "$titolo" "$corsa" "$fondo" \
-    "$(conto "print $corsa / $fondo")" "$(conto "print 1000000 / $corsa")" "$(picco "$lavoro/corsa")" "$giudizio"
+luogo_di() { # where a directory lies
+  echo "$(df -P "$1" | awk 'NR == 2 { print $NF }') ($(stat -f -c %T "$1" 2>/dev/null || echo '?'))"
 }
 
-echo "Whole runs: 1,000,000 lines in 300 modules; limits: $rapporto times the floor, $memoria KiB"
-printf '  %-16s %9s %9s %7s %12s %10s\n' "" seconds floor ratio lines/s "peak KiB"
-genera intero --moduli 300 --righe 1000000
-intero riordina corri riordina riordina
-intero struttura corri struttura struttura
-intero esegui corri esegui riordina struttura
-if script -qec true /dev/null >/dev/null 2>&1 </dev/null; then
-  intero "  on a terminal" corri_a_terminale esegui riordina struttura
-else
-  echo "    on a terminal  left out: there is no script(1) that runs a command"
-fi
-intero documenta corri documenta documenta
+echo "machine   $(uname -sm), $(getconf _NPROCESSORS_ONLN) processors"
+echo "files on  $(luogo_di "$lavoro"), disk rows on $(luogo_di "$disco")"
+echo "ratios    median of $giri pairs, run and floor in turn"
 
-if [ -x "$strumenti/finestra_bench" ]; then
-  : >"$lavoro/corsa"
-  : >"$lavoro/fondo"
-  i=0
-  while [ $i -lt "$giri" ]; do
-    corri esegui intero "$lavoro/fondo"
-    QT_QPA_PLATFORM=offscreen "$strumenti/finestra_bench" "$lavoro/intero/Sintetico.vbp" >>"$lavoro/corsa" 2>/dev/null
-    i=$((i + 1))
-  done
-  quanto=$(conto "printf \"%.2f\", $(migliore "$lavoro/corsa") / $(migliore "$lavoro/fondo")")
-  esito "$(conto "print ($quanto <= $finestra)")"
-  echo
-  echo "The same esegui in the window: $(migliore "$lavoro/corsa") seconds, $quanto times the command line's," \
-    "limit $finestra: $giudizio"
-  echo "  controls painted up to $(picco "$lavoro/corsa") times"
+# coppie DIRECTORY COMMAND: the command over the project in DIRECTORY and the floor of its engines in turn.
+coppie() {
+  dove=$1
+  comando=$2
+  case $comando in
+    esegui) set -- riordina struttura ;;
+    *) set -- "$comando" ;;
+  esac
+  "$BUILD/morvella-cli" "$comando" "$(opzioni_di "$comando")" "$dove/Sintetico.vbp" >/dev/null
+  "$strumenti/floor" --prepara "$dove" "$lavoro/piano" "$@"
+  "$strumenti/floor" "$lavoro/piano"
+  "$strumenti/floor" --prepara "$dove" "$lavoro/piano2" "$@"
+  cmp "$lavoro/piano" "$lavoro/piano2" # the floor must write the same lengths as the run
+  if [ "$terminale" = 1 ]; then # as a person has it: with the line that shows the progress
+    script -qec "'$strumenti/misura' --coppie $giri '$BUILD/morvella-cli' $comando -s '$dove/Sintetico.vbp' \
+      -- '$strumenti/floor' '$lavoro/piano' >'$lavoro/coppie'" /dev/null </dev/null >/dev/null
+  else
+    "$strumenti/misura" --coppie "$giri" "$BUILD/morvella-cli" "$comando" "$(opzioni_di "$comando")" \
+      "$dove/Sintetico.vbp" -- "$strumenti/floor" "$lavoro/piano" >"$lavoro/coppie"
+  fi
+}
+
+# riga TITLE LIMIT: a row of the table from the last pairs; without a limit it decides nothing.
+riga() {
+  # shellcheck disable=SC2046 # the measures are words
+  set -- "$1" "$2" $(cat "$lavoro/coppie")
+  if [ -n "$2" ]; then
+    esito "$(conto "print ($5 <= $2 && $8 <= $memoria)")"
+  else
+    giudizio="for information"
+  fi
+  printf '  %-16s %9.3f %9.3f %7.2f  %4.2f-%4.2f %6s %12.0f %10s  %s\n' "$1" "$3" "$4" "$5" "$6" "$7" "${2:--}" \
+    "$(conto "print 1000000 / $3")" "$8" "$giudizio"
+}
+
+intestazione() {
+  printf '  %-16s %9s %9s %7s %10s %6s %12s %10s\n' "" seconds floor ratio quartiles limit lines/s "peak KiB"
+}
+
+terminale=0
+genera intero --moduli 300 --righe 1000000
+echo
+echo "Whole runs: 1,000,000 lines in 300 modules; limits: the ratio, and $memoria KiB"
+intestazione
+for comando in riordina struttura esegui documenta; do
+  coppie "$lavoro/intero" $comando
+  riga "$comando" "$(rapporto_di "$comando")"
+  if [ "$comando" != esegui ]; then continue; fi
+  if script -qec true /dev/null >/dev/null 2>&1 </dev/null; then
+    terminale=1
+    coppie "$lavoro/intero" esegui
+    riga "  on a terminal" "$(rapporto_di esegui)"
+    terminale=0
+  else
+    echo "    on a terminal  left out: there is no script(1) that runs a command"
+  fi
+done
+
+echo
+echo "The same on the disk: what it is busy with decides the seconds, so no limit holds here"
+if [ "$(stat -f -c %T "$disco" 2>/dev/null)" = tmpfs ]; then
+  echo "  left out: $(luogo_di "$disco") is no real disk; set DISCO"
 else
-  echo
+  "$strumenti/genera" "$disco/intero" --moduli 300 --righe 1000000
+  intestazione
+  for comando in riordina struttura esegui documenta; do
+    coppie "$disco/intero" $comando
+    riga "$comando" ""
+  done
+  rm -rf "$disco/intero"
+fi
+
+echo
+if [ -x "$strumenti/finestra_bench" ]; then
+  QT_QPA_PLATFORM=offscreen "$strumenti/misura" --coppie "$giri" --detto \
+    "$strumenti/finestra_bench" "$lavoro/intero/Sintetico.vbp" \
+    -- "$BUILD/morvella-cli" esegui -sq "$lavoro/intero/Sintetico.vbp" >"$lavoro/coppie" 2>/dev/null
+  # shellcheck disable=SC2046 # the measures are words
+  set -- $(cat "$lavoro/coppie")
+  esito "$(conto "print ($3 <= $finestra)")"
+  echo "The same esegui in the window: $1 seconds, $3 ($4-$5) times the command line's, limit $finestra: $giudizio"
+  echo "  controls painted up to $6 times"
+else
   echo "The window is left out: there is no Qt here"
 fi
 rm -rf "$lavoro/intero"
@@ -187,11 +223,13 @@ done
 rm -rf "$lavoro"/uno*
 
 # How the time per unit grows: the largest size against the cheapest.
-#   cresce COMMAND TITLE SIZES UNIT: reads lines "SIZE UNITS GENERA-OPTIONS" from standard input;
-#   units "log" are the MB of the listing that the run has written
+#   cresce COMMAND KIB TITLE SIZES UNIT: reads lines "SIZE UNITS GENERA-OPTIONS" from standard input;
+#   units "log" are the MB of the listing that the run has written; KIB is the limit of the last
+#   row's peak, "" for none
 cresce() {
   comando=$1
-  shift
+  limite=$2
+  shift 2
   # What the program takes to start and to end is not of any unit.
   genera vuoto --moduli 1 --righe 40
   misura "$comando" vuoto 20
@@ -214,27 +252,28 @@ cresce() {
   done
   rm -rf "$lavoro/cresce"
   quanto=$(awk 'NR == 1 || $1 < m { m = $1 } { u = $1 } END { printf "%.2f", u / m }' "$lavoro/unita")
-  esito "$(conto "print ($quanto <= $crescita)")"
-  printf '  the last against the cheapest %s, limit %s: %s\n' "$quanto" "$crescita" "$giudizio"
+  esito "$(conto "print ($quanto <= $crescita && ${kib:-0} <= ${limite:-$kib})")"
+  printf '  the last against the cheapest %s, limit %s%s: %s\n' "$quanto" "$crescita" \
+    "${limite:+, and $limite KiB}" "$giudizio"
 }
 
 for comando in riordina struttura documenta; do
   altro=""
   if [ $comando = documenta ]; then altro=", the index with them"; fi
-  cresce $comando "$comando: modules in one directory, 100 lines each$altro" modules module <<EOF
+  cresce $comando $memoria_molti "$comando: modules in one directory, 100 lines each$altro" modules module <<EOF
 100 100 --moduli 100 --righe 10000
 1000 1000 --moduli 1000 --righe 100000
 10000 10000 --moduli 10000 --righe 1000000
 EOF
 done
 
-cresce riordina "riordina: .Show entries in one file, one in ten lines" entries entry <<EOF
+cresce riordina "" "riordina: .Show entries in one file, one in ten lines" entries entry <<EOF
 1000 1000 --moduli 1 --righe 10000 --show 1000
 10000 10000 --moduli 1 --righe 100000 --show 10000
 100000 100000 --moduli 1 --righe 1000000 --show 100000
 EOF
 
-cresce riordina "riordina: length of statements, about 60 MB in one file" characters MB <<EOF
+cresce riordina "" "riordina: length of statements, about 60 MB in one file" characters MB <<EOF
 600 60 --moduli 1 --righe 130000 --lunghezza 600
 60000 60 --moduli 1 --righe 1300 --lunghezza 60000
 600000 60 --moduli 1 --righe 130 --lunghezza 600000
@@ -243,7 +282,7 @@ EOF
 # Each open block makes every line of the listing three bytes wider: 100,000 of them, one in the
 # other, would be 15 GB. What they cost is their output: a MB of it as much at every depth, and
 # 100,000 in one procedure no more than others when they stand open 300 at a time.
-cresce struttura "struttura: open blocks in one procedure, without a line between them" blocks MB <<EOF
+cresce struttura "" "struttura: open blocks in one procedure, without a line between them" blocks MB <<EOF
 1000 log --aperti 1000
 3000 log --aperti 3000
 10000 log --aperti 10000

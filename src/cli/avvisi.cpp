@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/avvisi.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_map>
 
 #include "shell/cartella.h"
@@ -12,10 +14,10 @@ namespace {
 constexpr const char* RimedioLf = " ha fine riga LF e verrebbe letto come una riga sola: usare --lf, "
                                   "o convertirlo in CR LF (per esempio con unix2dos).";
 
-std::string Tra(Vista riga) { return "«" + Utf8Da1252(riga) + "»"; }
+std::string Tra(Vista voce) { return "«" + Utf8Da1252(voce) + "»"; }
 
-// Where an output with this name below the work directory comes to lie: there, or, but for a
-// page, flat in the work directory when the directory part of the name is missing.
+// The file that an output of this name ends up in: below the work directory, or flat in it when the
+// folder of the name is missing. A page is never flattened.
 std::string Destinazione(Stato& s, const Testo& nome, Uscite uscite) {
     const Testo lavoro = s.Dir1Path + "\\Appoggio\\";
     Trovato file = s.File.Trova(lavoro + nome);
@@ -24,17 +26,17 @@ std::string Destinazione(Stato& s, const Testo& nome, Uscite uscite) {
     return file.Percorso;
 }
 
-// The names of a row's outputs below the work directory. The rewriter's second one is the
-// module's own name, and comes only where the first did not end flat.
-std::vector<Testo> NomiScritti(Stato& s, const Testo& riga, Uscite uscite) {
-    const Testo base(BaseDiVoce(riga));
+// The names of a row's outputs below the work directory. The rewriter's second output has the module's
+// own name, and is written only where the first was not flattened.
+std::vector<Testo> NomiScritti(Stato& s, const Testo& voce, Uscite uscite) {
+    const Testo base(BaseDiVoce(voce));
     switch (uscite) {
     case Uscite::Strutture: return {base + ".log"};
     case Uscite::Pagine: return {base + ".Html"};
     default: break;
     }
     std::vector<Testo> nomi = {LCase(base + ".txt")};
-    if (s.File.Trova(s.Dir1Path + "\\Appoggio\\" + riga).DirectoryPresente) nomi.push_back(LCase(riga));
+    if (s.File.Trova(s.Dir1Path + "\\Appoggio\\" + voce).DirectoryPresente) nomi.push_back(LCase(voce));
     return nomi;
 }
 
@@ -62,44 +64,49 @@ bool FiniRigaLf(Stato& s, Vista percorso) {
     }
 }
 
-std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& righe) {
+bool HaNomeDiSorgente(Vista percorso) {
+    constexpr Vista Fini[] = {".vbp", ".frm", ".bas", ".cls", ".frx", ".ctl", ".dsr", ".pag", ".res"};
+    return std::find(std::begin(Fini), std::end(Fini), LCase(Right(percorso, 4))) != std::end(Fini);
+}
+
+std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& voci) {
     std::vector<std::string> avvisi;
     AvvisaLf(s, s.File1Leggi.Scelto(), avvisi);
-    for (const Lungo i : righe) AvvisaLf(s, s.File1.List(i), avvisi);
+    for (const Lungo i : voci) AvvisaLf(s, s.File1.List(i), avvisi);
     return avvisi;
 }
 
-std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite) {
+std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& voci, Uscite uscite) {
     std::vector<std::string> avvisi;
     AvvisaLf(s, s.File1Leggi.Scelto(), avvisi);
     if (uscite == Uscite::Nessuna) return avvisi;
 
     const std::string lavoro = s.File.Trova(s.Dir1Path + "\\Appoggio").Percorso + "/";
     std::unordered_map<std::string, Lungo> scrittore;
-    for (const Lungo i : righe) {
-        const Testo& riga = s.File1.List(i);
+    for (const Lungo i : voci) {
+        const Testo& voce = s.File1.List(i);
         try {
-            if (s.File.Dir(s.Dir1Path + "\\" + riga, 0).empty()) {
-                avvisi.push_back(Tra(riga) + " manca: il progetto lo nomina, ma il file non c'è.");
+            if (s.File.Dir(s.Dir1Path + "\\" + voce, 0).empty()) {
+                avvisi.push_back(Tra(voce) + " manca: il progetto lo nomina, ma il file non c'è.");
                 continue;
             }
-            AvvisaLf(s, riga, avvisi);
-            if (Len(riga) < 4) continue;
+            AvvisaLf(s, voce, avvisi);
+            if (Len(voce) < 4) continue;
             bool detto = false;
-            for (const Testo& nome : NomiScritti(s, riga, uscite)) {
+            for (const Testo& nome : NomiScritti(s, voce, uscite)) {
                 const std::string file = Destinazione(s, nome, uscite);
                 if (!detto && file.compare(0, lavoro.size(), lavoro) != 0) {
-                    avvisi.push_back(Tra(riga) + " esce da Appoggio: si scrive in " + file + ".");
+                    avvisi.push_back(Tra(voce) + " esce da Appoggio: si scrive in " + file + ".");
                     detto = true;
                 }
                 const auto [altro, nuovo] = scrittore.try_emplace(file, i);
                 if (nuovo || altro->second == i || detto) continue;
-                avvisi.push_back(Tra(s.File1.List(altro->second)) + " e " + Tra(riga) +
+                avvisi.push_back(Tra(s.File1.List(altro->second)) + " e " + Tra(voce) +
                                  " scrivono lo stesso file, " + file + ": resta il secondo.");
                 detto = true;
             }
         } catch (const Errore&) {
-            // A row that no path can be made of: the engine says so.
+            // No path can be made of this row; the engine reports it.
         }
     }
     return avvisi;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cli/avvisi.h
 //
-// Warnings about a project. They change nothing; they say what a person would want to know
-// before trusting the result.
+// Warnings about a project: what a person would want to know before trusting the result. They change
+// nothing.
 #pragma once
 
 #include <string>
@@ -16,15 +16,18 @@ namespace morvella::cli {
 /// False for a file that cannot be read.
 bool FiniRigaLf(Stato& s, Vista percorso);
 
+/// Whether a path ends like a file of a project: .vbp, .frm, .bas, .cls and the like, in any case.
+bool HaNomeDiSorgente(Vista percorso);
+
 /// Which outputs a command writes for its rows.
 enum class Uscite { Nessuna, Testi, Strutture, Pagine };
 
-/// The sentences of Avvisi about LF line ends alone: such a file is read as one line, so nothing in it
-/// was examined.
-std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& righe);
+/// The warnings of Avvisi about LF line ends alone. Such a file is read as one line, so nothing in it was
+/// examined.
+std::vector<std::string> AvvisiLf(Stato& s, const std::vector<Lungo>& voci);
 
-/// UTF-8 sentences about the chosen project file and, for the given rows, about missing
-/// files, LF line ends, outputs beside the work directory and outputs of two rows in one file.
-std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& righe, Uscite uscite);
+/// Warnings in UTF-8 about the chosen project file and, for these rows, about missing files, LF line ends,
+/// outputs outside the work directory and two rows that write the same file.
+std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& voci, Uscite uscite);
 
 } // namespace morvella::cli

@@ -7,13 +7,13 @@
 #include <string>
 
 #include "cli/opzioni.h"
-#include "listing/decodifica.h"
+#include "text/codifica.h"
 
 namespace morvella::cli {
 
 namespace {
 
-// A box's text on a terminal: its lines, each on one.
+// The text of a message box as a terminal shows it, one line each.
 std::string TestoDiBox(const Stato& s, Vista testo) {
     std::string utf8 = s.File.Utf8DiTesto(testo);
     std::replace(utf8.begin(), utf8.end(), '\r', '\n');
@@ -67,7 +67,7 @@ void FinestraTesto::RidisegnaLabel2() { Disegna(); }
 
 void FinestraTesto::RidisegnaBarra(const Barra&) { Disegna(); }
 
-// One line: how much of the run is done, and the file in work. At most twenty a second.
+// One line with the share of the run that is done and the file in work, at most twenty times a second.
 void FinestraTesto::Disegna() {
     if (!ambiente_.ErroriTerminale || Silenzioso || !S || !S->Progress.Visible) return;
     const auto adesso = std::chrono::steady_clock::now();
@@ -113,17 +113,17 @@ void FinestraTesto::ErroreSaltato(const Errore& causa) {
     Avvenuto.Errori.push_back({"ScriviDir", causa, false, {}, 0});
 }
 
-void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo riga) {
-    Avvenuto.Errori.push_back({Testo(operazione), causa, true, TestoDiVoce(riga), 0});
+void FinestraTesto::ErroreFinale(Vista operazione, const Errore& causa, Lungo voce) {
+    Avvenuto.Errori.push_back({Testo(operazione), causa, true, TestoDiVoce(voce), 0});
 }
 
-Testo FinestraTesto::TestoDiVoce(Lungo riga) const {
-    return S && riga >= 0 && riga < S->File1.ListCount() ? S->File1.List(riga) : Testo();
+Testo FinestraTesto::TestoDiVoce(Lungo voce) const {
+    return S && voce >= 0 && voce < S->File1.ListCount() ? S->File1.List(voce) : Testo();
 }
 
-void FinestraTesto::FileScritto(Lungo riga, Vista percorso, Lungo righe) {
-    const auto [posto, nuovo] = posti_.try_emplace({S ? S->File1.Versione() : 0, riga}, Prodotti.size());
-    if (nuovo) Prodotti.push_back({TestoDiVoce(riga), {}, 0});
+void FinestraTesto::FileScritto(Lungo voce, Vista percorso, Lungo righe) {
+    const auto [posto, nuovo] = posti_.try_emplace({S ? S->File1.Versione() : 0, voce}, Prodotti.size());
+    if (nuovo) Prodotti.push_back({TestoDiVoce(voce), {}, 0});
     Prodotto& prodotto = Prodotti[posto->second];
     const Testo file(percorso);
     if (std::find(prodotto.File.begin(), prodotto.File.end(), file) == prodotto.File.end())

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cli/finestra_testo.h
 //
-// The home without a window: a question is asked on the terminal or answered beforehand, the
-// bars become one line on standard error, and what the window keeps silent about is told.
+// The front end without a window. Questions are asked on the terminal or answered beforehand, the bars
+// become one line on standard error, and what the window keeps silent about is told.
 #pragma once
 
 #include <chrono>
@@ -35,37 +35,37 @@ class FinestraTesto : public Finestra {
     void PortaFuocoSuText1() override {}
     void MotoreFermato(const Arresto& arresto) override;
     void ErroreSaltato(const Errore& causa) override;
-    void FileScritto(Lungo riga, Vista percorso, Lungo righe) override;
+    void FileScritto(Lungo voce, Vista percorso, Lungo righe) override;
     bool SegueMargine() const override { return Sorveglia; }
     void MargineMosso(const PassoMargine& passo) override { Trovato.Osserva(passo, TestoDiVoce(passo.Voce)); }
 
-    /// An error that nobody trapped.
-    void ErroreFinale(Vista operazione, const Errore& causa, Lungo riga);
-    /// Takes the progress line away.
+    /// Records an error that nobody trapped, at this row of File1 (-1: none).
+    void ErroreFinale(Vista operazione, const Errore& causa, Lungo voce);
+    /// Erases the progress line.
     void TogliProgresso();
     /// Writes UTF-8 to standard error in the terminal's encoding, on a line of its own.
     void Di(const std::string& utf8);
 
     Stato* S = nullptr; // whose bars are shown and whose paths are opened
-    /// The answer to questions; without one a person is asked, and where nobody can be asked it
-    /// is No, which is said.
+    /// The answer to questions. Without one a person is asked; where nobody can be asked the answer is
+    /// No, and that is told.
     std::optional<bool> Risposta;
     std::optional<bool> RispostaIndice; // the same for the question that ends the documentation
     bool SenzaProcessi = false;
     bool Silenzioso = false;
-    bool Sorveglia = false; // keep findings about the sources
+    bool Sorveglia = false; // collect findings about the sources
 
     Cronaca Avvenuto;
-    std::map<Testo, Arresto> Fermi; // the engines' ends by engine, until taken away
+    std::map<Testo, Arresto> Fermi; // what ended each engine, until taken out
     Sorvegliante Trovato;
-    std::vector<Prodotto> Prodotti; // in the order in which they came
+    std::vector<Prodotto> Prodotti; // in order of their first file
 
   private:
-    Testo TestoDiVoce(Lungo riga) const;
+    Testo TestoDiVoce(Lungo voce) const;
     void Disegna();
 
     Ambiente& ambiente_;
-    std::map<std::pair<Lungo, Lungo>, std::size_t> posti_; // of Prodotti, by list of rows and row
+    std::map<std::pair<Lungo, Lungo>, std::size_t> posti_; // into Prodotti, by version of the list and row
     std::string disegnato_;
     std::chrono::steady_clock::time_point quando_{};
 };

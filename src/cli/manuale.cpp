@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Makes the manual page: puts the version and the program's own tables of commands and options
-// into manual/morvella-cli.1.in, so that the page cannot fall behind the program.
+// Makes the manual page: puts the version and the program's own tables of commands, options and
+// events into manual/morvella-cli.1.in. So the page always says what the program does.
 //
 //     genera-manuale morvella-cli.1.in morvella-cli.1
 #include <cstdio>
@@ -9,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "cli/eventi.h"
 #include "cli/opzioni.h"
 
 #ifndef MORVELLA_VERSIONE
@@ -41,13 +42,13 @@ std::string PaginaComandi() {
     std::string pagina;
     for (const Comando& c : Comandi()) {
         pagina += ".TP\n" + Grassetto(c.Nome);
-        if (*c.Righe) pagina += " " + Corsivo(c.Righe);
+        if (*c.Argomenti) pagina += " " + Corsivo(c.Argomenti);
         pagina += "\n" + PerRoff(c.Aiuto) + "\n";
     }
     return pagina;
 }
 
-// The commands that an option goes with, told by the shorter list; "" when it goes with all.
+// The commands where an option has an effect, told by the shorter list; "" when it has one everywhere.
 std::string ValePer(const Opzione& opzione) {
     std::string con;
     std::string senza;
@@ -68,12 +69,21 @@ std::string PaginaOpzioni() {
         pagina += ".TP\n";
         if (o.Corta) pagina += Grassetto(std::string("-") + o.Corta) + ", ";
         pagina += Grassetto(std::string("--") + o.Lunga);
-        if (o.Argomento) { // "[si|no]" is a value that can be left out, with its "="
+        if (o.Argomento) { // "[si|no]" is an optional value, after "=" only
             const bool libero = o.Argomento[0] == '[';
             pagina += (libero ? "[=" : "=") + Corsivo(o.Argomento + (libero ? 1 : 0));
         }
         pagina += "\n" + PerRoff(o.Aiuto) + "\n" + ValePer(o);
     }
+    return pagina;
+}
+
+// The names of the events with commas between them; what wants a value ends in "=".
+std::string PaginaEventi() {
+    std::string pagina;
+    const std::vector<std::string> nomi = NomiEventi();
+    for (const std::string& nome : nomi)
+        pagina += ".BR " + PerRoff(nome) + (&nome == &nomi.back() ? "" : " ,") + "\n";
     return pagina;
 }
 
@@ -88,21 +98,23 @@ int Genera(const char* modello, const char* uscita) {
     std::ifstream ingresso(modello, std::ios::binary);
     std::string pagina((std::istreambuf_iterator<char>(ingresso)), {});
     if (!ingresso) {
-        std::cerr << "genera-manuale: " << modello << ": non si legge\n";
+        std::cerr << "genera-manuale: " << modello << ": cannot be read\n";
         return 1;
     }
-    // A page without one of the three would be a page without its commands: better none.
+    // Without one of them the page would lack its commands: better no page.
     if (!Sostituisci(pagina, "@VERSIONE@", MORVELLA_VERSIONE) ||
         !Sostituisci(pagina, "@COMANDI@\n", PaginaComandi()) ||
-        !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni())) {
-        std::cerr << "genera-manuale: " << modello << ": manca @VERSIONE@, @COMANDI@ o @OPZIONI@\n";
+        !Sostituisci(pagina, "@OPZIONI@\n", PaginaOpzioni()) ||
+        !Sostituisci(pagina, "@EVENTI@\n", PaginaEventi())) {
+        std::cerr << "genera-manuale: " << modello
+                  << ": @VERSIONE@, @COMANDI@, @OPZIONI@ or @EVENTI@ is missing\n";
         return 1;
     }
     std::ofstream file(uscita, std::ios::binary);
     file << pagina;
     file.close();
     if (!file) {
-        std::cerr << "genera-manuale: " << uscita << ": non si scrive\n";
+        std::cerr << "genera-manuale: " << uscita << ": cannot be written\n";
         std::remove(uscita);
         return 1;
     }
@@ -115,6 +127,6 @@ int Genera(const char* modello, const char* uscita) {
 
 int main(int argc, char** argv) {
     if (argc == 3) return morvella::cli::Genera(argv[1], argv[2]);
-    std::cerr << "uso: genera-manuale MODELLO USCITA\n";
+    std::cerr << "usage: genera-manuale TEMPLATE OUTPUT\n";
     return 2;
 }

@@ -3,6 +3,8 @@
 
 #include <ostream>
 
+#include "cli/avvisi.h"
+#include "cli/consiglio.h"
 #include "cli/programma.h"
 #include "listing/decodifica.h"
 
@@ -10,7 +12,10 @@ namespace morvella::cli {
 
 namespace {
 
-// Two colours that differ for the colour-blind too: blue for conditions, yellow for loops.
+constexpr const char* DoveStanno =
+    "Le strutture stanno in Appoggio, nella directory del progetto: sono i file .log.";
+
+// Two colours that the colour-blind can tell apart: blue for conditions, yellow for loops.
 const char* Colore(Tratto::Genere che) {
     switch (che) {
     case Tratto::Numero: return "\x1b[2m";
@@ -24,20 +29,75 @@ const char* Colore(Tratto::Genere che) {
     return "";
 }
 
-// Whether a listing came out of a version control system with its line ends changed: none is written
-// without a CR LF in its first lines.
-bool SoloLf(Ambiente& ambiente, const std::string& file) {
+// What a file's bytes say of it, before anything of it is shown.
+struct Aspetto {
+    bool SoloLf = false;    // lines end in LF alone, as version control may give them
+    bool Struttura = false; // the listing engine can have written it
+};
+
+// Finds the first line that begins with a listing's number, "000001     ", however the text before it
+// is cut into blocks.
+class CercaNumero {
+  public:
+    bool Trova(Vista bytes) {
+        for (const char c : bytes) {
+            if (c == '\n')
+                posto_ = 0;
+            else if (posto_ < Campo && Va(c))
+                ++posto_;
+            else
+                posto_ = Campo + 1; // not this line
+            if (posto_ == Campo) return true;
+        }
+        return false;
+    }
+
+  private:
+    static constexpr std::size_t Campo = 11;
+    bool Va(char c) const { return posto_ < 6 ? c >= '0' && c <= '9' : c == ' '; }
+    std::size_t posto_ = 0; // in the line
+};
+
+// A listing has numbered lines, from a small number on however long it is. Without one it is empty, or
+// holds nothing but the user's own header text, which can be any text: there the name has to tell.
+Aspetto Guarda(Ambiente& ambiente, const std::string& file) {
     const auto aperto = ambiente.Macchina.ApriLettura(file);
     std::string blocco(std::size_t{64} * 1024, '\0');
-    blocco.resize(aperto->Leggi(blocco.data(), blocco.size()));
-    return blocco.find('\n') != std::string::npos && blocco.find("\r\n") == std::string::npos;
+    Aspetto aspetto;
+    CercaNumero numero;
+    bool vuoto = true;
+    bool testo = true;
+    while (const std::size_t letti = aperto->Leggi(blocco.data(), blocco.size())) {
+        const Vista bytes(blocco.data(), letti);
+        // No listing is written without a CR LF in its first lines.
+        if (vuoto) aspetto.SoloLf = bytes.find('\n') != Vista::npos && bytes.find("\r\n") == Vista::npos;
+        vuoto = false;
+        testo = testo && bytes.find('\0') == Vista::npos;
+        aspetto.Struttura = numero.Trova(bytes);
+        if (aspetto.Struttura) break;
+    }
+    if (!aspetto.Struttura) aspetto.Struttura = vuoto || (testo && LCase(Right(file, 4)) == ".log");
+    if (HaNomeDiSorgente(file)) aspetto.Struttura = false; // code may have line numbers of its own
+    return aspetto;
+}
+
+// What to show instead of a file that is no listing.
+std::string Invece(const std::string& file) {
+    const Testo fine = LCase(Right(file, 4));
+    if (fine == ".vbp")
+        return "È un progetto: «morvella-cli struttura " + PerShell(file) +
+               "» scrive in Appoggio le strutture dei suoi moduli.";
+    if (fine != ".frm" && fine != ".bas" && fine != ".cls") return DoveStanno;
+    const std::string nome = file.substr(file.find_last_of("/\\") + 1);
+    return "È un sorgente: la sua struttura è Appoggio/" + nome.substr(0, nome.size() - 4) +
+           ".log, e la scrive «morvella-cli struttura PROGETTO.vbp».";
 }
 
 const char* Consiglio(int numero) {
     switch (numero) {
     case ErrFileAssente:
-    case ErrPercorso: return "\n  Le strutture stanno in Appoggio, nella directory del progetto.";
-    case ErrAccesso: return "\n  Controllare i permessi, e che non sia una directory.";
+    case ErrPercorso: return DoveStanno;
+    case ErrAccesso: return "Controllare i permessi, e che non sia una directory.";
     default: return "";
     }
 }
@@ -46,12 +106,18 @@ const char* Consiglio(int numero) {
 
 int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
     const bool colori = ambiente.UscitaTerminale && !ambiente.SenzaColori && !richiesta.SenzaColori;
-    std::unique_ptr<Impaginatore> pagine;
-    if (ambiente.UscitaTerminale && !richiesta.SenzaPager && ambiente.Impagina) pagine = ambiente.Impagina();
+    const bool impagina = ambiente.UscitaTerminale && !richiesta.SenzaPager && ambiente.Impagina;
+    std::unique_ptr<Impaginatore> pagine; // started when there is something to show
     const auto scrivi = [&](const std::string& utf8) {
+        if (utf8.empty()) return true;
+        if (impagina && !pagine) pagine = ambiente.Impagina();
         if (pagine) return pagine->Scrivi(ambiente.Codifica(utf8));
         ambiente.Uscita << ambiente.Codifica(utf8);
         return ambiente.Uscita.good();
+    };
+    const auto rifiuta = [&](const std::string& frase, const std::string& consiglio) {
+        const std::string detto = "morvella-cli: " + frase + (consiglio.empty() ? "" : "\n  ") + consiglio;
+        ambiente.Errori << ambiente.Codifica(MostrabileUtf8(detto, true)) << '\n';
     };
 
     int stato = Fatto;
@@ -62,7 +128,13 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
     for (const std::string& file : richiesta.Resto) {
         try {
             const std::string percorso = ambiente.Macchina.Assoluto(file);
-            canali.FineRigaLf = SoloLf(ambiente, percorso);
+            const Aspetto aspetto = Guarda(ambiente, percorso);
+            if (!aspetto.Struttura) {
+                rifiuta(file + " non è una struttura", Invece(file));
+                stato = Fermato;
+                continue;
+            }
+            canali.FineRigaLf = aspetto.SoloLf;
             canali.OpenInput(1, Archivio::TestoDiPercorso(percorso));
             if (richiesta.Resto.size() > 1) testo += "==> " + file + " <==\n";
             while (!canali.Eof(1)) {
@@ -79,10 +151,8 @@ int Mostra(const Richiesta& richiesta, Ambiente& ambiente) {
             }
             canali.Close(1);
         } catch (const Errore& e) {
-            ambiente.Errori << ambiente.Codifica("morvella-cli: " + file + ": errore " +
-                                                 std::to_string(e.Numero) + ", " +
-                                                 Utf8Da1252(Descrizione(e.Numero)) + Consiglio(e.Numero))
-                            << '\n';
+            rifiuta(file + ": errore " + std::to_string(e.Numero) + ", " + Utf8Da1252(Descrizione(e.Numero)),
+                    Consiglio(e.Numero));
             canali.Close(1);
             stato = Fermato;
         }

@@ -9,8 +9,8 @@
 
 namespace morvella::cli {
 
-/// The command "mostra": the files named in the request, to standard output or a pager. Gives
-/// the exit status; a file that cannot be read is told, and the others are shown.
+/// The command "mostra": prints the files that the request names, to standard output or a pager. A file
+/// that cannot be read, or is no listing, is told and passed over. Gives the exit status.
 int Mostra(const Richiesta& richiesta, Ambiente& ambiente);
 
 } // namespace morvella::cli

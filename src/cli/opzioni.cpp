@@ -2,7 +2,10 @@
 #include "cli/opzioni.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "cli/consiglio.h"
+#include "cli/vicino.h"
 #include "text/codifica.h"
 #include "text/testo.h"
 
@@ -10,12 +13,15 @@ namespace morvella::cli {
 
 namespace {
 
-// A value of "[si|no]", or none: that is a yes.
+// The value of a "[si|no]" option; a missing one is a yes.
 bool SiNo(const std::string& valore) { return valore.empty() || DiceSi(valore); }
 
 // clang-format off
 constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Documenta;
 constexpr unsigned DiProgetto = Lavorano | Legge | Elenca | Eventi;
+constexpr unsigned Riscrivono = Esegue | Riordina | Struttura | Legge | Eventi; // leggi rewrites a missing structure
+constexpr unsigned Chiedono = Esegue | Eventi;
+constexpr unsigned Avviano = Esegue | Documenta | Legge | Eventi | Guida;
 constexpr unsigned Tutti = ~0U;
 
 constexpr Comando TabellaComandi[] = {
@@ -42,63 +48,179 @@ constexpr Comando TabellaComandi[] = {
 };
 
 constexpr Opzione TabellaOpzioni[] = {
-    {'s', "si",                     nullptr, DiProgetto, "Risponde Sì alla domanda.",
+    {'s', "si",                     nullptr, Chiedono, DiProgetto, "Risponde Sì alla domanda.",
      [](Richiesta& r, const std::string&) { r.Risposta = true; }},
-    {'n', "no",                     nullptr, DiProgetto, "Risponde No alla domanda.",
+    {'n', "no",                     nullptr, Chiedono | Documenta, DiProgetto, "Risponde No alla domanda.",
      [](Richiesta& r, const std::string&) { r.Risposta = false; }},
-    {'c', "senza-conferma",         "[si|no]", DiProgetto | Conserva, "Non fa la domanda.",
+    {'c', "senza-conferma",         "[si|no]", Chiedono | Conserva, DiProgetto, "Non fa la domanda.",
      [](Richiesta& r, const std::string& v) { r.SenzaConferma = SiNo(v); }},
-    {'t', "togli-commenti",         "[si|no]", DiProgetto | Conserva, "Toglie le righe di commento.",
+    {'t', "togli-commenti",         "[si|no]", Riscrivono | Conserva, 0, "Toglie le righe di commento.",
      [](Richiesta& r, const std::string& v) { r.TogliCommenti = SiNo(v); }},
-    {'i', "intestazione-procedure", "[si|no]", DiProgetto | Conserva, "Scrive l'intestazione in form e classi.",
+    {'i', "intestazione-procedure", "[si|no]", Riscrivono | Conserva, 0, "Scrive l'intestazione in form e classi.",
      [](Richiesta& r, const std::string& v) { r.IntestazioneProcedure = SiNo(v); }},
-    {0,   "testo-intestazione",     "FILE",  DiProgetto | Conserva, "Il testo dell'intestazione.",
+    {0,   "testo-intestazione",     "FILE",  Riscrivono | Conserva, 0, "Il testo dell'intestazione.",
      [](Richiesta& r, const std::string& v) { r.TestoIntestazione = v; }},
-    {0,   "lf",                     nullptr, DiProgetto, "Anche il solo LF chiude una riga letta.",
+    {0,   "lf",                     nullptr, DiProgetto, 0, "Anche il solo LF chiude una riga letta.",
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
-    {'k', "prosegui",               nullptr, Lavorano,   "Dopo un errore passa alle altre righe.",
+    {'k', "prosegui",               nullptr, Lavorano, 0, "Dopo un errore passa alle altre righe.",
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
-    {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, "Dice i blocchi aperti (uscita 4).",
+    {0,   "controlla",              nullptr, Esegue | Struttura | Eventi, 0, "Dice i blocchi aperti (uscita 4).",
      [](Richiesta& r, const std::string&) { r.Controlla = true; }},
-    {0,   "html",                   nullptr, Esegue,     "Scrive poi anche le pagine HTML.",
+    {0,   "html",                   nullptr, Esegue, 0, "Scrive poi anche le pagine HTML.",
      [](Richiesta& r, const std::string&) { r.Html = true; }},
-    {0,   "apri",                   nullptr, Esegue | Documenta | Eventi, "Apre l'indice delle pagine.",
+    {0,   "apri",                   nullptr, Esegue | Documenta | Eventi, 0, "Apre l'indice delle pagine.",
      [](Richiesta& r, const std::string&) { r.Apri = true; }},
-    {0,   "sottocartelle",          nullptr, Esegue | Documenta, "Pagine anche nelle sottocartelle.",
+    {0,   "sottocartelle",          nullptr, Esegue | Documenta, 0, "Pagine anche nelle sottocartelle.",
      [](Richiesta& r, const std::string&) { r.Sottocartelle = true; }},
-    {0,   "ini",                    nullptr, Eventi,     "Prima carica Default.ini.",
+    {0,   "ini",                    nullptr, Eventi, 0, "Prima carica Default.ini.",
      [](Richiesta& r, const std::string&) { r.Ini = true; }},
-    {0,   "ripristina",             nullptr, Conserva,   "Rimette le opzioni iniziali.",
+    {0,   "ripristina",             nullptr, Conserva, 0, "Rimette le opzioni iniziali.",
      [](Richiesta& r, const std::string&) { r.Ripristina = true; }},
-    {'r', "rapporto",               "FILE",  DiProgetto, "Rapporto JSON (- per l'uscita standard).",
+    {'r', "rapporto",               "FILE",  DiProgetto, 0, "Rapporto JSON (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Rapporto = v; }},
-    {'p', "programma",              "DIR",   DiProgetto | Conserva | Guida, "La directory del programma.",
+    {'p', "programma",              "DIR",   (DiProgetto & ~Elenca) | Conserva | Guida, Elenca, "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},
-    {0,   "senza-processi",         nullptr, DiProgetto | Guida, "Non avvia altri programmi.",
+    {0,   "senza-processi",         nullptr, Avviano, DiProgetto, "Non avvia altri programmi.",
      [](Richiesta& r, const std::string&) { r.SenzaProcessi = true; }},
-    {0,   "senza-pager",            nullptr, MostraQui,  "Senza impaginatore.",
+    {0,   "senza-pager",            nullptr, MostraQui, 0, "Senza impaginatore.",
      [](Richiesta& r, const std::string&) { r.SenzaPager = true; }},
-    {0,   "senza-colori",           nullptr, MostraQui,  "Senza colori (come con NO_COLOR).",
+    {0,   "senza-colori",           nullptr, MostraQui, 0, "Senza colori (come con NO_COLOR).",
      [](Richiesta& r, const std::string&) { r.SenzaColori = true; }},
-    {'q', "silenzioso",             nullptr, DiProgetto | Guida, "Dice soltanto errori e rilievi.",
+    {'q', "silenzioso",             nullptr, DiProgetto | Guida, 0, "Dice soltanto errori e rilievi.",
      [](Richiesta& r, const std::string&) { r.Silenzioso = true; }},
-    {'h', "aiuto",                  nullptr, Tutti,      "Mostra questo testo.",
+    {'h', "aiuto",                  nullptr, Tutti, 0, "Mostra questo testo.",
      [](Richiesta& r, const std::string&) { r.Aiuto = true; }},
-    {'V', "versione",               nullptr, Tutti,      "Mostra la versione.",
+    {'V', "versione",               nullptr, Tutti, 0, "Mostra la versione.",
      [](Richiesta& r, const std::string&) { r.Versione = true; }},
 };
 // clang-format on
 
-// A word as it is compared: without blanks around it and in lower case, accents too.
+// A word as it is compared: trimmed and in lower case, accents too.
 Testo Piegata(std::string parola) {
     std::erase(parola, '\r');
     return LCase(Trim(Bytes1252DaUtf8(parola).value_or(parola)));
 }
 
-const Opzione& Trova(const std::string& scritta, bool lunga) {
+// Names that other programs use.
+constexpr std::pair<const char*, const char*> Sinonimi[] = {{"help", "aiuto"}, {"version", "versione"}};
+
+const Opzione& TrovaLunga(const std::string& scritta) {
+    std::string cercata = scritta;
+    for (const auto& [altro, nome] : Sinonimi)
+        if (scritta == altro) cercata = nome;
+    std::vector<std::string> nomi;
+    for (const Opzione& opzione : TabellaOpzioni) {
+        if (cercata == opzione.Lunga) return opzione;
+        nomi.emplace_back(opzione.Lunga);
+    }
+    const std::string vicina = PiuVicino(scritta, nomi);
+    throw UsoErrato{"opzione sconosciuta: --" + scritta +
+                    (vicina.empty() ? "" : " (forse «--" + vicina + "»?)")};
+}
+
+const Opzione& TrovaCorta(char scritta) {
     for (const Opzione& opzione : TabellaOpzioni)
-        if (lunga ? scritta == opzione.Lunga : scritta[0] == opzione.Corta) return opzione;
-    throw UsoErrato{"opzione sconosciuta: " + std::string(lunga ? "--" : "-") + scritta};
+        if (scritta == opzione.Corta) return opzione;
+    throw UsoErrato{std::string("opzione sconosciuta: -") + scritta};
+}
+
+const Comando& TrovaComando(const std::string& scritto) {
+    std::vector<std::string> nomi;
+    for (const Comando& comando : TabellaComandi) {
+        if (scritto == comando.Nome) return comando;
+        nomi.emplace_back(comando.Nome);
+    }
+    if (LCase(Right(scritto, 4)) == ".vbp")
+        throw UsoErrato{"manca il comando, per esempio: morvella-cli esegui " + PerShell(scritto)};
+    throw UsoErrato{"comando sconosciuto: " + scritto + Forse(scritto, nomi)};
+}
+
+// Takes the arguments apart: options go into the request, the others are kept in order.
+class Lettura {
+  public:
+    Lettura(const std::vector<std::string>& argomenti, Richiesta& richiesta)
+        : argomenti_(argomenti), richiesta_(richiesta) {
+        bool soloLiberi = false;
+        for (; i_ < argomenti.size(); ++i_) {
+            const std::string& a = argomenti[i_];
+            if (soloLiberi || a.size() < 2 || a[0] != '-')
+                liberi_.push_back(a);
+            else if (a == "--")
+                soloLiberi = true;
+            else if (a[1] == '-')
+                LeggiLunga(a);
+            else
+                LeggiCorte(a);
+        }
+    }
+    const std::vector<std::string>& Liberi() const { return liberi_; }
+    const std::vector<const Opzione*>& Usate() const { return usate_; }
+
+  private:
+    void LeggiLunga(const std::string& a) { // "--name" or "--name=value"
+        const std::size_t uguale = a.find('=');
+        const std::string nome = a.substr(0, uguale);
+        Applica(TrovaLunga(nome.substr(2)), nome,
+                uguale == std::string::npos ? std::nullopt : std::optional(a.substr(uguale + 1)));
+    }
+
+    void LeggiCorte(const std::string& a) { // "-abc", "-rFILE", "-t=no"
+        for (std::size_t c = 1; c < a.size(); ++c) {
+            const Opzione& opzione = TrovaCorta(a[c]);
+            const bool vuole = opzione.Argomento && opzione.Argomento[0] != '[';
+            std::optional<std::string> attaccato;
+            if (vuole && c + 1 < a.size()) attaccato = a.substr(c + 1);
+            if (opzione.Argomento && !vuole && a.compare(c + 1, 1, "=") == 0) attaccato = a.substr(c + 2);
+            Applica(opzione, a.substr(0, 1) + a[c], attaccato);
+            if (vuole || attaccato) break;
+        }
+    }
+
+    void Applica(const Opzione& opzione, const std::string& scritta, std::optional<std::string> valore) {
+        if (!opzione.Argomento) {
+            if (valore) throw UsoErrato{"l'opzione " + scritta + " non vuole un valore"};
+        } else if (!valore && opzione.Argomento[0] != '[') {
+            if (i_ + 1 == argomenti_.size())
+                throw UsoErrato{"all'opzione " + scritta + " manca il valore " + opzione.Argomento};
+            valore = argomenti_[++i_];
+        }
+        if (opzione.Argomento && valore && valore->empty())
+            throw UsoErrato{"il valore dell'opzione " + scritta + " è vuoto"};
+        if (valore && opzione.Argomento[0] == '[' && !DiceSi(*valore) && !DiceNo(*valore))
+            throw UsoErrato{"il valore dell'opzione " + scritta + " può essere si o no, non «" + *valore +
+                            "»"};
+        opzione.Applica(richiesta_, valore.value_or(""));
+        usate_.push_back(&opzione);
+    }
+
+    const std::vector<std::string>& argomenti_;
+    Richiesta& richiesta_;
+    std::size_t i_ = 0;
+    std::vector<std::string> liberi_;
+    std::vector<const Opzione*> usate_;
+};
+
+// The arguments of "mostra".
+void DividiFile(const std::vector<std::string>& liberi, Richiesta& richiesta) {
+    if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
+    richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
+}
+
+// The arguments of a command that wants a project.
+void DividiProgetto(const Comando& comando, const std::vector<std::string>& liberi, Richiesta& richiesta) {
+    if (liberi.size() < 2)
+        throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
+    richiesta.Progetto = liberi[1];
+    richiesta.Resto.assign(liberi.begin() + 2, liberi.end());
+    if (LCase(Right(richiesta.Progetto, 4)) != ".vbp")
+        throw UsoErrato{"«" + richiesta.Progetto + "» non è un file di progetto: ci vuole un PROGETTO.vbp"};
+    if (!richiesta.Resto.empty() && comando.Chi == Elenca)
+        throw UsoErrato{"il comando elenca non vuole altro: " + richiesta.Resto[0]};
+    if (!richiesta.Resto.empty() && comando.Chi == Esegue)
+        throw UsoErrato{"il comando esegui vale per tutto un progetto; per alcune righe: morvella-cli "
+                        "riordina PROGETTO.vbp RIGA..."};
+    if (richiesta.Resto.empty() && comando.Chi == Eventi)
+        throw UsoErrato{"manca l'evento, per esempio: morvella-cli eventi PROGETTO.vbp File1Leggi_Click"};
 }
 
 // Width on a terminal: characters, not bytes.
@@ -130,106 +252,45 @@ std::span<const Opzione> Opzioni() { return TabellaOpzioni; }
 
 Richiesta Analizza(const std::vector<std::string>& argomenti) {
     Richiesta richiesta;
-    std::vector<std::string> liberi;
-    std::vector<const Opzione*> usate;
-    std::size_t i = 0;
-    const auto applica = [&](const Opzione& opzione, const std::string& scritta,
-                             std::optional<std::string> valore) {
-        if (!opzione.Argomento) {
-            if (valore) throw UsoErrato{"l'opzione " + scritta + " non vuole un valore"};
-        } else if (!valore && opzione.Argomento[0] != '[') {
-            if (i + 1 == argomenti.size())
-                throw UsoErrato{"all'opzione " + scritta + " manca il valore " + opzione.Argomento};
-            valore = argomenti[++i];
-        }
-        if (opzione.Argomento && valore && valore->empty())
-            throw UsoErrato{"il valore dell'opzione " + scritta + " è vuoto"};
-        if (valore && opzione.Argomento[0] == '[' && !DiceSi(*valore) && !DiceNo(*valore))
-            throw UsoErrato{"il valore dell'opzione " + scritta + " può essere si o no, non «" + *valore +
-                            "»"};
-        opzione.Applica(richiesta, valore.value_or(""));
-        usate.push_back(&opzione);
-    };
-    bool soloLiberi = false;
-    for (; i < argomenti.size(); ++i) {
-        const std::string& a = argomenti[i];
-        if (soloLiberi || a.size() < 2 || a[0] != '-') {
-            liberi.push_back(a);
-        } else if (a == "--") {
-            soloLiberi = true;
-        } else if (a[1] == '-') {
-            const std::size_t uguale = a.find('=');
-            const std::string nome = a.substr(0, uguale);
-            applica(Trova(nome.substr(2), true), nome,
-                    uguale == std::string::npos ? std::nullopt : std::optional(a.substr(uguale + 1)));
-        } else {
-            for (std::size_t c = 1; c < a.size(); ++c) {
-                const Opzione& opzione = Trova(a.substr(c, 1), false);
-                const bool vuole = opzione.Argomento && opzione.Argomento[0] != '[';
-                std::optional<std::string> attaccato;
-                if (vuole && c + 1 < a.size()) attaccato = a.substr(c + 1);
-                if (opzione.Argomento && !vuole && a.compare(c + 1, 1, "=") == 0) attaccato = a.substr(c + 2);
-                applica(opzione, a.substr(0, 1) + a[c], attaccato);
-                if (vuole || attaccato) break;
-            }
-        }
-    }
+    Lettura lettura(argomenti, richiesta);
+    const std::vector<std::string>& liberi = lettura.Liberi();
     if (!liberi.empty()) richiesta.Comando = liberi[0];
     if (richiesta.Versione || (richiesta.Aiuto && liberi.empty())) return richiesta;
     if (liberi.empty()) throw UsoErrato{"manca il comando"};
-    const auto* comando = std::find_if(std::begin(TabellaComandi), std::end(TabellaComandi),
-                                       [&](const Comando& c) { return richiesta.Comando == c.Nome; });
-    if (comando == std::end(TabellaComandi)) throw UsoErrato{"comando sconosciuto: " + richiesta.Comando};
+    const Comando& comando = TrovaComando(richiesta.Comando);
     if (richiesta.Aiuto) return richiesta;
-    for (const Opzione* opzione : usate)
-        if ((opzione->Per & comando->Chi) == 0)
+    for (const Opzione* opzione : lettura.Usate())
+        if (((opzione->Per | opzione->Innocua) & comando.Chi) == 0)
             throw UsoErrato{"l'opzione --" + std::string(opzione->Lunga) + " non riguarda il comando " +
                             richiesta.Comando};
-    if (comando->Chi == Esegue && !richiesta.Html && (richiesta.Apri || richiesta.Sottocartelle))
+    if (comando.Chi == Esegue && !richiesta.Html && (richiesta.Apri || richiesta.Sottocartelle))
         throw UsoErrato{"--apri e --sottocartelle riguardano le pagine: con esegui ci vuole anche --html"};
-    if (comando->Chi == MostraQui) {
-        if (liberi.size() < 2) throw UsoErrato{"manca il file: morvella-cli mostra Appoggio/Modulo.log"};
-        richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
-        return richiesta;
-    }
-    if ((comando->Chi & (Conserva | Guida)) != 0) {
-        if (liberi.size() > 1)
-            throw UsoErrato{"il comando " + richiesta.Comando + " non vuole altro: " + liberi[1]};
-        return richiesta;
-    }
-    if (liberi.size() < 2)
-        throw UsoErrato{"manca il progetto: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
-    richiesta.Progetto = liberi[1];
-    richiesta.Resto.assign(liberi.begin() + 2, liberi.end());
-    if (LCase(Right(richiesta.Progetto, 4)) != ".vbp")
-        throw UsoErrato{"«" + richiesta.Progetto + "» non è un file di progetto: ci vuole un PROGETTO.vbp"};
-    if (!richiesta.Resto.empty() && comando->Chi == Elenca)
-        throw UsoErrato{"il comando elenca non vuole altro: " + richiesta.Resto[0]};
-    if (!richiesta.Resto.empty() && comando->Chi == Esegue)
-        throw UsoErrato{"il comando esegui vale per tutto un progetto; per alcune righe: morvella-cli "
-                        "riordina PROGETTO.vbp RIGA..."};
-    if (richiesta.Resto.empty() && richiesta.Comando == "eventi")
-        throw UsoErrato{"manca l'evento, per esempio: morvella-cli eventi PROGETTO.vbp File1Leggi_Click"};
+    if (comando.Chi == MostraQui)
+        DividiFile(liberi, richiesta);
+    else if ((comando.Chi & (Conserva | Guida)) == 0)
+        DividiProgetto(comando, liberi, richiesta);
+    else if (liberi.size() > 1)
+        throw UsoErrato{"il comando " + richiesta.Comando + " non vuole altro: " + liberi[1]};
     return richiesta;
 }
 
 std::string TestoAiuto(const std::string& comando) {
     std::string testo;
     unsigned chi = 0;
-    const Comando* di = TabellaComandi; // whose example it is
+    const Comando* di = TabellaComandi; // the command that the example shows
     if (comando.empty()) {
         testo = "morvella-cli COMANDO [OPZIONI] ...\n"
                 "Riscrive in Appoggio il codice di un progetto Visual Basic 5 o 6 e ne scrive la\n"
                 "struttura, senza toccare i sorgenti.\n\n";
         for (const Comando& c : TabellaComandi)
-            testo += "  " + Riempito(std::string(c.Nome) + " " + c.Righe, 33) + c.Aiuto + "\n";
+            testo += "  " + Riempito(std::string(c.Nome) + " " + c.Argomenti, 33) + c.Aiuto + "\n";
         testo += "\nmorvella-cli COMANDO --aiuto mostra le opzioni di un comando.\n";
     }
     for (const Comando& c : TabellaComandi) {
         if (comando != c.Nome) continue;
         chi = c.Chi;
         di = &c;
-        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Righe + "\n" + c.Aiuto + "\n\n";
+        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Argomenti + "\n" + c.Aiuto + "\n\n";
     }
     for (const Opzione& o : TabellaOpzioni) {
         if ((o.Per & chi) == 0) continue;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cli/opzioni.h
 //
-// The command line: one table of commands and one of options, from which the parser, the
-// help text and the manual page are made. Texts here are UTF-8; the terminal's encoding is
-// the business of whoever prints them.
+// The command line. The parser, the help text and the manual page are made from one table of commands
+// and one of options. Texts are UTF-8 here; whoever prints them converts them for the terminal.
 #pragma once
 
 #include <optional>
@@ -22,7 +21,7 @@ struct Richiesta {
     std::string Programma;
     std::string TestoIntestazione;
     std::string Rapporto;
-    std::optional<bool> TogliCommenti; // these three: nothing where the stored option holds
+    std::optional<bool> TogliCommenti; // these three: no value where the stored option holds
     std::optional<bool> IntestazioneProcedure;
     std::optional<bool> SenzaConferma;
     bool Lf = false;
@@ -41,12 +40,12 @@ struct Richiesta {
     bool Versione = false;
 };
 
-/// Wrong usage: what is wrong, and what to do instead.
+/// Wrong usage. The text says what is wrong and what to do instead.
 struct UsoErrato {
     std::string Testo;
 };
 
-/// The commands that an option goes with.
+/// The commands, as a set of bits.
 enum PerComando : unsigned {
     Esegue = 1,
     Riordina = 2,
@@ -63,21 +62,23 @@ enum PerComando : unsigned {
 struct Comando {
     unsigned Chi; // PerComando
     const char* Nome;
-    const char* Righe; // what may follow the project, for the help text
+    const char* Argomenti; // for the help text
     const char* Aiuto;
-    const char* Esempio; // what follows the name in one
+    const char* Esempio; // its arguments
 };
 
 struct Opzione {
     char Corta; // 0 when there is none
     const char* Lunga;
-    const char* Argomento; // name of its value, nullptr for a flag; in brackets: only behind "="
-    unsigned Per;          // PerComando
+    const char* Argomento; // name of its value, nullptr for a flag; in brackets: only after "="
+    unsigned Per;          // PerComando: where it does something
+    unsigned Innocua;      // PerComando: where it does nothing and nobody expects it to; accepted there, so
+                           // that a script can give every command the same options
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);
 };
 
-/// Whether a word of the user's is a yes or a no, in any case and with blanks around it.
+/// Whether a word means yes, or no, in any case and with blanks around it.
 bool DiceSi(const std::string& parola);
 bool DiceNo(const std::string& parola);
 
@@ -87,8 +88,8 @@ std::span<const Opzione> Opzioni();
 /// Reads the arguments (without the program's name). Raises UsoErrato.
 Richiesta Analizza(const std::vector<std::string>& argomenti);
 
-/// The help text, of one command with its options, or with "" of all commands: it fits a screen and ends in
-/// an example.
+/// The help text of one command with its options, or of all commands for "". It fits on a screen and ends
+/// with an example.
 std::string TestoAiuto(const std::string& comando);
 
 } // namespace morvella::cli

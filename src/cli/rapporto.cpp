@@ -47,11 +47,11 @@ std::string DiBarra(const Barra& barra) {
 } // namespace
 
 std::string Json(const Stato& s, const Cronaca& cronaca) {
-    std::vector<Lungo> righe(static_cast<std::size_t>(s.File1.ListCount()));
-    for (std::size_t i = 0; i < righe.size(); ++i) righe[i] = static_cast<Lungo>(i);
+    std::vector<Lungo> voci(static_cast<std::size_t>(s.File1.ListCount()));
+    for (std::size_t i = 0; i < voci.size(); ++i) voci[i] = static_cast<Lungo>(i);
 
     std::string json = "{\n  \"righe\": ";
-    json += Schiera(righe, [&](Lungo i) {
+    json += Schiera(voci, [&](Lungo i) {
         return "{\"testo\": " + Stringa(s.File1.List(i)) +
                ", \"selezionata\": " + Logico(s.File1.Selected(i)) + "}";
     });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // cli/rapporto.h
 //
-// What happened during a command, and the JSON object that tells it.
+// What happened during a command, and the JSON report of it.
 #pragma once
 
 #include <string>
@@ -21,9 +21,9 @@ struct Messaggio {
 struct ErroreAvvenuto {
     Testo Motore; // the operation that the error ended
     Errore Causa;
-    bool Finale;    // nobody had a handler: the list of operations ends here
-    Testo Voce;     // the text of the row of File1; "" if it was at none
-    Lungo Riga = 0; // the line of the source, 0 if it was at none
+    bool Finale;    // nobody trapped it: the list of operations ends here
+    Testo Voce;     // text of the row in work; "" if there was none
+    Lungo Riga = 0; // line of the source, 0 if there was none
 };
 
 struct Cronaca {
@@ -32,7 +32,7 @@ struct Cronaca {
     std::vector<ErroreAvvenuto> Errori;
 };
 
-/// One JSON object in UTF-8 with a closing line end: righe, menu, Label2, ProgressBar1,
+/// One JSON object in UTF-8, ended by a line end: righe, menu, Label2, ProgressBar1,
 /// Progress, messaggi, processi, errori.
 std::string Json(const Stato& s, const Cronaca& cronaca);
 

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <iterator>
 
-#include "listing/decodifica.h"
+#include "text/codifica.h"
 
 namespace morvella::cli {
 
 namespace {
 
-// A source line in a message: as it is, but cut where it would drown the rest.
+// A source line as a message quotes it, cut where it would drown the rest.
 std::string Citata(Vista linea) {
     constexpr Lungo Massimo = 80;
     const std::string testo = Mostrabile(Mid(linea, 1, Massimo));
@@ -19,7 +19,7 @@ std::string Citata(Vista linea) {
 
 std::string RigaDi(Lungo n) { return "riga " + std::to_string(n); }
 
-// The listing of a form counts from behind its control section.
+// The listing of a form starts counting after its control section.
 std::string NellElenco(Lungo rigaListato) { return " (" + RigaDi(rigaListato) + " della struttura)"; }
 
 } // namespace
@@ -90,14 +90,14 @@ LineeDiEditor::LineeDiEditor(Stato& s, Vista voce) {
     }
     try {
         s.Canale.Close(1);
-    } catch (const Errore&) { // it was only read
+    } catch (const Errore&) { // nothing was written
     }
 }
 
 Lungo LineeDiEditor::Di(Lungo riga) const {
-    const auto dietro = std::lower_bound(dopo_.begin(), dopo_.end(), riga,
-                                         [](const auto& una, Lungo n) { return una.first < n; });
-    return riga + (dietro == dopo_.begin() ? 0 : std::prev(dietro)->second);
+    const auto oltre = std::lower_bound(dopo_.begin(), dopo_.end(), riga,
+                                        [](const auto& una, Lungo n) { return una.first < n; });
+    return riga + (oltre == dopo_.begin() ? 0 : std::prev(oltre)->second);
 }
 
 } // namespace morvella::cli

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cli/rilievi.h
 //
-// What the listing finds about a source: procedures that end with blocks open, and lines that
-// end the run. The engine keeps no stack; this watches its margin from outside, with a record
-// of who opened each column, as long as the margin is wide.
+// What the listing finds in a source: procedures that end with blocks open, and lines that end the run.
+// The engine keeps no stack. This watches its margin from outside and records what opened each column.
 #pragma once
 
 #include <functional>
@@ -15,7 +14,7 @@
 
 namespace morvella::cli {
 
-/// A line of a source as the engine counts it, from 1, where lone LFs end nothing, and its text.
+/// A line of a source with its text. The engine counts lines from 1; a lone LF ends none.
 struct LineaTrovata {
     Lungo Riga = 0; // 0: there is none
     Testo Linea;
@@ -26,23 +25,23 @@ struct Rilievo {
     Testo Voce;
     LineaTrovata Dove;
     Lungo RigaListato = 0;
-    bool Ferma = false;               // a line that ends the run; else a procedure's end
+    bool Ferma = false;               // the line ends the run; otherwise it ends a procedure
     LineaTrovata Testa;               // the procedure's head
-    std::vector<LineaTrovata> Aperti; // what opened the columns that stand, from the left
+    std::vector<LineaTrovata> Aperti; // what opened the columns still open, from the left
 
-    /// What to say of it in UTF-8; `inFile` gives the line of the file that an editor shows.
+    /// The message, in UTF-8. `inFile` converts a line number to the one that an editor shows.
     std::string Frase(const std::function<Lungo(Lungo)>& inFile) const;
 };
 
-/// The lines of a source as editors count them, who take a lone LF for a line end too. Reads the row's
-/// source through channel 1; one that cannot be read has no such LFs.
+/// Line numbers of a source as editors count them: a lone LF ends a line there. Reads the row's source
+/// through channel 1; a source that cannot be read keeps the engine's numbers.
 class LineeDiEditor {
   public:
     LineeDiEditor(Stato& s, Vista voce);
     Lungo Di(Lungo riga) const;
 
   private:
-    std::vector<std::pair<Lungo, Lungo>> dopo_; // a line with LFs, and how many there are up to its end
+    std::vector<std::pair<Lungo, Lungo>> dopo_; // each line with lone LFs, and their number up to its end
 };
 
 class Sorvegliante {
@@ -53,7 +52,7 @@ class Sorvegliante {
     const std::vector<Rilievo>& Rilievi() const noexcept { return rilievi_; }
 
   private:
-    std::vector<LineaTrovata> colonne_; // one for each three bytes of margin
+    std::vector<LineaTrovata> colonne_; // one per three bytes of margin
     LineaTrovata testa_;                // the procedure's head
     std::vector<Rilievo> rilievi_;
 };

@@ -12,15 +12,15 @@ namespace morvella::cli {
 
 namespace {
 
-// The folders on the way to a row's page, from the work directory on; nothing where the way
-// leads out of it, or over a drive.
-std::optional<std::vector<Testo>> Cartelle(Vista riga) {
+// The folders on the way from the work directory to a row's page; no value where the way leads out of
+// it, or names a drive.
+std::optional<std::vector<Testo>> Cartelle(Vista voce) {
     std::vector<Testo> nomi;
     for (;;) {
-        const std::size_t barra = riga.find_first_of("\\/");
-        if (barra == Vista::npos) return nomi; // what is left is the file
-        const Vista nome = riga.substr(0, barra);
-        riga.remove_prefix(barra + 1);
+        const std::size_t barra = voce.find_first_of("\\/");
+        if (barra == Vista::npos) return nomi; // the rest is the file's name
+        const Vista nome = voce.substr(0, barra);
+        voce.remove_prefix(barra + 1);
         if (nome.find(':') != Vista::npos) return std::nullopt;
         if (nome.empty() || nome == ".") continue;
         if (nome != "..") {
@@ -38,7 +38,7 @@ Testo Unita(const std::vector<Testo>& nomi) {
     return cartella;
 }
 
-// Whether a path is a directory where it seems to be, and not a link to some other place.
+// Whether a path is a directory itself, and not a link to one elsewhere.
 bool VeraDirectory(Stato& s, const Testo& percorso) {
     const Trovato cosa = s.File.Trova(percorso);
     return cosa.Cosa.Tipo == TipoVoce::Directory && !s.File.DiscoInUso().Legame(cosa.Percorso);
@@ -46,15 +46,15 @@ bool VeraDirectory(Stato& s, const Testo& percorso) {
 
 } // namespace
 
-std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& righe,
+std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& voci,
                                           std::vector<std::string>& note) {
     std::vector<std::string> cartelle;
     std::set<Testo> viste;
-    for (const Lungo i : righe) {
-        const Testo& riga = s.File1.List(i);
-        const auto nomi = Cartelle(riga);
+    for (const Lungo i : voci) {
+        const Testo& voce = s.File1.List(i);
+        const auto nomi = Cartelle(voce);
         if (!nomi) {
-            note.push_back("«" + Utf8Da1252(riga) +
+            note.push_back("«" + Utf8Da1252(voce) +
                            "» esce dalla directory del progetto: la sua pagina non va in Appoggio.");
             continue;
         }
@@ -62,7 +62,7 @@ std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& ri
         for (const Testo& nome : *nomi) {
             cartella += (cartella.empty() ? "" : "\\") + nome;
             if (!viste.insert(LCase(cartella)).second) continue;
-            if (cartelle.empty()) PreparaDirectory(s); // as the run does, so that it finds its own directory
+            if (cartelle.empty()) PreparaDirectory(s); // before its folders, as the run does
             const Testo percorso = s.Dir1Path + "\\Appoggio\\" + cartella;
             if (s.File.Dir(percorso, 16).empty()) s.File.MkDir(percorso);
             if (!VeraDirectory(s, percorso)) {
@@ -76,8 +76,8 @@ std::vector<std::string> FaiSottocartelle(Stato& s, const std::vector<Lungo>& ri
     return cartelle;
 }
 
-bool CartellaFattibile(Stato& s, Vista riga) {
-    const auto nomi = Cartelle(riga);
+bool CartellaFattibile(Stato& s, Vista voce) {
+    const auto nomi = Cartelle(voce);
     if (!nomi) return false;
     Testo percorso = s.Dir1Path + "\\Appoggio";
     for (const Testo& nome : *nomi) {
@@ -89,13 +89,13 @@ bool CartellaFattibile(Stato& s, Vista riga) {
 }
 
 void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
-    // Pages of all rows, also of those not selected: they stay.
+    // Pages of all rows stay, also of those not selected.
     std::set<Testo> pagine;
     for (Lungo i = 0; i < s.File1.ListCount(); ++i) {
-        const Testo& riga = s.File1.List(i);
-        const auto nomi = Cartelle(riga);
-        if (!nomi || Len(riga) < 4) continue;
-        const Vista base = BaseDiVoce(riga);
+        const Testo& voce = s.File1.List(i);
+        const auto nomi = Cartelle(voce);
+        if (!nomi || Len(voce) < 4) continue;
+        const Vista base = BaseDiVoce(voce);
         pagine.insert(
             LCase(Unita(*nomi) + "\\" + Testo(base.substr(base.find_last_of("\\/") + 1)) + ".Html"));
     }
@@ -104,16 +104,16 @@ void ArredaSottocartelle(Stato& s, const std::vector<std::string>& cartelle) {
         const Testo percorso = s.Dir1Path + "\\Appoggio\\" + cartella;
         CopiaFigure(s, percorso);
         if (!indice || pagine.contains(LCase(cartella + "\\Indice.Html"))) continue;
-        Testo casa;
-        for (Lungo n = 1 + std::count(cartella.begin(), cartella.end(), '\\'); n > 0; --n) casa += "../";
-        casa += "Indice.Html";
+        Testo indietro;
+        for (Lungo n = 1 + std::count(cartella.begin(), cartella.end(), '\\'); n > 0; --n) indietro += "../";
+        indietro += "Indice.Html";
         s.Canale.OpenOutput(1, percorso + "\\Indice.Html");
         s.Canale.Print(1, "<html>");
         s.Canale.Print(1, "<head>");
         s.Canale.Print(1, "<title>Indice Progetto di Documentazione</title>");
-        s.Canale.Print(1, "<meta http-equiv=\"refresh\" content=\"0; url=", casa, "\">");
+        s.Canale.Print(1, "<meta http-equiv=\"refresh\" content=\"0; url=", indietro, "\">");
         s.Canale.Print(1, "</head>");
-        s.Canale.Print(1, "<body><p align=\"center\"><a href=\"", casa, "\">Indice</a></p></body>");
+        s.Canale.Print(1, "<body><p align=\"center\"><a href=\"", indietro, "\">Indice</a></p></body>");
         s.Canale.Print(1, "</html>");
         s.Canale.Close(1);
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cli/terminale.h
 //
-// What the program knows of its surroundings: where to read and write, whether a person sits
-// there, and which encoding that place reads. The tests make one of their own.
+// The program's surroundings: where it reads and writes, whether a person sits there, and which encoding
+// the terminal takes. Tests make surroundings of their own.
 #pragma once
 
 #include <functional>
@@ -18,8 +18,8 @@ namespace morvella::cli {
 /// A program that shows a text page by page.
 class Impaginatore {
   public:
-    virtual ~Impaginatore() = default; // waits for the reader to leave it
-    /// False when the reader has left it.
+    virtual ~Impaginatore() = default; // waits until the reader leaves it
+    /// False when the reader has left.
     virtual bool Scrivi(const std::string& testo) = 0;
 };
 
@@ -41,15 +41,15 @@ struct Ambiente {
     std::string DirectoryUtente = {};    // Disco::DirectoryUtente
 };
 
-/// UTF-8 in the encoding of this name ("ISO-8859-1"); one that the system does not know leaves it as it
-/// is. A character that is not in it comes as one like it, or as "?"; connectors come as + - = | where
-/// the encoding has no double ones. Not on Windows, whose terminal takes UTF-16.
+/// Converts UTF-8 to the encoding of this name ("ISO-8859-1"); a name that the system does not know
+/// leaves the text as it is. A character that the encoding lacks becomes a similar one, or "?"; connectors
+/// become + - = | where it has no double ones. Not on Windows, whose terminal takes UTF-16.
 std::string InCodifica(const std::string& utf8, const char* codifica);
 
 /// The process's own surroundings.
 Ambiente AmbienteDelProcesso(Disco& macchina);
 
-/// The arguments behind the program's name, in UTF-8 (on POSIX whatever bytes were given);
+/// The arguments after the program's name, in UTF-8 (on POSIX whatever bytes were given);
 /// `argc` and `argv` are those of main.
 std::vector<std::string> ArgomentiDelProcesso(int argc, char** argv);
 

@@ -20,7 +20,7 @@ namespace morvella::cli {
 
 namespace {
 
-// The plain C locale says nothing of the terminal, and what shows it today reads UTF-8.
+// The plain C locale says nothing about the terminal, and today's terminals take UTF-8.
 bool SenzaLingua(const char* codifica) { return std::strcmp(codifica, "ANSI_X3.4-1968") == 0; }
 
 // A terminal in an older encoding gets its own bytes.
@@ -29,7 +29,7 @@ std::string PerTerminale(const std::string& utf8) {
     return SenzaLingua(codifica) ? utf8 : InCodifica(utf8, codifica);
 }
 
-// A conversion from UTF-8 by the system's own tables.
+// A conversion from UTF-8 by the system's iconv.
 class Conversione {
   public:
     explicit Conversione(const std::string& a) : tavola_(::iconv_open(a.c_str(), "UTF-8")) {}
@@ -40,7 +40,7 @@ class Conversione {
     }
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     bool Nota() const { return tavola_ != reinterpret_cast<iconv_t>(-1); }
-    // What has no like comes as "?"; `mancano` says whether there was any.
+    // A character without a similar one becomes "?"; `mancano` says whether there was any.
     std::string Di(std::string utf8, bool& mancano) {
         std::string testo;
         char* ingresso = utf8.data();
@@ -93,7 +93,7 @@ class ImpaginatorePosix : public Impaginatore {
 };
 
 std::unique_ptr<Impaginatore> AvviaImpaginatore() {
-    // A reader who leaves early must not end the program.
+    // A pager that is left early must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
     // Without a locale less would show the bytes of UTF-8 as numbers.
     const std::string comando = std::string(SenzaLingua(::nl_langinfo(CODESET))
@@ -121,7 +121,7 @@ std::string InCodifica(const std::string& utf8, const char* codifica) {
 
 Ambiente AmbienteDelProcesso(Disco& macchina) {
     std::setlocale(LC_CTYPE, "");
-    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is an error to tell, not an end
+    std::signal(SIGXFSZ, SIG_IGN); // a file size limit is an error to report, not the end
     Ambiente ambiente{.Macchina = macchina, .Ingresso = std::cin, .Uscita = std::cout, .Errori = std::cerr};
     ambiente.IngressoTerminale = ::isatty(STDIN_FILENO) && ::isatty(STDERR_FILENO);
     ambiente.ErroriTerminale = ::isatty(STDERR_FILENO);

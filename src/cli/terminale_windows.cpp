@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A stream that is a console gets UTF-16 by the console's own calls, so that every character
-// shows whatever its code page; a stream that is redirected keeps UTF-8.
+// A console stream gets UTF-16 through the console's own calls, so that every character shows whatever
+// the code page; a redirected stream keeps UTF-8.
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -16,8 +16,7 @@ namespace morvella::cli {
 
 namespace {
 
-// Whether a stream is a console is asked of the console itself: to the C library the device
-// "nul" is a terminal too.
+// Asks the console itself whether a stream is one: to the C library the device "nul" is a terminal too.
 class VersoConsole : public std::stringbuf {
   public:
     explicit VersoConsole(DWORD quale) : std::stringbuf(std::ios::out), console_(::GetStdHandle(quale)) {
@@ -39,13 +38,13 @@ class VersoConsole : public std::stringbuf {
     }
 
     bool Vera = false;
-    bool Sequenze = false; // it obeys escape sequences; older systems' consoles do not
+    bool Sequenze = false; // escape sequences work; not on older systems
 
   protected:
     int sync() override {
         const std::wstring testo = Utf16DaUtf8(str());
         str({});
-        constexpr std::size_t Pezzo = 8192; // more than 64 KB at once is refused by older systems
+        constexpr std::size_t Pezzo = 8192; // older systems refuse more than 64 KB at once
         for (std::size_t i = 0; i < testo.size(); i += Pezzo) {
             DWORD scritti = 0;
             const auto n = static_cast<DWORD>(std::min(Pezzo, testo.size() - i));
@@ -84,7 +83,7 @@ class DaConsole : public std::streambuf {
     std::string riga_;
 };
 
-// The console's three streams, for as long as the process runs.
+// The console's three streams; they live as long as the process.
 struct Flussi {
     DaConsole Tasti;
     VersoConsole Schermo{STD_OUTPUT_HANDLE};
@@ -121,7 +120,7 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     return ambiente;
 }
 
-// Not those that main gets: they come in the machine's code page, which cannot spell every name.
+// Not the arguments of main: they are in the machine's code page, which cannot spell every name.
 std::vector<std::string> ArgomentiDelProcesso(int, char**) {
     int quanti = 0;
     wchar_t** scritti = ::CommandLineToArgvW(::GetCommandLineW(), &quanti);

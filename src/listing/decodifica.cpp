@@ -6,6 +6,7 @@
 
 #include "listing/connettori.h"
 #include "shell/testi.h"
+#include "text/codifica.h"
 
 namespace morvella {
 
@@ -74,28 +75,6 @@ bool Disegnata(Tratto::Genere che) {
 }
 
 } // namespace
-
-std::string MostrabileUtf8(std::string_view utf8, bool righe) {
-    std::string testo;
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        const char c = utf8[i];
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 32 && c != '\t' && !(righe && c == '\n')) {
-            testo += "\xE2\x90"; // U+2400 and on: the pictures of the control characters
-            testo += static_cast<char>(0x80 + byte);
-        } else if (byte == 127) {
-            testo += "\xE2\x90\xA1";
-        } else if (byte == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0) {
-            testo += "\xEF\xBF\xBD"; // the second set of control characters has no pictures
-            ++i;
-        } else {
-            testo += c;
-        }
-    }
-    return testo;
-}
-
-std::string Mostrabile(Vista bytes, bool righe) { return MostrabileUtf8(Utf8Da1252(bytes), righe); }
 
 Bordo BordoDiRiquadro(Vista riga) noexcept {
     const Vista bordo = Trim(riga);

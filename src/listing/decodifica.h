@@ -22,12 +22,6 @@ struct Tratto {
     bool operator==(const Tratto&) const = default;
 };
 
-/// Windows-1252 to UTF-8 that a terminal only shows: control characters become pictures, but for
-/// TAB and, with `righe`, line ends.
-std::string Mostrabile(Vista bytes, bool righe = false);
-/// The same for a text in UTF-8.
-std::string MostrabileUtf8(std::string_view utf8, bool righe = false);
-
 /// Splits one line, given without its line end. `tratti` is overwritten.
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
 

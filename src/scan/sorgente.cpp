@@ -9,7 +9,7 @@ void RigheSorgente::Leggi() {
     date_ = 0;
     quante_ = Istruzione(s_, [&] {
         RigaSorgente* questa = righe_.data();
-        return s_.Canale.LineInputTrim(1, righe_.size(), [&](const RigaLetta& riga, bool inMemoria) {
+        return s_.Canale.LineInputTrim(1, righe_.size(), [&](const LineaLetta& riga, bool inMemoria) {
             inMemoria_ = inMemoria;
             *questa++ = {riga, inMemoria ? ClassificaInMemoria(riga.Testo, riga.Lunga)
                                          : ClassificaRiga(riga.Trimmata())};

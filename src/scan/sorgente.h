@@ -15,7 +15,7 @@ namespace morvella {
 
 /// A line, raw and trimmed, and the class of the trimmed one.
 struct RigaSorgente {
-    RigaLetta Letta;
+    LineaLetta Letta;
     Classe Quale = RigaAltra;
 };
 

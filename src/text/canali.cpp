@@ -23,7 +23,7 @@ void Canali::RifiutaAperto(const Trovato& file, Vista percorso) {
     }
 }
 
-// Memory for at least `quanti` bytes; what it holds stays.
+// Grows the buffer to at least `quanti` bytes; its contents stay.
 void Canali::FaiPosto(Canale& c, std::size_t quanti) {
     if (c.Memoria.size() < quanti + Coda) c.Memoria.resize(quanti + Coda);
 }
@@ -32,10 +32,12 @@ void Canali::OpenInput(int n, Vista percorso) {
     Canale& c = Libero(n, percorso);
     const Trovato file = archivio_.Trova(percorso);
     RifiutaAperto(file, percorso);
-    c.File = archivio_.ApriLettura(file, percorso);
-    // The second pass over a module that fits into the memory reads nothing again: the file is
-    // the same still, and nothing was written in between.
+    // The second pass over a module that fits into the buffer reads nothing again: the file is
+    // unchanged, and nothing was written in between. With its rights unchanged too it would open as
+    // before, and is not even opened.
     c.Esaurito = c.Intero && c.ComEra == file.Cosa && c.Cambiamenti == archivio_.Cambiamenti();
+    c.File.reset();
+    if (!c.Esaurito || file.Cosa.Cambiato == 0) c.File = archivio_.ApriLettura(file, percorso);
     c.Chi = file.Cosa.Chi;
     c.Percorso = percorso;
     c.Guasto = false;
@@ -86,15 +88,14 @@ void Canali::Close(int n) {
     c.Stato = Modo::Chiuso;
     try {
         if (scrivere && c.Fine > 0) file->Scrivi(c.Memoria.data(), c.Fine);
-        file->Chiudi();
+        if (file) file->Chiudi();
     } catch (const Errore& e) {
         if (scrivere) throw Errore(e.Numero, c.Percorso);
     }
 }
 
-// Reads a further block behind the bytes that are there. Where there is no room, those given
-// already make place for it; a buffer that one line fills grows to twice its size. False at
-// the end of the file.
+// Reads another block after the bytes that are there. Without room the lines already given are
+// dropped; a buffer that one line fills doubles. False at the end of the file.
 bool Canali::Riempi(Canale& c) {
     if (c.Esaurito) return false;
     if (c.Fine == c.Memoria.size() - Coda) {
@@ -122,7 +123,7 @@ void Canali::SegnaLetto(const Canale& c) {
     lettoMisura_ = c.Memoria.size() - Coda;
 }
 
-// The first CR or LF; null when there is none. `fine` has Fetta bytes behind it.
+// The first CR or LF; null when there is none. Fetta bytes past `fine` are readable.
 const char* Canali::CrOLf(const char* da, const char* fine) noexcept {
     for (; da < fine; da += Fetta) {
         const std::size_t posto = PrimoSegno(DoveByte(da, '\r') | DoveByte(da, '\n'));
@@ -144,16 +145,16 @@ Vista Canali::LineInputLento(Canale& c) {
         if (!fine) {
             visti = resto;
             if (Riempi(c)) continue;
-            const char* ultima = c.Memoria.data() + c.Inizio; // the last line, without an end
+            const char* ultima = c.Memoria.data() + c.Inizio; // the last line, unended
             c.Inizio = c.Fine;
             return {ultima, resto};
         }
         const auto lunga = static_cast<std::size_t>(fine - riga);
-        // Whether an LF belongs to a CR at the very end of the block, only the next block tells.
+        // Only the next block tells whether an LF belongs to a CR at the end of this one.
         if (*fine == '\r' && lunga + 1 == resto) {
             visti = lunga;
             if (Riempi(c)) continue;
-            riga = c.Memoria.data() + c.Inizio; // at the end of the file the block may have moved too
+            riga = c.Memoria.data() + c.Inizio; // Riempi may have moved the block
             c.Inizio = c.Fine;
             return {riga, lunga};
         }
@@ -179,7 +180,7 @@ void Canali::Scarica(Canale& c) {
     c.Fine = 0;
 }
 
-// A text longer than a block goes to the file piece by piece, and no buffer grows for it.
+// A text longer than a block goes to the file piece by piece: no buffer grows for it.
 void Canali::PrintLungo(Canale& c, std::span<const Vista> pezzi) {
     for (Vista pezzo : pezzi) {
         if (pezzo.size() > Blocco - c.Fine) Scarica(c);

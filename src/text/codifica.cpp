@@ -89,6 +89,30 @@ std::optional<std::string> Bytes1252DaUtf8(std::string_view utf8) { return In125
 
 std::optional<std::string> Bytes1252DaUtf8ConPunti(std::string_view utf8) { return In1252(utf8, true); }
 
+std::string MostrabileUtf8(std::string_view utf8, bool righe) {
+    std::string testo;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const char c = utf8[i];
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 32 && c != '\t' && !(righe && c == '\n')) {
+            testo += "\xE2\x90"; // U+2400 and on: the pictures of the control characters
+            testo += static_cast<char>(0x80 + byte);
+        } else if (byte == 127) {
+            testo += "\xE2\x90\xA1";
+        } else if (byte == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0) {
+            testo += "\xEF\xBF\xBD"; // the second set of control characters has no pictures
+            ++i;
+        } else {
+            testo += c;
+        }
+    }
+    return testo;
+}
+
+std::string Mostrabile(std::string_view bytes, bool righe) {
+    return MostrabileUtf8(Utf8Da1252(bytes), righe);
+}
+
 bool SoloAscii(std::string_view bytes) noexcept {
     std::size_t i = 0;
     std::uint64_t alti = 0;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // text/errore.h
 //
-// The numbered run-time errors. A failed operation raises an Errore; what follows is
-// decided by its number alone, in the procedure that has a handler. An Errore that no
-// handler takes is final: the program says number and description and ends.
+// The numbered run-time errors. A failed operation raises an Errore; its number alone decides what
+// follows, in the procedure that has a handler. Without a handler the program shows number and
+// description, and ends.
 #pragma once
 
 #include <exception>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // text/fetta.h
 //
-// Looks at 64 bytes of memory at once, a slice, and marks those that are sought: one bit a
-// byte, the first byte's bit the lowest. For speed alone: where the processor has wide steps
-// they are used, and elsewhere (namespace semplice) the same comes from steps of eight bytes.
+// Searches a slice, 64 bytes of memory at once, and marks the bytes found: one bit each, the first
+// byte's bit the lowest. For speed alone: SSE2 where the processor has it (namespace largo), else
+// the same in words of eight bytes (namespace semplice).
 #pragma once
 
 #include <bit>
@@ -30,7 +30,7 @@ namespace semplice {
 
 inline constexpr std::uint64_t Uni = 0x0101010101010101U;
 
-// The bit of each of eight bytes that is 0; a byte's 128 is `~(t | y)` where its lower bits are 0.
+// Marks the zero bytes of each word: bit 128 of `zero` is set where all eight bits of a byte are 0.
 template <std::size_t N, class F>
 Segni DoveZero(const char* p, F&& prepara) noexcept {
     Segni segni = 0;
@@ -105,7 +105,7 @@ inline __m128i Sedici(const char* p) noexcept { return _mm_loadu_si128(reinterpr
 
 inline __m128i Uguali(__m128i sedici, char c) noexcept { return _mm_cmpeq_epi8(sedici, _mm_set1_epi8(c)); }
 
-// A mark for each byte that `prova`, given sixteen, has made 255; it makes the others 0.
+// Marks the bytes that `prova`, given sixteen, turns into 255; it turns the others into 0.
 template <std::size_t N, class F>
 Segni Dove(const char* p, F&& prova) noexcept {
     Segni segni = 0;
@@ -114,7 +114,7 @@ Segni Dove(const char* p, F&& prova) noexcept {
     return segni;
 }
 
-// The same where there is mostly none.
+// The same where most slices have none.
 template <class F>
 Segni DoveRaro(const char* p, F&& prova) noexcept {
     const __m128i prove[] = {prova(p), prova(p + 16), prova(p + 32), prova(p + 48)};
@@ -158,7 +158,7 @@ class Contatore {
     }
 
   private:
-    // A column of bytes counts up to 255.
+    // Each byte lane counts up to 255.
     void Somma() noexcept {
         const __m128i somme = _mm_sad_epu8(colonne_, _mm_setzero_si128());
         quanti_ += static_cast<std::size_t>(_mm_cvtsi128_si32(somme) + _mm_extract_epi16(somme, 4));
@@ -201,15 +201,14 @@ namespace fetta = semplice;
 
 /// Where the byte `c` stands in the slice at `p`; with N in its first N bytes.
 using fetta::DoveByte;
-/// Where `a` stands with `b` behind it; the byte behind the slice is looked at too.
+/// Where `a` is followed by `b`; reads one byte past the slice.
 using fetta::DoveDue;
-/// Where the letter `prima` stands with `quarta` or `altra` as the third behind it, in any case; they
-/// are a to z. Three bytes behind the slice are looked at too. Only the bit 32 is let go.
+/// Where the letter `prima` has `quarta` or `altra` three places after it, in any case; all are a to z.
+/// Reads three bytes past the slice.
 using fetta::DoveParola;
-/// Counts a byte in slices: `AggiungiPrimi` in the first `n` bytes of one, fewer than Fetta.
+/// Counts a byte over slices; `AggiungiPrimi` takes only the first `n` bytes of one, `n` below Fetta.
 using fetta::Contatore;
-/// Thirty-two bytes that are changed without going through memory: `Con` gives those that `tiene` keeps,
-/// bit for bit, with those of `nuovo`.
+/// Thirty-two bytes in registers. `Con` keeps the bits set in `tiene` and adds those of `nuovo`.
 using fetta::Striscia;
 
 } // namespace morvella

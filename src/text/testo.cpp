@@ -65,7 +65,7 @@ double Val(Vista s) {
     Testo cifre;
     bool punto = false;
     for (const char c : s) {
-        if (c == ' ') continue; // blanks count for nothing, also between digits
+        if (c == ' ') continue; // blanks are skipped, between digits too
         const bool segno = cifre.empty() && (c == '-' || c == '+');
         if (!segno && !(c == '.' && !punto) && !(c >= '0' && c <= '9')) break;
         punto = punto || c == '.';

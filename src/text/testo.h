@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // text/testo.h
 //
-// The text operations that every rule of the system is written in. A text is a counted
-// sequence of bytes in Windows-1252 and can hold any byte; positions start at 1.
-// Comparing is binary: who wants to ignore case folds first. Nothing here knows UTF-8
-// (text/codifica.h does, at the edges) and nothing uses the locale.
+// The text operations that all rules of the system are written in. A text is a counted sequence
+// of Windows-1252 bytes and can hold any byte; positions start at 1. Comparison is binary: to
+// ignore case, fold first. Nothing here knows UTF-8 (text/codifica.h does, at the edges) or uses
+// the locale.
 #pragma once
 
 #include <bit>
@@ -21,8 +21,7 @@ namespace morvella {
 using Testo = std::string;
 using Vista = std::string_view;
 
-/// A text of the engine's own that goes with every line, in front of it or as its history: it can be
-/// copied in one stride, whatever its length, since so many bytes behind its end are there too.
+/// Text written on every line; padded so that one fixed-size memcpy copies it.
 class TestoLargo {
   public:
     static constexpr std::size_t Passo = 32;
@@ -55,14 +54,14 @@ class TestoLargo {
         std::memcpy(memoria_.data() + misura_, da, quanti);
         misura_ += quanti;
     }
-    /// For who writes himself: the place behind the text, with room for `quanti` bytes and Passo more;
-    /// `Fino` makes the text end somewhere there.
+    /// The place after the text, with room for `quanti` bytes and Passo more, for callers that write
+    /// there themselves; `Fino` then sets the end.
     char* Coda(std::size_t quanti) {
         FaiPosto(misura_ + quanti);
         return memoria_.data() + misura_;
     }
     void Fino(const char* fine) noexcept { misura_ = static_cast<std::size_t>(fine - memoria_.data()); }
-    /// Appends the first `quanti` of two bytes, without a look at how many that are.
+    /// Appends the first `quanti` of two bytes; copies both, whatever `quanti` is.
     void AggiungiDue(const char* da, std::size_t quanti) {
         FaiPosto(misura_ + 2);
         std::memcpy(memoria_.data() + misura_, da, 2);
@@ -74,7 +73,7 @@ class TestoLargo {
         if (memoria_.size() < quanti + Passo) memoria_.resize(2 * quanti + Passo);
     }
 
-    Testo memoria_; // with Passo bytes behind the text
+    Testo memoria_; // the text, then Passo bytes of padding
     std::size_t misura_ = 0;
 };
 
@@ -83,8 +82,8 @@ using Lungo = std::ptrdiff_t;
 
 inline Lungo Len(Vista s) noexcept { return static_cast<Lungo>(s.size()); }
 
-/// The bytes of `s` from position `inizio` (from 1), at most `n`; "" behind the end.
-/// Raises 5 when `inizio` is below 1 or `n` below 0. The result looks into `s`.
+/// The bytes of `s` from position `inizio` (from 1), at most `n`; "" past the end.
+/// Raises 5 when `inizio` is below 1 or `n` below 0. The result is a view into `s`.
 inline Vista Mid(Vista s, Lungo inizio, Lungo n) {
     if (inizio < 1 || n < 0) throw Errore(ErrArgomento);
     if (inizio > Len(s)) return {};
@@ -100,7 +99,7 @@ inline Vista Right(Vista s, Lungo n) {
     return n >= Len(s) ? s : s.substr(s.size() - static_cast<std::size_t>(n));
 }
 
-/// How many blanks `s` begins with. Eight at a time: indented lines are the rule.
+/// How many blanks `s` begins with. Eight at a time: most lines are indented.
 inline std::size_t BlanksDavanti(Vista s) noexcept {
     std::size_t n = 0;
     if constexpr (std::endian::native == std::endian::little) {
@@ -120,14 +119,14 @@ inline Vista TrimDietro(Vista s) noexcept {
     return s;
 }
 
-/// `s` without the blanks (byte 32) at both ends, and without those only: a TAB, CR, LF or
-/// byte 160 stays, so that a line indented with a TAB fails its keyword tests. This is meant.
+/// `s` without the blanks (byte 32) at both ends. TAB, CR, LF and byte 160 stay, so a line indented
+/// with a TAB fails its keyword tests: meant.
 inline Vista Trim(Vista s) noexcept {
     s.remove_prefix(BlanksDavanti(s));
     return TrimDietro(s);
 }
 
-/// Position (from 1) of the first `ago` in `pagliaio` at or behind `inizio`, 0 when there is
+/// Position (from 1) of the first `ago` in `pagliaio` at or after `inizio`, 0 when there is
 /// none. Binary. Raises 5 when `inizio` is below 1.
 Lungo InStr(Lungo inizio, Vista pagliaio, Vista ago);
 
@@ -140,7 +139,7 @@ Testo Chr(int n);
 /// Decimal digits, a minus sign when negative, no leading blank.
 Testo CStr(long long n);
 
-/// The decimal number at the start of `s` behind blanks, 0 when there is none.
+/// The decimal number at the start of `s`, after any blanks, 0 when there is none.
 double Val(Vista s);
 
 /// One byte folded by Windows-1252: A to Z, the accented letters at and above 192 without

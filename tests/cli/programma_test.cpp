@@ -119,7 +119,7 @@ TEST(Uso, OpzioniInOgniForma) {
     EXPECT_EQ(r.TestoIntestazione, "t.txt");
     EXPECT_EQ(r.Progetto, "p.vbp");
     EXPECT_EQ(r.Resto, std::vector<std::string>{"-a.bas"});
-    EXPECT_EQ(Analizza({"elenca", "-rf", "p.vbp"}).Rapporto, "f"); // a value may stick to its letter
+    EXPECT_EQ(Analizza({"elenca", "-rf", "p.vbp"}).Rapporto, "f"); // a value may follow its letter directly
     EXPECT_EQ(Analizza({"elenca", "-r", "-", "p.vbp"}).Rapporto, "-");
     for (const char* no : {"-t=no", "-qt=NO", "--togli-commenti=No"})
         EXPECT_EQ(Analizza({"riordina", no, "p.vbp"}).TogliCommenti, false) << no;
@@ -354,8 +354,8 @@ TEST(Errori, DiscoPienoNonSiPerde) {
 }
 
 TEST(Errori, LaRigaInLavoroNonPuntaAUnBloccoAndato) {
-    // The channel's block grows for the long line while an earlier line was the last in work: the
-    // account of the error must not look there.
+    // The channel's buffer grows for the long line and moves. The account of the error must not look at
+    // an earlier line in the old one.
     Banco b;
     b.Disco.Metti("/casa/p/Prova.vbp", "Form=A.frm\r\nModule=B; B.bas\r\n");
     b.Disco.Metti("/casa/p/A.frm", "Sub a()\r\nx = 1\r\n");

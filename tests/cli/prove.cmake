@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The test programs of this directory: morvella_prova(NAME FILE...)
-morvella_prova(cli_test cli/programma_test.cpp cli/struttura_test.cpp cli/dimora_test.cpp)
+morvella_prova(cli_test cli/programma_test.cpp cli/struttura_test.cpp cli/dimora_test.cpp cli/eventi_test.cpp
+               cli/uso_test.cpp)
 if(NOT WIN32)
   morvella_prova(terminale_test cli/terminale_test.cpp)
 endif()
@@ -8,4 +9,7 @@ endif()
 morvella_prova(readme_test cli/readme_test.cpp)
 target_compile_definitions(readme_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")
 
-morvella_prova(documenta_test cli/documenta_test.cpp)
+morvella_prova(documenta_test cli/documenta_test.cpp cli/opzioni_test.cpp)
+
+morvella_prova(mostra_test cli/mostra_test.cpp)
+target_compile_definitions(mostra_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")

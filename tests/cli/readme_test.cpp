@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// What README shows of real files is what the files hold: a block after a mark
-// "<!-- file: PATH -->" is that file, one after "<!-- listing: PATH -->" a structure as it is
-// shown.
+// The files that README shows are the real ones: a block after "<!-- file: PATH -->" is that file, one
+// after "<!-- listing: PATH -->" a structure as it is displayed.
 #include <gtest/gtest.h>
 
 #include <fstream>

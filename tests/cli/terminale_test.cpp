@@ -20,7 +20,7 @@ TEST(InCodifica, ConnettoriEAccenti) {
     const std::string riga = "000005  ╔═>For perché │ ║ ├─>Else <<══ └─ ┌ ╚";
     EXPECT_EQ(InCodifica(riga, "UTF-8"), riga);
     EXPECT_EQ(InCodifica(riga, "ISO-8859-1"), "000005  +=>For perch\xE9 | | +->Else <<== +- + +");
-    // An old terminal of this very kind has them all.
+    // This old code page has them all.
     EXPECT_EQ(InCodifica(riga, "CP850"),
               "000005  \xC9\xCD>For perch\x82 \xB3 \xBA \xC3\xC4>Else <<\xCD\xCD \xC0\xC4 \xDA \xC8");
     EXPECT_EQ(InCodifica("perché", "ISO-8859-1"), "perch\xE9");
@@ -40,7 +40,7 @@ TEST(InCodifica, QuelCheManca) {
     EXPECT_EQ(InCodifica(lunga, "ISO-8859-1"), attesa);
 }
 
-// The pager gets the text, and less is told of UTF-8 where no locale does.
+// The pager gets the text, and less is told about UTF-8 where the locale says nothing.
 TEST(Impagina, ConUnImpaginatoreSuo) {
     std::string modello = (std::filesystem::temp_directory_path() / "morvella-impagina-XXXXXX").string();
     ASSERT_NE(::mkdtemp(modello.data()), nullptr); // its own, whatever else runs at the same time

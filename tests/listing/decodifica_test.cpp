@@ -364,7 +364,6 @@ TEST(Decodifica, NessunControlloArrivaAlTerminale) {
     ASSERT_EQ(tratti.back().Che, Tratto::Scritto);
     const std::string dubbio = "\xEF\xBF\xBD";
     EXPECT_EQ(tratti.back().Utf8, "   a" + dubbio + dubbio + dubbio + dubbio + dubbio + "\u2421\u241Bb\tc");
-    EXPECT_EQ(Mostrabile("a\r\nb", true), "a\u240D\nb");
 }
 
 } // namespace

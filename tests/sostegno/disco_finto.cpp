@@ -132,8 +132,9 @@ void DiscoFinto::Chiamata(const std::string& operazione, const std::string& perc
     if (const auto numero = PrendiGuasto(operazione, percorso)) throw Errore(*numero);
 }
 
-Scheda DiscoFinto::Esamina(const std::string& percorso) {
+Scheda DiscoFinto::Esamina(const std::string& chiesto) {
     ++Esami;
+    const std::string percorso = chiesto.starts_with('/') ? chiesto : corrente_ + '/' + chiesto;
     Scheda cosa;
     if (const auto numero = PrendiGuasto("Esamina", percorso)) {
         cosa.Errore = *numero;
@@ -144,6 +145,9 @@ Scheda DiscoFinto::Esamina(const std::string& percorso) {
         cosa.Chi = {1, voce->Numero};
         cosa.Bytes = voce->Bytes.size();
         cosa.Modificato = voce->Modificato;
+        if (!voce->Directory) cosa.Cambiato = Cambiato;
+        if (const auto quando = Modificati.find(percorso); quando != Modificati.end())
+            cosa.Quando = 1 + std::distance(Modificati.begin(), quando);
     }
     return cosa;
 }
@@ -224,9 +228,9 @@ Istante DiscoFinto::Adesso() {
     return Orologio;
 }
 
-Istante DiscoFinto::UltimaModifica(const std::string& percorso) {
-    const auto quando = Modificati.find(percorso);
-    return quando == Modificati.end() ? Orologio : quando->second;
+// Quando is the place in Modificati, from 1.
+Istante DiscoFinto::UltimaModifica(const Scheda& cosa) {
+    return cosa.Quando == 0 ? Orologio : std::next(Modificati.begin(), cosa.Quando - 1)->second;
 }
 
 void DiscoFinto::Avvia(const std::string& programma, const std::string& percorso, int) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // tests/sostegno/disco_finto.h
 //
-// The tests' double of the file layer: files in memory on a case-telling disk, a clock of its
-// own, failures on demand. A call that is repeated a hundred times with nothing else in between
-// ends the test: a retry without a bound shows as a failure and not as a test that hangs.
+// The tests' backend: files in memory on a disk that tells case apart, a clock of its own, failures
+// on demand. A call repeated a hundred times with nothing else in between ends the test, so that
+// an unbounded retry fails instead of hanging.
 #pragma once
 
 #include <functional>
@@ -54,7 +54,8 @@ class DiscoFinto : public Disco {
     std::map<std::string, std::string> PercorsiCorti;      // with any entry: a platform that has them
     std::map<std::string, std::string> Unita{{"C:", "/"}}; // letters and the directories of their tops
     bool Distingue = true;
-    std::vector<std::string> SolaLettura; // nothing is made, changed or deleted in these and below
+    std::int64_t Cambiato = 0;            // of every file, for Scheda; 0: not kept here
+    std::vector<std::string> SolaLettura; // read-only, with all below them
 
     Scheda Esamina(const std::string& percorso) override;
     std::vector<std::string> Elenca(const std::string& directory) override;
@@ -67,7 +68,7 @@ class DiscoFinto : public Disco {
     void Cancella(const std::string& percorso) override;
     bool Scrivibile(const std::string& directory) override;
     Istante Adesso() override;
-    Istante UltimaModifica(const std::string& percorso) override;
+    Istante UltimaModifica(const Scheda& cosa) override;
     void Avvia(const std::string& programma, const std::string& percorso, int finestra) override;
     std::vector<morvella::Unita> ElencaUnita() override;
     unsigned long GetShortPathNameA(const std::string& percorso, char* buffer, unsigned long misura) override;

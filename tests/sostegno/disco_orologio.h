@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // tests/sostegno/disco_orologio.h
 //
-// The machine's own disk with a clock that stands still, so that whole runs give the same
-// bytes on any day: 21/11/2026, 14:30:05.
+// The platform's backend with a stopped clock, so that whole runs give the same bytes on any day:
+// 21/11/2026, 14:30:05.
 #pragma once
 
 #include "text/disco/disco.h"
@@ -30,7 +30,7 @@ class DiscoOrologio : public Disco {
     bool Scrivibile(const std::string& d) override { return vero_->Scrivibile(d); }
     std::string DirectoryUtente() override { return vero_->DirectoryUtente(); }
     Istante Adesso() override { return Ora; }
-    Istante UltimaModifica(const std::string&) override { return Ora; }
+    Istante UltimaModifica(const Scheda&) override { return Ora; }
     void Avvia(const std::string& a, const std::string& p, int f) override { vero_->Avvia(a, p, f); }
     bool DistingueMaiuscole() const override { return vero_->DistingueMaiuscole(); }
 

@@ -136,7 +136,7 @@ TEST(Canali, LineInputOvunqueFiniscaIlBlocco) {
 TEST(Canali, LineInputAlBordoDelBlocco) {
     struct Caso {
         const char* Fine;
-        Righe Altre; // behind the long line
+        Righe Altre; // after the long line
         Righe AltreLf;
     };
     const Caso casi[] = {
@@ -202,7 +202,7 @@ TEST(Canali, LineInputTrimComeTrim) {
             for (std::size_t massimo = 1; presa < attese.size(); massimo = massimo % 40 + 1) {
                 std::size_t date = 0;
                 const std::size_t quante =
-                    b.Canale.LineInputTrim(1, massimo, [&](const RigaLetta& riga, bool inMemoria) {
+                    b.Canale.LineInputTrim(1, massimo, [&](const LineaLetta& riga, bool inMemoria) {
                         const Testo& attesa = attese.at(presa + date++);
                         EXPECT_EQ(riga.Intera(), attesa);
                         EXPECT_EQ(riga.Trimmata(), Trim(attesa));
@@ -217,7 +217,7 @@ TEST(Canali, LineInputTrimComeTrim) {
                 if (HasFailure()) return;
             }
             EXPECT_TRUE(b.Canale.Eof(1));
-            EXPECT_EQ(NumeroDi([&] { b.Canale.LineInputTrim(1, 3, [](const RigaLetta&, bool) {}); }), 62);
+            EXPECT_EQ(NumeroDi([&] { b.Canale.LineInputTrim(1, 3, [](const LineaLetta&, bool) {}); }), 62);
         }
     }
 }
@@ -228,7 +228,7 @@ TEST(Canali, LineInputTrimNonVaOltreIlMassimo) {
     b.Canale.OpenInput(1, "\\p\\in");
     EXPECT_FALSE(b.Canale.Eof(1));
     Righe righe;
-    const auto prendi = [&](const RigaLetta& riga, bool) { righe.emplace_back(riga.Trimmata()); };
+    const auto prendi = [&](const LineaLetta& riga, bool) { righe.emplace_back(riga.Trimmata()); };
     EXPECT_EQ(b.Canale.LineInputTrim(1, 2, prendi), 2u);
     EXPECT_EQ(righe, (Righe{"a", "b"}));
     EXPECT_EQ(b.Canale.LineInput(1), "c ");
@@ -318,7 +318,7 @@ TEST(Canali, IlSecondoGiroNonRilegge) {
                               }),
               2);
     EXPECT_EQ(RileggiContando(b, [&] { b.File.FileCopy("\\p\\in", "\\p\\altro"); }), 2);
-    // The channel's memory was put to another use.
+    // The channel's buffer was put to another use.
     EXPECT_EQ(RileggiContando(b,
                               [&] {
                                   b.Disco.Metti("/p/x", "x\r\n");
@@ -332,11 +332,44 @@ TEST(Canali, IlSecondoGiroNonRilegge) {
     EXPECT_FALSE(b.Canale.Eof(1));
     b.Canale.Close(1);
     EXPECT_EQ(RileggiContando(b, [] {}), 0);
-    // One byte more than the memory holds at its end.
+    // One byte more than the buffer holds.
     b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 3, 'y') + "\r\n");
     EXPECT_EQ(RileggiContando(b, [] {}), 0);
     b.Disco.Metti("/p/in", Testo(Blocco / 2 - 2, 'x') + "\r\n" + Testo(Blocco / 2 - 1, 'y') + "\r\n");
     EXPECT_GE(RileggiContando(b, [] {}), 2);
+}
+
+TEST(Canali, IlSecondoGiroNonRiapre) {
+    // On a disk that tells of changed rights a file that is unchanged in all is not opened again.
+    Banco b;
+    b.Disco.Metti("/p/in", "uno\r\n");
+    const auto leggi = [&](Vista attesa) { // gives the number of calls to the disk
+        const int prima = b.Disco.ChiamateFatte();
+        b.Canale.OpenInput(1, "\\p\\in");
+        EXPECT_EQ(b.Canale.LineInput(1), attesa);
+        EXPECT_TRUE(b.Canale.Eof(1));
+        b.Canale.Close(1);
+        return b.Disco.ChiamateFatte() - prima;
+    };
+    EXPECT_EQ(leggi("uno"), 4); // opened, read to its end in two steps, closed
+    EXPECT_EQ(leggi("uno"), 2); // this disk tells nothing: opened and closed
+    b.Disco.Cambiato = 1;
+    EXPECT_EQ(leggi("uno"), 4);
+    EXPECT_EQ(leggi("uno"), 0);
+    b.Canale.OpenInput(1, "\\p\\in");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenOutput(2, "\\p\\in"), 0; }), 55); // open all the same
+    EXPECT_EQ(b.Canale.LineInput(1), "uno");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.LineInput(1), 0; }), 62);
+    b.Canale.Close(1);
+    b.Disco.Cambiato = 2; // rights, say
+    b.Disco.Fallisci("ApriLettura", "/in", 75, 1);
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenInput(1, "\\p\\in"), 0; }), 75);
+    EXPECT_EQ(leggi("uno"), 4);
+    EXPECT_EQ(leggi("uno"), 0);
+    b.Disco.Cancella("/p/in");
+    EXPECT_EQ(NumeroDi([&] { return b.Canale.OpenInput(1, "\\p\\in"), 0; }), 53);
+    b.Disco.Metti("/p/in", "due\r\n");
+    EXPECT_EQ(leggi("due"), 4);
 }
 
 // Random text of lines of about `media` bytes, with all kinds of line ends and some hits.
@@ -457,7 +490,7 @@ TEST(Canali, PrintAlBordoDelBlocco) {
         Banco b;
         b.Canale.OpenOutput(2, "\\p\\out");
         b.Canale.Print(2, testo);           // alone in the buffer
-        b.Canale.Print(2, "a", testo, "b"); // behind something
+        b.Canale.Print(2, "a", testo, "b"); // after something
         b.Canale.Print(2, "c");
         b.Canale.Print(2, testo + testo + testo);
         b.Canale.Close(2);
@@ -468,7 +501,7 @@ TEST(Canali, PrintAlBordoDelBlocco) {
 }
 
 TEST(Canali, PrintPezziDiOgniLunghezza) {
-    // Short pieces are copied in strides: each length, at the front and behind another.
+    // Short pieces are copied in strides: each length, at the front and after another.
     Testo attese;
     Banco b;
     b.Canale.OpenOutput(2, "\\p\\out");

@@ -71,6 +71,31 @@ TEST(Codifica, SoloAscii) {
     EXPECT_FALSE(SoloAscii("\xFF"));
 }
 
+TEST(Codifica, Mostrabile) {
+    // Terminals obey control characters: their pictures stand in for them.
+    for (int n = 0; n < 256; ++n) {
+        const std::string utf8 = Utf8Da1252(Chr(n));
+        std::string atteso = utf8;
+        if (n < 32 && n != 9) {
+            atteso = "\xE2\x90";
+            atteso += static_cast<char>(0x80 + n); // U+2400 and on
+        } else if (n == 127) {
+            atteso = "\u2421";
+        } else if (n == 129 || n == 141 || n == 143 || n == 144 || n == 157) {
+            atteso = "\uFFFD";
+        }
+        EXPECT_EQ(Mostrabile(Chr(n)), atteso) << n;
+        EXPECT_EQ(MostrabileUtf8(utf8), atteso) << n;
+        EXPECT_EQ(Mostrabile(Chr(n), true), n == 10 ? "\n" : atteso) << n;
+        EXPECT_EQ(MostrabileUtf8(utf8, true), n == 10 ? "\n" : atteso) << n;
+    }
+    EXPECT_EQ(Mostrabile("a\r\nb", true), "a\u240D\nb");
+    EXPECT_EQ(Mostrabile("perch\xE9\x1B[0m"), "perché\u241B[0m");
+    EXPECT_EQ(MostrabileUtf8("\u00A0\u00C2\u20AC"), "\u00A0\u00C2\u20AC"); // C2 begins other characters too
+    EXPECT_EQ(MostrabileUtf8("a\xC2"), "a\xC2");                           // cut off: left alone
+    EXPECT_EQ(MostrabileUtf8(""), "");
+}
+
 } // namespace
 
 } // namespace morvella

@@ -90,7 +90,7 @@ TEST(Testo, TrimToglieSoloBlank) {
         Vista S, Atteso;
     };
     constexpr Caso Casi[] = {
-        {"  If x  ", "If x"},        {"\t  If x", "\t  If x"}, // the TAB keeps the blanks behind it
+        {"  If x  ", "If x"},        {"\t  If x", "\t  If x"}, // the TAB keeps the blanks after it
         {"  \tIf x\t ", "\tIf x\t"}, {" \r\n ", "\r\n"},       {" \n", "\n"}, {"\xA0 x \xA0", "\xA0 x \xA0"},
         {{" \0 ", 3}, {"\0", 1}},    {" a  b ", "a  b"},       {"   ", ""},   {"", ""},
     };
@@ -102,7 +102,7 @@ TEST(Testo, TrimToglieSoloBlank) {
 }
 
 TEST(Testo, TrimDiOgniLunghezza) {
-    // Blanks are counted in strides: each number of them, with and without something behind.
+    // Blanks are counted in strides: each number of them, with and without something after them.
     for (Lungo davanti = 0; davanti <= 40; ++davanti) {
         for (const Vista in :
              {Vista(), Vista("x"), Vista("\t  x"), Vista("x y z x y z"), Vista("\x21 \x20 \xA0")}) {
@@ -183,7 +183,7 @@ constexpr int Lettere[][2] = {
     {0xD0, 0xF0},                                                                       // Ð ð
     {0xD1, 0xF1},                                                                       // Ñ ñ
     {0xD2, 0xF2}, {0xD3, 0xF3}, {0xD4, 0xF4}, {0xD5, 0xF5}, {0xD6, 0xF6},               // Ò Ó Ô Õ Ö
-    {0xD8, 0xF8},                                           // Ø ø, behind the multiplication sign
+    {0xD8, 0xF8},                                           // Ø ø, after the multiplication sign
     {0xD9, 0xF9}, {0xDA, 0xFA}, {0xDB, 0xFB}, {0xDC, 0xFC}, // Ù Ú Û Ü
     {0xDD, 0xFD},                                           // Ý ý
     {0xDE, 0xFE},                                           // Þ þ

@@ -2,20 +2,26 @@
 #include "text/disco/disco.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace morvella {
 
+namespace {
+
+// A listing or a page has its date: snprintf showed in their profiles.
+std::string Cifre(int numero, std::size_t quante) {
+    std::string cifre = std::to_string(numero);
+    if (cifre.size() < quante) cifre.insert(0, quante - cifre.size(), '0');
+    return cifre;
+}
+
+} // namespace
+
 std::string Disco::TestoData(const Istante& quando) {
-    char testo[48];
-    std::snprintf(testo, sizeof testo, "%02d/%02d/%04d", quando.Giorno, quando.Mese, quando.Anno);
-    return testo;
+    return Cifre(quando.Giorno, 2) + '/' + Cifre(quando.Mese, 2) + '/' + Cifre(quando.Anno, 4);
 }
 
 std::string Disco::TestoOra(const Istante& quando) {
-    char testo[48];
-    std::snprintf(testo, sizeof testo, "%02d:%02d:%02d", quando.Ora, quando.Minuto, quando.Secondo);
-    return testo;
+    return Cifre(quando.Ora, 2) + ':' + Cifre(quando.Minuto, 2) + ':' + Cifre(quando.Secondo, 2);
 }
 
 std::string Disco::Assoluto(const std::string& percorso) {

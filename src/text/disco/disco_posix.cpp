@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The home on a POSIX system.
+// The POSIX backend.
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -87,11 +87,11 @@ class FilePosix : public FileAperto {
         return Identita{static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
     }
 
-    // The kernel's own way from file to file; false where it has none for these two.
+    // Copies inside the kernel; false where it cannot for these two files.
     bool CopiaDentro(FilePosix& sorgente) {
 #ifdef __linux__
-        // As many bytes as the source says it has: to ask for more at its end is an error where the
-        // target may not grow. What says 0 may be a file without a size: it has to be read.
+        // As many bytes as the source says it has: asking for more is an error where the target may
+        // not grow. A size of 0 may mean a file without one: it has to be read.
         struct stat st {};
         if (::fstat(sorgente.fd_, &st) != 0) Solleva();
         const auto tutti = static_cast<std::size_t>(st.st_size);
@@ -136,6 +136,12 @@ Istante Locale(std::time_t secondi) {
     return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 
+// Only ever compared, so a time centuries from now may wrap around.
+std::int64_t Nanosecondi(const timespec& t) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(t.tv_sec) * 1000000000U +
+                                     static_cast<std::uint64_t>(t.tv_nsec));
+}
+
 class DiscoPosix : public Disco {
   public:
     Scheda Esamina(const std::string& percorso) override {
@@ -151,7 +157,9 @@ class DiscoPosix : public Disco {
                                           : TipoVoce::Altro;
         cosa.Chi = {static_cast<std::uint64_t>(st.st_dev), static_cast<std::uint64_t>(st.st_ino)};
         cosa.Bytes = static_cast<std::uint64_t>(st.st_size);
-        cosa.Modificato = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+        cosa.Modificato = Nanosecondi(st.st_mtim);
+        cosa.Cambiato = Nanosecondi(st.st_ctim);
+        cosa.Quando = st.st_mtim.tv_sec;
         return cosa;
     }
 
@@ -191,14 +199,14 @@ class DiscoPosix : public Disco {
     std::string DirectoryCorrente() override {
         std::string percorso(256, '\0');
         while (!::getcwd(percorso.data(), percorso.size())) {
-            if (errno != ERANGE) return "/"; // the directory is gone: what is sought there is not found
+            if (errno != ERANGE) return "/"; // the directory is gone
             percorso.resize(percorso.size() * 2);
         }
         percorso.resize(percorso.find('\0'));
         return percorso;
     }
 
-    // ".." behind a link leads out of what the link stands for: the disk resolves it, not the text.
+    // ".." after a link leaves the link's target: the disk resolves it, not the text.
     std::string Assoluto(const std::string& percorso) override {
         if (percorso.find("..") == std::string::npos) return Disco::Assoluto(percorso);
         const std::size_t nome = percorso.find_last_of('/') + 1;
@@ -258,7 +266,7 @@ class DiscoPosix : public Disco {
                ::faccessat(AT_FDCWD, directory.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
     }
 
-    // Of the two variables one that holds no whole path counts as not set.
+    // A variable without an absolute path counts as not set.
     std::string DirectoryUtente() override {
         const auto variabile = [](const char* nome) {
             const char* valore = std::getenv(nome);
@@ -271,11 +279,7 @@ class DiscoPosix : public Disco {
 
     Istante Adesso() override { return Locale(std::time(nullptr)); }
 
-    Istante UltimaModifica(const std::string& percorso) override {
-        struct stat st {};
-        if (::stat(percorso.c_str(), &st) != 0) Solleva();
-        return Locale(st.st_mtime);
-    }
+    Istante UltimaModifica(const Scheda& cosa) override { return Locale(cosa.Quando); }
 
     std::vector<Unita> ElencaUnita() override {
         std::string testo;
@@ -292,8 +296,7 @@ class DiscoPosix : public Disco {
     }
 
     void Avvia(const std::string& programma, const std::string& percorso, int) override {
-        // A listing is shown by the tool's own viewer where there is one beside the program; all
-        // else, and a page, by what the desktop has for it.
+        // The tool's own viewer beside the program shows listings; the desktop shows the rest.
         if (programma == "Notepad.exe" && Lancia(Vicino("morvella-lettore"), percorso)) return;
         if (!Lancia("xdg-open", percorso)) throw Errore(ErrFileAssente);
     }
@@ -307,7 +310,7 @@ class DiscoPosix : public Disco {
         return questo.substr(0, questo.find_last_of('/') + 1) + nome;
     }
 
-    // Where a program's name leads: a path as it is, a bare name by PATH; "" when to nothing.
+    // The path of a program: a path as given, a bare name by PATH; "" when there is none.
     static std::string CercaProgramma(const std::string& programma) {
         const auto eseguibile = [](const std::string& file) {
             struct stat st {};
@@ -324,15 +327,14 @@ class DiscoPosix : public Disco {
         return "";
     }
 
-    // The program is started by a child that ends at once and so leaves it to the system, which
-    // also takes care of its end: a window that is open for hours must not collect the dead. It
-    // has a session of its own and outlives this program and its terminal. Between fork and exec
-    // nothing is called but the kernel: another thread may have held any lock.
+    // Double fork: init reaps the program, and a long-lived window leaves no zombies. A session of its
+    // own lets it outlive this program and its terminal. Only system calls between fork and exec:
+    // another thread may have held any lock.
     static bool Lancia(const std::string& programma, std::string argomento) {
         std::string file = CercaProgramma(programma);
         if (file.empty()) return false;
         char* argv[] = {file.data(), argomento.data(), nullptr};
-        int tubo[2]; // closed by a start that goes well, else the bearer of a byte
+        int tubo[2]; // exec closes it; a failed start writes a byte
 #ifdef __linux__
         if (::pipe2(tubo, O_CLOEXEC) != 0) Solleva();
 #else
@@ -344,7 +346,7 @@ class DiscoPosix : public Disco {
             ::setsid();
             const pid_t figlio = ::fork();
             if (figlio == 0) {
-                // Who reads this program's output must not wait for the other's end.
+                // A reader of this program's output must not wait for the other to end.
                 const int nulla = ::open("/dev/null", O_RDWR);
                 for (int fd = 0; fd <= 2 && nulla >= 0; ++fd)
                     if (fd != tubo[1]) ::dup2(nulla, fd);

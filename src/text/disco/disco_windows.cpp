@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The home on Windows. Every name goes to the system in UTF-16, so that the machine's code
-// page never decides which file is meant.
+// The Windows backend. Every name goes to the system in UTF-16, so that the machine's code page
+// never decides which file is meant.
 #include <algorithm>
 
 #include "text/disco/disco.h"
@@ -60,8 +60,7 @@ int NumeroDaWindows(DWORD errore) {
     throw Errore(numero == ErrFileAssente ? ErrPercorso : numero);
 }
 
-// The text that a call writes to a buffer, when only the call knows how long it is; "" when
-// the call fails.
+// The text that a call writes to a buffer, where only the call knows its length; "" when it fails.
 template <class F>
 std::wstring Chiedi(F&& chiamata) {
     std::wstring testo(MAX_PATH, L'\0');
@@ -86,9 +85,8 @@ std::wstring DirectoryDelProcesso() {
 constexpr std::wstring_view PrefissoLungo = L"\\\\?\\";
 constexpr std::wstring_view PrefissoRete = L"\\\\?\\UNC\\";
 
-// A path as the calls want it. A long one needs a prefix: without it they stop at 260
-// characters, and a little earlier for a directory. Bytes that are not UTF-8 give "", which
-// is found nowhere.
+// A path as the calls want it. A long one needs a prefix: without it they stop at 260 characters,
+// a little earlier for a directory. Bytes that are not UTF-8 give "", which is never found.
 std::wstring Largo(const std::string& percorso) {
     std::wstring largo = Utf16DaUtf8(percorso, MB_ERR_INVALID_CHARS);
     std::replace(largo.begin(), largo.end(), L'/', L'\\');
@@ -104,7 +102,7 @@ std::wstring SenzaPrefisso(const std::wstring& largo) {
     return largo.starts_with(PrefissoLungo) ? largo.substr(PrefissoLungo.size()) : largo;
 }
 
-// The whole of a path as we pass it around, without a "/" at the end but for a root.
+// The absolute path as passed around here; no "/" at the end but for a root.
 std::string InteroUtf8(std::wstring percorso) {
     std::replace(percorso.begin(), percorso.end(), L'/', L'\\');
     std::string intero = PercorsoDaUtf16(SenzaPrefisso(Intero(percorso)));
@@ -112,7 +110,7 @@ std::string InteroUtf8(std::wstring percorso) {
     return intero;
 }
 
-// "//server": nothing that can be asked, only what leads to its shares.
+// "//server" cannot be examined itself: it only leads to its shares.
 bool SoloServer(const std::string& percorso) {
     return percorso.size() > 2 && percorso.starts_with("//") && percorso.find('/', 2) == std::string::npos;
 }
@@ -178,8 +176,8 @@ HANDLE Apri(const std::string& percorso, bool scrittura) {
     return file;
 }
 
-// What the disk says of one path, links followed. Opened without any right, so that nobody's
-// lock stands in the way; false with the reason in GetLastError.
+// What the disk says of one path, links followed. Opened without access rights, so that no lock
+// stands in the way; false with the reason in GetLastError.
 bool Interroga(const std::string& percorso, BY_HANDLE_FILE_INFORMATION& voce, bool& disco) {
     const HANDLE file = ::CreateFileW(Largo(percorso).c_str(), FILE_READ_ATTRIBUTES,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -212,7 +210,7 @@ constexpr UINT Pagina1252 = 1252;
 
 class DiscoWindows : public Disco {
   public:
-    // An empty drive is an error to be told, not a box that waits for a disk.
+    // An empty drive is an error, not a box that waits for a disk.
     DiscoWindows() { ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS); }
 
     Scheda Esamina(const std::string& percorso) override {
@@ -238,6 +236,7 @@ class DiscoWindows : public Disco {
         cosa.Bytes = Unisci(voce.nFileSizeHigh, voce.nFileSizeLow);
         cosa.Modificato = static_cast<std::int64_t>(
             Unisci(voce.ftLastWriteTime.dwHighDateTime, voce.ftLastWriteTime.dwLowDateTime));
+        cosa.Quando = cosa.Modificato;
         return cosa;
     }
 
@@ -317,8 +316,8 @@ class DiscoWindows : public Disco {
         if (!::DeleteFileW(Largo(percorso).c_str())) Solleva();
     }
 
-    // Tried with a file that goes as it is closed, whatever becomes of this program: rights,
-    // read-only disks and what guards folders against programs each refuse in another place.
+    // Tried with a file that is deleted as it closes, even if this program dies: rights, read-only
+    // disks and folder protection each refuse in a different place.
     bool Scrivibile(const std::string& directory) override {
         const std::string prova = directory + "/~morvella" + std::to_string(::GetCurrentProcessId()) + ".tmp";
         const HANDLE file =
@@ -343,13 +342,12 @@ class DiscoWindows : public Disco {
         return IstanteDa(t);
     }
 
-    Istante UltimaModifica(const std::string& percorso) override {
-        BY_HANDLE_FILE_INFORMATION voce{};
-        bool disco = false;
-        if (!Interroga(percorso, voce, disco)) Solleva();
+    Istante UltimaModifica(const Scheda& cosa) override {
+        const auto ticchi = static_cast<std::uint64_t>(cosa.Quando);
+        const FILETIME quando{static_cast<DWORD>(ticchi), static_cast<DWORD>(ticchi >> 32)};
         SYSTEMTIME universale{};
         SYSTEMTIME locale{};
-        if (!::FileTimeToSystemTime(&voce.ftLastWriteTime, &universale) ||
+        if (!::FileTimeToSystemTime(&quando, &universale) ||
             !::SystemTimeToTzSpecificLocalTime(nullptr, &universale, &locale))
             Solleva();
         return IstanteDa(locale);

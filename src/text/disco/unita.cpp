@@ -77,7 +77,7 @@ bool LuogoDiVolumi(std::string_view punto) {
                        [&](std::string_view luogo) { return punto != luogo && In(punto, luogo); });
 }
 
-// The system's own rooms, on whatever disk they are: nobody keeps a project there.
+// The system's own directories, on whatever disk: nobody keeps a project there.
 bool LuogoDelSistema(std::string_view punto) {
     constexpr std::array<std::string_view, 12> Luoghi = {"/boot", "/dev",  "/efi", "/etc", "/nix", "/proc",
                                                          "/run",  "/snap", "/sys", "/tmp", "/usr", "/var"};

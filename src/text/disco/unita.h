@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // text/disco/unita.h
 //
-// The drives that a person may choose from. Where the system has no letters they are given
-// here: "C:" is the root, and each further mounted volume that a person would know takes the
-// next letter in the order of the mount points, so that the letters stay as long as the
-// volumes do. A volume that comes or goes moves the letters behind its own.
+// The drives that a person may choose from. Where the system has no letters they are assigned here:
+// "C:" is the root, and each other mounted volume that a person would know takes the next letter
+// in the order of the mount points, so that letters are stable while the volumes are. A volume
+// that comes or goes moves the letters after its own.
 #pragma once
 
 #include <functional>
@@ -21,12 +21,12 @@ struct Unita {
     bool operator==(const Unita&) const = default;
 };
 
-/// The letter of the drive that a platform path in whole lies on; "" when it is on none.
+/// The letter of the drive that an absolute platform path lies on; "" when it is on none.
 std::string UnitaDi(const std::vector<Unita>& unita, const std::string& percorso);
 
-/// The drives of a Linux system, from the text of its /proc/self/mountinfo. A mount may show a
-/// single file of another file system in a place of its own; `directory` is asked of the few
-/// that could be such and of no other, since asking a server that has gone can take for ever.
+/// The drives of a Linux system, from the text of its /proc/self/mountinfo. A mount may be a single
+/// file of another file system; `directory` is asked only about the few that could be one, since
+/// asking a server that has gone can take for ever.
 std::vector<Unita> UnitaDaMontaggi(std::string_view mountinfo,
                                    const std::function<bool(const std::string&)>& directory);
 

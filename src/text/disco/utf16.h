@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // text/disco/utf16.h
 //
-// For the homes on Windows alone: the system's header, and the way between UTF-8 and the
-// UTF-16 that its calls want.
+// For the Windows backends alone: the system's header, and conversion between UTF-8 and the UTF-16
+// that its calls want.
 #pragma once
 
 #ifndef NOMINMAX
@@ -28,8 +28,8 @@ inline std::wstring Utf16DaUtf8(std::string_view utf8, DWORD modo = 0) {
     return largo;
 }
 
-/// UTF-16 to UTF-8, or to the code page named; a character that a code page does not have
-/// becomes the like that Windows knows for it, or "?".
+/// UTF-16 to UTF-8, or to the code page named; a character that a code page lacks
+/// becomes the nearest one that Windows knows, or "?".
 inline std::string BytesDaUtf16(std::wstring_view largo, UINT pagina = CP_UTF8) {
     const int n = static_cast<int>(largo.size());
     std::string bytes(static_cast<std::size_t>(
@@ -40,7 +40,7 @@ inline std::string BytesDaUtf16(std::wstring_view largo, UINT pagina = CP_UTF8) 
     return bytes;
 }
 
-/// A path of the system as the platform paths that we pass around: UTF-8 with "/".
+/// A path of the system as a platform path: UTF-8 with "/".
 inline std::string PercorsoDaUtf16(std::wstring_view largo) {
     std::string percorso = BytesDaUtf16(largo);
     for (char& c : percorso)

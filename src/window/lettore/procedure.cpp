@@ -3,6 +3,8 @@
 
 #include <QFont>
 
+#include "text/codifica.h"
+
 namespace morvella::lettore {
 
 namespace {

@@ -148,6 +148,25 @@ TEST(Percorsi, AccentiNeiDueSensi) {
     EXPECT_EQ(b.File.Dir("\\p\\qualit\xC0\\NUOV\xD2.TXT", 0), "nuov\xF2.txt");
 }
 
+TEST(Percorsi, NomeGrezzoChiestoSoloSePuoEsserci) {
+    // The name's own bytes are a second spelling; a valid index without any like name rules it out.
+    Banco b;
+    b.Disco.Metti("/p/altro", "");
+    EXPECT_FALSE(b.File.Trova("\\p\\perch\xE9").Cosa.Esiste()); // reads the index
+    b.Disco.Esami = 0;
+    EXPECT_FALSE(b.File.Trova("\\p\\perch\xE9").Cosa.Esiste());
+    EXPECT_EQ(b.Disco.Esami, 3); // "p", the name, the directory
+    b.Disco.Metti("/p/perch\xE9", "grezzo");
+    b.Disco.Metti("/p/PERCHÉ", "");
+    EXPECT_EQ(b.File.Trova("\\p\\perch\xE9").Percorso, "/p/perch\xE9"); // before any in another case
+    // Where the directory cannot be read, the disk is asked.
+    b.Disco.Metti("/p/x", ""); // the index is void
+    b.Disco.Fallisci("Elenca", "", 75);
+    EXPECT_EQ(b.File.Trova("\\p\\perch\xE9").Percorso, "/p/perch\xE9");
+    b.Disco.Cancella("/p/perch\xE9");
+    EXPECT_FALSE(b.File.Trova("\\p\\perch\xE9").Cosa.Esiste());
+}
+
 TEST(Percorsi, NomiRicordati) {
     // Cyrillic has no place in Windows-1252: the name's own bytes are its text.
     const std::string nome = "Проект.vbp";
@@ -759,6 +778,33 @@ TEST(Archivio, FileProtetti) {
     EXPECT_TRUE(b.Disco.TuttiIFile().empty());
 }
 
+// A disk on which somebody makes a file the moment before a path is asked for.
+class DiscoConAltri : public prove::DiscoFinto {
+  public:
+    std::string Chiesto, Nasce;
+
+    Scheda Esamina(const std::string& percorso) override {
+        if (percorso == Chiesto) {
+            Chiesto.clear();
+            Metti(Nasce, "altrui");
+        }
+        return DiscoFinto::Esamina(percorso);
+    }
+};
+
+TEST(Archivio, ProtettoAncheChiNasceIntanto) {
+    // Its directory was asked already, for the row before.
+    DiscoConAltri disco;
+    disco.Metti("/p/altro", "");
+    Archivio file(disco);
+    disco.Chiesto = "/p/due.frx";
+    disco.Nasce = "/p/DUE.FRX";
+    file.Proteggi({"\\p\\uno.frx", "\\p\\due.frx"});
+    EXPECT_EQ(disco.Chiesto, "");
+    EXPECT_EQ(NumeroDi([&] { return file.Kill("\\p\\due.frx"), 0; }), 70);
+    EXPECT_EQ(disco.Leggi("/p/DUE.FRX"), "altrui");
+}
+
 TEST(Archivio, UnaDirectoryNonEProtetta) {
     Banco b;
     b.Disco.FaiDirectory("/p/Sub");
@@ -799,6 +845,39 @@ TEST(Archivio, FileLenFileDateTime) {
     }
 }
 
+TEST(Archivio, DataELunghezzaDiUnaRiga) {
+    // The two of a bare row in one question; every date is asked anew.
+    Banco b;
+    b.Disco.Metti("/p/Tre", "a\r\n");
+    b.Disco.Metti("/p/perché", "abcd");
+    b.Disco.Modificati["/p/Tre"] = {1999, 12, 31, 0, 0, 0};
+    b.Disco.Esami = 0;
+    EXPECT_EQ(b.File.FileDateTime("Tre"), "31/12/1999");
+    EXPECT_EQ(b.File.FileLen("Tre"), 3);
+    EXPECT_EQ(b.Disco.Esami, 1);
+    b.Disco.Modificati["/p/Tre"] = {2001, 1, 1, 0, 0, 0};
+    EXPECT_EQ(b.File.FileDateTime("Tre"), "01/01/2001");
+    b.Disco.Modificati["/p/Tre"] = {2002, 2, 2, 0, 0, 0};
+    EXPECT_EQ(b.File.FileDateTime("Tre"), "02/02/2002");
+    b.Disco.Metti("/p/Tre", "abcde");
+    EXPECT_EQ(b.File.FileLen("\\p\\Tre"), 5); // spelled otherwise: asked anew
+    EXPECT_EQ(b.File.FileLen("perch\xE9"), 4);
+    EXPECT_EQ(b.File.FileLen("TRE"), 5); // not as spelled: sought
+
+    // The same name in another directory is another file, and one to delete has a path.
+    b.Disco.Metti("/q/Tre", "1234567");
+    EXPECT_EQ(b.File.FileDateTime("Tre"), "02/02/2002");
+    b.File.ChDir("\\q");
+    EXPECT_EQ(b.File.FileLen("Tre"), 7);
+    b.File.FileDateTime("Tre");
+    b.File.Kill("Tre");
+    EXPECT_FALSE(b.Disco.Esiste("/q/Tre"));
+    EXPECT_TRUE(b.Disco.Esiste("/p/Tre"));
+    EXPECT_EQ(NumeroDi([&] { return b.File.FileLen("Tre"); }), 53);
+    EXPECT_EQ(NumeroDi([&] { return b.File.FileLen("a\0b"); }), 53); // the text ends at its NUL
+    EXPECT_EQ(NumeroDi([&] { return b.File.FileLen(Testo("a\0b", 3)); }), 52);
+}
+
 TEST(Archivio, DateTime) {
     Banco b;
     EXPECT_EQ(b.File.Date(), "21/11/2026");
@@ -811,7 +890,7 @@ TEST(Archivio, DateTime) {
 TEST(Archivio, Shell) {
     Banco b;
     b.Disco.Metti("/p/Appoggio/Nome lungo.log", "");
-    b.File.Shell("Notepad.exe \\p\\appoggio\\nome lungo.LOG", 3); // the blank behind the program splits
+    b.File.Shell("Notepad.exe \\p\\appoggio\\nome lungo.LOG", 3); // the blank after the program splits
     b.File.Shell("Explorer \\p\\Appoggio\\Indice.Html", 3);
     EXPECT_EQ(b.Disco.Avviati, (std::vector<std::string>{"Notepad.exe|/p/Appoggio/Nome lungo.log",
                                                          "Explorer|/p/Appoggio/Indice.Html"}));

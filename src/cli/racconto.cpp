@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "cli/racconto.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <ostream>
+
+#include "cli/avvisi.h"
+#include "cli/consiglio.h"
+#include "cli/programma.h"
+#include "cli/sottocartelle.h"
+
+namespace morvella::cli {
+
+namespace {
+
+std::string Italiano(double valore, int decimali) {
+    char testo[64];
+    std::snprintf(testo, sizeof testo, "%.*f", decimali, valore);
+    std::string numero = testo;
+    std::replace(numero.begin(), numero.end(), '.', ',');
+    return numero;
+}
+
+std::string Conto(Lungo n, const char* uno, const char* molti) {
+    return std::to_string(n) + " " + (n == 1 ? uno : molti);
+}
+
+bool Fermata(const Corsa& c) { return !c.Fronte.Avvenuto.Errori.empty(); }
+
+void Avvisa(Corsa& c, const std::vector<std::string>& frasi) {
+    for (const std::string& frase : frasi) c.Fronte.Di("Avviso: " + frase);
+}
+
+bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
+    return std::any_of(prodotto.File.begin(), prodotto.File.end(), [&](const Testo& file) {
+        return file.ends_with(".log") && c.S.File.Trova(file).Cosa.Bytes == 0;
+    });
+}
+
+// Without a form before it in the run, a module whose head does not end is listed from nowhere on.
+void AvvisaVuote(Corsa& c) {
+    for (const Prodotto& prodotto : c.Fronte.Prodotti)
+        if (prodotto.Righe > 0 && StrutturaVuota(c, prodotto))
+            c.Fronte.Di(
+                "Avviso: la struttura di " + TraVirgolette(prodotto.Voce) +
+                " è vuota: nessun form viene prima" +
+                (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dietro un errore ricomincia" : "") +
+                ", e la testata del modulo non finisce mai.");
+}
+
+void AvvisaSenzaVoci(Corsa& c, const char* conseguenza) {
+    if (c.S.File1.ListCount() == 0)
+        c.Fronte.Di(std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") + conseguenza);
+}
+
+// One line a module with what was written for it.
+void RaccontaProdotti(Corsa& c) {
+    std::size_t larga = 0;
+    for (const Prodotto& prodotto : c.Fronte.Prodotti)
+        larga = std::min<std::size_t>(std::max(larga, prodotto.Voce.size()), 40);
+    for (const Prodotto& prodotto : c.Fronte.Prodotti) {
+        const Testo& nome = prodotto.Voce;
+        std::string riga =
+            "  " + Utf8Da1252(nome) + std::string(larga - std::min(larga, nome.size()), ' ') + "  ->";
+        for (std::size_t f = 0; f < prodotto.File.size(); ++f)
+            riga += (f ? ", " : " ") + c.Breve(prodotto.File[f]);
+        c.Stampa(riga);
+    }
+}
+
+void RaccontaAvvisi(Corsa& c, int stato) {
+    const std::string& comando = c.Chiesto.Comando;
+    const Uscite uscite = comando == "struttura"   ? Uscite::Strutture
+                          : comando == "documenta" ? Uscite::Pagine
+                          : c.Lavorate.empty()     ? Uscite::Nessuna
+                                                   : Uscite::Testi;
+    AvvisaVuote(c);
+    Avvisa(c, c.Note);
+    Avvisa(c, Avvisi(c.S, c.Lavorate, uscite));
+    const bool pagine = comando == "documenta" || c.Chiesto.Html;
+    if (comando == "eventi" || stato == RispostoNo || (Fermata(c) && !pagine)) return;
+    AvvisaSenzaVoci(c, pagine ? "senza righe l'indice va nella radice del disco."
+                       : comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
+                                                                   : "non c'è niente da scrivere.");
+}
+
+void RaccontaTotali(Corsa& c, int stato) {
+    const std::chrono::duration<double> durata = std::chrono::steady_clock::now() - c.Inizio;
+    const auto moduli = static_cast<Lungo>(c.Fronte.Prodotti.size());
+    const bool motore = c.Chiesto.Comando != "elenca" && c.Chiesto.Comando != "leggi";
+    if (moduli == 0 && (!motore || Fermata(c) || stato == RispostoNo)) return;
+    Lungo righe = 0;
+    for (const Prodotto& prodotto : c.Fronte.Prodotti) righe += prodotto.Righe;
+    c.Stampa(Conto(moduli, "modulo", "moduli") + ", " + Conto(righe, "riga", "righe") + ", " +
+             Italiano(durata.count(), 2) + " s");
+}
+
+void RaccontaRilievi(Corsa& c) {
+    std::optional<LineeDiEditor> linee;
+    Testo diChi;
+    for (const Rilievo& rilievo : c.Fronte.Trovato.Rilievi()) {
+        if (!linee || diChi != rilievo.Voce) linee.emplace(c.S, diChi = rilievo.Voce);
+        const auto inFile = [&](Lungo n) { return linee->Di(n); };
+        c.Stampa(c.SorgenteDiVoce(rilievo.Voce) + ":" + std::to_string(inFile(rilievo.Dove.Riga)) + ": " +
+                 rilievo.Frase(inFile));
+    }
+}
+
+// The file of an error, or the line of the source where it happened; "" when neither is known.
+std::string DoveErrore(Corsa& c, const ErroreAvvenuto& e, bool fileAssente) {
+    if (!e.Causa.File.empty())
+        return (MancaUnProgramma(e, fileAssente) ? " (un programma per " : " (") + c.Nativo(e.Causa.File) +
+               ")";
+    if (e.Voce.empty() || e.Riga <= 0) return "";
+    return " (" + c.SorgenteDiVoce(e.Voce) + ":" + std::to_string(LineeDiEditor(c.S, e.Voce).Di(e.Riga)) +
+           ")";
+}
+
+} // namespace
+
+void Racconta(Corsa& c, int stato) {
+    c.Fronte.TogliProgresso();
+    if (!c.Chiesto.Silenzioso) {
+        RaccontaProdotti(c);
+        RaccontaAvvisi(c, stato);
+        RaccontaTotali(c, stato);
+    } else if (c.Chiesto.Controlla) {
+        // Silence about findings is a promise: what nobody examined is told.
+        AvvisaVuote(c);
+        Avvisa(c, AvvisiLf(c.S, c.Lavorate));
+        if (stato != RispostoNo && !Fermata(c)) AvvisaSenzaVoci(c, "non c'è niente da controllare.");
+    }
+    if (c.Chiesto.Controlla) RaccontaRilievi(c);
+    c.Intorno.Uscita << std::flush;
+    RaccontaErrori(c);
+}
+
+void RaccontaErrori(Corsa& c) {
+    const Testo lavoro = c.Progetto + "\\Appoggio";
+    const auto directory = [&](const Testo& percorso) {
+        return c.S.File.Trova(percorso).Cosa.Tipo == TipoVoce::Directory;
+    };
+    const bool appoggio = c.Progetto.empty() || !Fermata(c) || directory(lavoro) || !directory(c.Progetto);
+    const std::string& comando = c.Chiesto.Comando;
+    for (const ErroreAvvenuto& e : c.Fronte.Avvenuto.Errori) {
+        const bool pagina = e.Motore == "mnuHTML_Click" && !e.Voce.empty() && !c.Chiesto.Sottocartelle &&
+                            e.Causa.File.starts_with(lavoro + "\\");
+        const Circostanze come{.PuoProseguire =
+                                   !c.Chiesto.Prosegui && comando != "leggi" && comando != "eventi",
+                               .Appoggio = appoggio,
+                               .CartellaFattibile = pagina && CartellaFattibile(c.S, e.Voce),
+                               .FileAssente = !e.Causa.File.empty() && c.S.File.Dir(e.Causa.File, 0).empty(),
+                               .Programma = c.Chiesto.Programma};
+        std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
+        if (!e.Voce.empty()) frase += " alla riga " + TraVirgolette(e.Voce);
+        frase += ": errore " + std::to_string(e.Causa.Numero) + ", " +
+                 Utf8Da1252(Descrizione(e.Causa.Numero)) + DoveErrore(c, e, come.FileAssente);
+        const std::string consiglio = Consiglio(e, come);
+        if (!consiglio.empty()) frase += "\n  " + consiglio;
+        c.Fronte.Di(frase);
+    }
+}
+
+// A slip like "-r Progetto.vbp" must not cost a source.
+void RifiutaRapporto(const Corsa& c) {
+    const std::string& rapporto = c.Chiesto.Rapporto;
+    if (HaNomeDiSorgente(rapporto) && c.Intorno.Macchina.Esamina(rapporto).Esiste())
+        throw UsoErrato{"--rapporto: " + rapporto + " è un file di un progetto e non si sovrascrive"};
+}
+
+bool ScriviRapporto(Corsa& c) {
+    const std::string& rapporto = c.Chiesto.Rapporto;
+    if (rapporto.empty()) return true;
+    const std::string json = Json(c.S, c.Fronte.Avvenuto);
+    if (rapporto == "-") {
+        c.Intorno.Uscita << json;
+        return true;
+    }
+    try {
+        const auto file = c.Intorno.Macchina.ApriScrittura(rapporto);
+        file->Scrivi(json.data(), json.size());
+        file->Chiudi();
+        return true;
+    } catch (const Errore& e) {
+        const int numero = e.Numero == ErrFileAssente ? ErrPercorso : e.Numero;
+        c.Fronte.Di("morvella-cli: errore " + std::to_string(numero) + ", " +
+                    Utf8Da1252(Descrizione(numero)) + " (--rapporto " + rapporto +
+                    ")\n  Il resto è fatto, il rapporto no: controllare che la sua directory ci sia e vi "
+                    "si possa scrivere.");
+        return false;
+    }
+}
+
+} // namespace morvella::cli

@@ -146,16 +146,19 @@ constexpr Schedario Ordinato = [] {
     for (std::size_t i = 0; i < Raggruppati.Quanti; ++i) {
         const Gruppo& gruppo = Raggruppati.Tutti[i];
         Casella& casella = s.Caselle[s.Posto(gruppo.Inizio)];
-        casella = {.Inizio = gruppo.Inizio, .Da = libero, .Altrimenti = gruppo.Altrimenti};
+        casella = {.Inizio = gruppo.Inizio, .Da = libero};
         if (gruppo.Quante > 1) {
             casella.Posti = 7;
             casella.Dove = static_cast<unsigned char>(DoveDiverse(gruppo, s.Fattori[1]));
         }
-        libero = static_cast<unsigned char>(libero + casella.Posti + 1);
+        for (unsigned posto = 0; posto <= casella.Posti; ++posto)
+            s.Confronti[libero++].Esiti[1] = gruppo.Altrimenti;
         for (std::size_t j = 0; j < gruppo.Quante; ++j) {
             const Forma& forma = gruppo.Forme[j];
             Confronto& confronto = s.Confronti[s.Posto(casella, Due(forma, casella.Dove))];
-            confronto = {.Minima = forma.Minima, .Oltre = forma.Massima - forma.Minima, .Esito = forma.Esito};
+            confronto.Minima = forma.Minima;
+            confronto.Oltre = forma.Massima - forma.Minima;
+            confronto.Esiti[2] = confronto.Esiti[3] = forma.Esito;
             for (const std::size_t meta : {0U, 1U}) {
                 confronto.Maschera[meta] = Lettere<std::uint64_t>(forma, 8 * meta, true);
                 confronto.Inizio[meta] = Lettere<std::uint64_t>(forma, 8 * meta, false);
@@ -164,7 +167,7 @@ constexpr Schedario Ordinato = [] {
     }
     return s;
 }();
-static_assert(Ordinato.Confronti[0].Minima > 255 && Ordinato.Caselle[0].Altrimenti == RigaAltra);
+static_assert(Ordinato.Confronti[0].Minima > 255);
 // A shorter row would belong to many slots, a longer one does not fit.
 static_assert(std::all_of(std::begin(Prefissi), std::end(Prefissi), [](const Prefisso& p) {
     return p.Inizio.size() <= 16 && p.Inizio.size() >= (p.Intera ? 2U : 3U);

@@ -22,10 +22,9 @@ inline constexpr std::uint16_t DueLettere = std::bit_cast<std::uint16_t>(std::ar
 /// The slot of three letters.
 struct Casella {
     std::uint32_t Inizio = 0;
-    unsigned char Dove = 0;        // offset in the line of the two letters
-    unsigned char Da = 0;          // the slot's first place
-    unsigned char Posti = 0;       // mask: 0 for a slot of one place, 7 for one of eight
-    Classe Altrimenti = RigaAltra; // of a line with these three letters that matches no row
+    unsigned char Dove = 0;  // offset in the line of the two letters
+    unsigned char Da = 0;    // the slot's first place
+    unsigned char Posti = 0; // mask: 0 for a slot of one place, 7 for one of eight
 };
 /// A row, ready to be compared.
 struct alignas(64) Confronto {
@@ -33,7 +32,8 @@ struct alignas(64) Confronto {
     std::uint64_t Inizio[2] = {};   // what they have to be
     std::size_t Minima = ~std::size_t{0};
     std::size_t Oltre = 0; // how much longer than Minima a line may be
-    Classe Esito = RigaAltra;
+    // The class of a line: of any other, of one with the slot's letters, of one that matches (twice).
+    Classe Esiti[4] = {RigaAltra, RigaAltra, RigaAltra, RigaAltra};
 };
 struct Schedario {
     std::uint32_t Fattori[2] = {}; // multipliers, chosen so that no two rows share a place
@@ -62,13 +62,10 @@ inline Classe ClassificaInMemoria(const char* testo, std::size_t lunga) noexcept
         Rubrica.Confronti[Rubrica.Posto(casella, static_cast<std::uint16_t>(due & DueLettere))];
     const std::uint64_t diverso = ((parole[0] ^ confronto.Inizio[0]) & confronto.Maschera[0]) |
                                   ((parole[1] ^ confronto.Inizio[1]) & confronto.Maschera[1]);
-    const auto scegli = [](bool se, unsigned questa, unsigned altra) {
-        return altra ^ ((altra ^ questa) & (0 - static_cast<unsigned>(se)));
-    };
+    const unsigned treUguali = static_cast<unsigned>(tre == casella.Inizio);
     const unsigned tutti = static_cast<unsigned>(diverso == 0) &
                            static_cast<unsigned>(lunga - confronto.Minima <= confronto.Oltre);
-    return static_cast<Classe>(
-        scegli(tutti != 0, confronto.Esito, scegli(tre == casella.Inizio, casella.Altrimenti, RigaAltra)));
+    return confronto.Esiti[2 * tutti + treUguali];
 }
 
 } // namespace morvella

@@ -78,23 +78,6 @@ class Contatore {
     std::size_t quanti_ = 0;
 };
 
-class Striscia {
-  public:
-    static constexpr std::size_t Misura = 32;
-
-    explicit Striscia(const char* da) noexcept { std::memcpy(parole_, da, Misura); }
-    void Posa(char* dove) const noexcept { std::memcpy(dove, parole_, Misura); }
-    Striscia Con(const Striscia& tiene, const Striscia& nuovo) const noexcept {
-        Striscia esito = *this;
-        for (std::size_t i = 0; i < Misura / 8; ++i)
-            esito.parole_[i] = (parole_[i] & tiene.parole_[i]) | nuovo.parole_[i];
-        return esito;
-    }
-
-  private:
-    std::uint64_t parole_[Misura / 8];
-};
-
 } // namespace semplice
 
 #ifdef MORVELLA_SSE2
@@ -172,26 +155,6 @@ class Contatore {
     __m128i colonne_ = _mm_setzero_si128();
 };
 
-class Striscia {
-  public:
-    static constexpr std::size_t Misura = 32;
-
-    explicit Striscia(const char* da) noexcept : a_(Sedici(da)), b_(Sedici(da + 16)) {}
-    void Posa(char* dove) const noexcept {
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(dove), a_);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(dove + 16), b_);
-    }
-    Striscia Con(const Striscia& tiene, const Striscia& nuovo) const noexcept {
-        return {_mm_or_si128(_mm_and_si128(a_, tiene.a_), nuovo.a_),
-                _mm_or_si128(_mm_and_si128(b_, tiene.b_), nuovo.b_)};
-    }
-
-  private:
-    Striscia(__m128i a, __m128i b) noexcept : a_(a), b_(b) {}
-
-    __m128i a_, b_;
-};
-
 } // namespace largo
 
 namespace fetta = largo;
@@ -208,7 +171,5 @@ using fetta::DoveDue;
 using fetta::DoveParola;
 /// Counts a byte over slices; `AggiungiPrimi` takes only the first `n` bytes of one, `n` below Fetta.
 using fetta::Contatore;
-/// Thirty-two bytes in registers. `Con` keeps the bits set in `tiene` and adds those of `nuovo`.
-using fetta::Striscia;
 
 } // namespace morvella

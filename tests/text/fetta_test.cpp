@@ -80,18 +80,6 @@ TEST(Fetta, Contatore) {
     ProvaContatore<semplice::Contatore>();
 }
 
-TEST(Fetta, Striscia) {
-    SuTestiACaso([](const char* p) {
-        std::string attesa(p, 32);
-        for (std::size_t i = 0; i < 32; ++i) attesa[i] = static_cast<char>((p[i] & p[i + 16]) | p[i + 32]);
-        char avuta[32];
-        Striscia(p).Con(Striscia(p + 16), Striscia(p + 32)).Posa(avuta);
-        ASSERT_EQ(std::string(avuta, 32), attesa);
-        semplice::Striscia(p).Con(semplice::Striscia(p + 16), semplice::Striscia(p + 32)).Posa(avuta);
-        ASSERT_EQ(std::string(avuta, 32), attesa);
-    });
-}
-
 TEST(Fetta, DoveDue) {
     SuTestiACaso([](const char* p) {
         const Segni attesi = AMano(p, Fetta, [](const char* q) { return q[0] == '.' && q[1] == 'S'; });

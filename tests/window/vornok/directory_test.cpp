@@ -3,6 +3,7 @@
 // The lists of directories and of project files: what they show, and what clicks and keys do.
 #include <QScrollBar>
 
+#include "comandi/comandi.h"
 #include "window/vornok/banco.h"
 
 using namespace morvella;

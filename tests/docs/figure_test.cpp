@@ -13,7 +13,7 @@ TEST(Figure, SoloLeMancanti) {
     const char* nomi[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
     for (int maschera = 0; maschera < 16; ++maschera) {
         Banco b;
-        b.Riga("A.bas", "x\n");
+        b.Voce("A.bas", "x\n");
         b.Disco.Metti("/p/Appoggio/OK.LOG", "");
         std::vector<std::string> attese;
         for (int i = 0; i < 4; ++i) {
@@ -56,7 +56,7 @@ TEST(Figure, Dario) {
         }
         b.Disco.Metti("/p/Appoggio/OK.LOG", "");
         if (caso.Prima) b.Disco.Metti(std::string("/p/Appoggio/") + caso.Prima, "figura Dario.gif");
-        b.Riga("A.bas", "x\n");
+        b.Voce("A.bas", "x\n");
         for (int volta = 0; volta < 2; ++volta) { // the second run finds them
             b.Disco.Chiamate.clear();
             ASSERT_EQ(b.Documenta(), 0);
@@ -84,7 +84,7 @@ TEST(Figure, Mancante) {
     for (const auto& [manca, copiate] : casi) {
         Banco b;
         b.Disco.Cancella(std::string("/prog/") + manca);
-        b.Riga("A.bas", "x\n");
+        b.Voce("A.bas", "x\n");
         b.Disco.Metti("/p/Appoggio/Indice.Html", "vecchio");
         EXPECT_EQ(b.Documenta(), 53) << manca;
         EXPECT_TRUE(b.C("/p/Appoggio/A.Html"));
@@ -95,7 +95,7 @@ TEST(Figure, Mancante) {
         EXPECT_EQ(figure, copiate.size()) << manca;
         for (const char* nome : copiate) EXPECT_TRUE(b.C(std::string("/p/Appoggio/") + nome)) << nome;
         EXPECT_EQ(b.S.Label2, "\\p\\A.bas  0/1"); // still
-        EXPECT_TRUE(b.Casa.Box_.empty());
+        EXPECT_TRUE(b.Fronte.Box_.empty());
 
         b.Disco.Metti("/p/Appoggio/" + std::string(manca), "mia"); // there already: not looked for
         EXPECT_EQ(b.Documenta(), 0) << manca;

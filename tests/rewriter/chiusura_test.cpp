@@ -11,7 +11,7 @@ using namespace prove;
 
 TEST(Chiusura, AlByte) {
     Prova p;
-    p.B.Riga("a.bas", "/p/a.bas", "");
+    p.B.Voce("a.bas", "/p/a.bas", "");
     p.Esegui();
     const Testo stelle(55, '*');
     EXPECT_EQ(p.A("a.txt"), "          '" + stelle + "\r\n" +
@@ -31,7 +31,7 @@ TEST(Chiusura, AlByte) {
 TEST(Chiusura, ConVoci) {
     Prova p;
     const Testo lunga(60, 'q');
-    p.B.Riga("a.bas", "/p/a.bas", "Option x\nForm2.Show\n.Show\nForm2.Show 1\n" + lunga + ".Show\n'b.Show\n");
+    p.B.Voce("a.bas", "/p/a.bas", "Option x\nForm2.Show\n.Show\nForm2.Show 1\n" + lunga + ".Show\n'b.Show\n");
     p.Esegui();
     EXPECT_EQ(p.A("a.txt"), Linea(15, "Option x") + Linea(15, "Form2.Show") + Linea(15, ".Show") +
                                 Linea(15, "Form2.Show 1") + Linea(15, lunga + ".Show") +
@@ -43,8 +43,8 @@ TEST(Chiusura, ConVoci) {
 TEST(Chiusura, LaDataDellOrologioUnaVoltaPerFile) {
     Prova p;
     p.Disco.Orologio = {1999, 2, 3, 23, 59, 59};
-    p.B.Riga("a.bas", "/p/a.bas", "");
-    p.B.Riga("b.bas", "/p/b.bas", "");
+    p.B.Voce("a.bas", "/p/a.bas", "");
+    p.B.Voce("b.bas", "/p/b.bas", "");
     p.Esegui();
     EXPECT_TRUE(
         p.A("a.txt").ends_with("          '               Rilettura del 03/02/1999...\r\n          '\r\n"));
@@ -53,7 +53,7 @@ TEST(Chiusura, LaDataDellOrologioUnaVoltaPerFile) {
 
 TEST(Chiusura, DietroUnFileGrezzo) { // also without a line of code, and without a last line end
     Prova p;
-    p.B.Riga("a.bas", "/p/a.bas", "Attribute VB_Name = \"a\"\n  x.Show");
+    p.B.Voce("a.bas", "/p/a.bas", "Attribute VB_Name = \"a\"\n  x.Show");
     p.Esegui();
     EXPECT_EQ(p.A("a.txt"), "Attribute VB_Name = \"a\"\r\n  x.Show\r\n" + Chiusura({Voce("X")}));
 }

@@ -11,7 +11,7 @@ using namespace prove;
 
 TEST(Directory, UnFileAlPostoDiAppoggio) { // counts as the directory; 76 at the first output
     Prova p;
-    p.Riga("a.bas");
+    p.Voce("a.bas");
     p.Disco.Metti("/p/Appoggio", "un file");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 76);
@@ -22,7 +22,7 @@ TEST(Directory, UnFileAlPostoDiAppoggio) { // counts as the directory; 76 at the
 TEST(Directory, AlPostoDiUnUscita) { // 75 where a file was to be; no directory is deleted
     for (const char* nome : {"b.txt", "b.bas", "b.frx"}) {
         Prova p;
-        p.Riga("b.bas");
+        p.Voce("b.bas");
         p.Disco.Metti("/p/b.frx", "binario");
         p.Disco.FaiDirectory(std::string("/p/Appoggio/") + nome);
         p.Esegui();
@@ -34,7 +34,7 @@ TEST(Directory, AlPostoDiUnUscita) { // 75 where a file was to be; no directory 
 TEST(Directory,
      IlNomeScrittoDiUnUscitaCheCE) { // kept where it is written again, not where it is deleted first
     Prova p;
-    p.Riga("b.bas");
+    p.Voce("b.bas");
     p.Disco.Metti("/p/b.frx", "binario");
     for (const char* nome : {"B.TXT", "B.Bas", "B.Frx"})
         p.Disco.Metti(std::string("/p/Appoggio/") + nome, "vecchio");
@@ -48,8 +48,8 @@ TEST(Directory, DiUnNomeCheWindows1252NonHa) { // its bytes pass through, folded
     for (const std::string nome : {"/\xD0\x9F\xD0\xA0/\xE3\x83\x97\xE3\x83\xAD", "/\xC4\x80\xC3\x89"}) {
         DiscoFinto disco(nome);
         Banco b(disco, nome);
-        b.Riga("a.bas", nome + "/a.bas", Modulo);
-        b.Riga("Sub\\c.bas", nome + "/Sub/c.bas", Modulo);
+        b.Voce("a.bas", nome + "/a.bas", Modulo);
+        b.Voce("Sub\\c.bas", nome + "/Sub/c.bas", Modulo);
         mnuRiordina_Click(b.S);
         EXPECT_EQ(b.Arresto(), 0);
         EXPECT_EQ(disco.Leggi(nome + "/Appoggio/a.txt"), Rifatto);
@@ -62,7 +62,7 @@ TEST(Directory, DiUnNomeCheWindows1252NonHa) { // its bytes pass through, folded
 TEST(Directory, NellaRadice) { // doubled "\" in every path
     DiscoFinto disco("/");
     Banco b(disco, "/");
-    b.Riga("a.bas", "/a.bas", Modulo);
+    b.Voce("a.bas", "/a.bas", Modulo);
     mnuRiordina_Click(b.S);
     EXPECT_EQ(b.Arresto(), 0);
     EXPECT_EQ(b.S.DirAppoggio, "\\\\Appoggio");
@@ -78,10 +78,10 @@ TEST(Directory, DueDirectoryPerMaiuscole) { // nothing of a run on one is writte
         if (minuscola) disco.Metti("/data/Prog/appoggio/a.txt", "vecchio"); // an older work directory
         disco.Metti("/lib/x.bas", CrLf(Modulo));
         Banco b(disco, "/data/Prog");
-        b.Riga("a.bas", "/data/Prog/a.bas", Modulo);
-        b.Riga("Sub\\c.frm", "/data/Prog/Sub/c.frm", "x\n");
+        b.Voce("a.bas", "/data/Prog/a.bas", Modulo);
+        b.Voce("Sub\\c.frm", "/data/Prog/Sub/c.frm", "x\n");
         disco.Metti("/data/Prog/Sub/c.frx", "binario");
-        b.Riga("..\\..\\lib\\x.bas");
+        b.Voce("..\\..\\lib\\x.bas");
         mnuRiordina_Click(b.S);
         EXPECT_EQ(b.Arresto(), 0);
         const std::string a = minuscola ? "/data/Prog/appoggio/" : "/data/Prog/Appoggio/";
@@ -97,7 +97,7 @@ TEST(Directory, DueDirectoryPerMaiuscole) { // nothing of a run on one is writte
 // The folded text of a path could be a neighbour's: the directories stay those of the row.
 TEST(Piega, LaDirectoryDellaRigaRestaLaSua) {
     Prova p;
-    p.B.Riga("..\\Lib\\x.bas", "/Lib/x.bas", Modulo);
+    p.B.Voce("..\\Lib\\x.bas", "/Lib/x.bas", Modulo);
     p.Disco.FaiDirectory("/p/Lib");
     p.Disco.FaiDirectory("/p/lib");
     p.Esegui();
@@ -109,8 +109,8 @@ TEST(Piega, LaDirectoryDellaRigaRestaLaSua) {
 TEST(Piega, LaDirectoryDellaRigaSimileAllaCartella) {
     // Read from where the row says; written flat into the work directory.
     Prova p;
-    p.B.Riga("a.bas", "/p/a.bas", Modulo);
-    p.B.Riga("appoggio\\x.bas", "/p/appoggio/x.bas", Modulo);
+    p.B.Voce("a.bas", "/p/a.bas", Modulo);
+    p.B.Voce("appoggio\\x.bas", "/p/appoggio/x.bas", Modulo);
     p.Disco.FaiDirectory("/p/Appoggio");
     p.Esegui();
     EXPECT_EQ(p.B.S.File1.ListCount(), 2);
@@ -125,8 +125,8 @@ TEST(Piega, IlVicinoNonSiTocca) {
     Prova p("/data/Prog");
     p.Disco.Metti("/data/prog/y.bas", "vicino");
     p.Disco.Metti("/data/prog/Appoggio/z.txt", "vicino");
-    p.B.Riga("..\\..\\Prog\\y.bas", "/Prog/y.bas", Modulo);
-    p.B.Riga("z.bas", "/data/Prog/z.bas", Modulo);
+    p.B.Voce("..\\..\\Prog\\y.bas", "/Prog/y.bas", Modulo);
+    p.B.Voce("z.bas", "/data/Prog/z.bas", Modulo);
     p.Esegui();
     EXPECT_EQ(p.Disco.Leggi("/data/prog/y.bas"), "vicino");
     EXPECT_EQ(p.Disco.Leggi("/data/prog/Appoggio/z.txt"), "vicino");

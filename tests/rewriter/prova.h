@@ -22,15 +22,15 @@ struct Prova {
 
     explicit Prova(const std::string& directory = "/p") : Disco(directory), B(Disco, directory) {}
     /// A row with its source, a small module.
-    void Riga(Vista voce) {
+    void Voce(Vista voce) {
         Testo percorso(voce);
         std::replace(percorso.begin(), percorso.end(), '\\', '/');
-        B.Riga(voce, "/p/" + percorso, Modulo);
+        B.Voce(voce, "/p/" + percorso, Modulo);
     }
     void Esegui() {
         Disco.Chiamate.clear();
-        B.Casa.Etichette.clear();
-        B.Casa.Arresti.clear();
+        B.Fronte.Etichette.clear();
+        B.Fronte.Arresti.clear();
         mnuRiordina_Click(S);
         EXPECT_TRUE(B.ChiusoTutto());
     }

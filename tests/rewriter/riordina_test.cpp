@@ -16,8 +16,8 @@ TEST(Riordina, OrdineDelleChiamate) {
     p.Disco.Metti("/p/Prova.vbp", "Type=Exe\r\n");
     p.S.File1Leggi.Nomi = {"Altro.vbp", "Prova.vbp"};
     p.S.File1Leggi.ListIndex = 1;
-    p.B.Riga("b.frm", "/p/b.frm", "x");
-    p.B.Riga("a.bas", "/p/a.bas", "x");
+    p.B.Voce("b.frm", "/p/b.frm", "x");
+    p.B.Voce("a.bas", "/p/a.bas", "x");
     p.Disco.Metti("/p/b.frx", "binario");
     p.Esegui();
     const std::vector<std::string> prima = {
@@ -88,9 +88,9 @@ class FinestraAttenta : public FinestraFinta {
 
 TEST(Riordina, BarreELabel2) {
     DiscoFinto disco;
-    FinestraAttenta casa;
-    Stato s(disco, casa);
-    casa.S = &s;
+    FinestraAttenta fronte;
+    Stato s(disco, fronte);
+    fronte.S = &s;
     CambiaDir1(s, "/p");
     disco.Metti("/p/a.bas", "1\r\n2");
     disco.Metti("/p/c.bas", "");
@@ -100,7 +100,7 @@ TEST(Riordina, BarreELabel2) {
     s.mnuLettura = false;
     s.Progress.Min = 9;
     s.Label2 = "prima";
-    casa.Visti.clear();
+    fronte.Visti.clear();
     mnuRiordina_Click(s);
     const std::vector<Testo> attesi = {
         "Dir1",
@@ -127,7 +127,7 @@ TEST(Riordina, BarreELabel2) {
         "Righe 2/13 via",
         "Righe 0/13 via",
     };
-    EXPECT_EQ(casa.Visti, attesi);
+    EXPECT_EQ(fronte.Visti, attesi);
     EXPECT_TRUE(s.mnuLettura);
     EXPECT_EQ(s.Progress.Min, 0);
     EXPECT_EQ(s.Label2, "");
@@ -148,7 +148,7 @@ TEST(Riordina, BarreELabel2) {
 
 TEST(Riordina, LaSelezioneResta) {
     Prova p;
-    for (const char* riga : {"a.bas", "b.bas", "c.bas"}) p.Riga(riga);
+    for (const char* riga : {"a.bas", "b.bas", "c.bas"}) p.Voce(riga);
     SelezionaFile1(p.S, 1, false);
     p.S.mnuLettura = p.S.mnuvorn = p.S.mnuRiordina = false;
     p.Esegui();
@@ -161,8 +161,8 @@ TEST(Riordina, LaSelezioneResta) {
 
 TEST(Riordina, NullaDiSelezionato) {
     Prova p;
-    p.Riga("a.bas");
-    p.Riga("no.bas"); // its source is not looked for either
+    p.Voce("a.bas");
+    p.Voce("no.bas"); // its source is not looked for either
     SelezionaFile1(p.S, 0, false);
     SelezionaFile1(p.S, 1, false);
     p.S.FileUscita = "prima";
@@ -193,7 +193,7 @@ TEST(Riordina, ListaVuota) {
 
 TEST(Riordina, StatoAllaFine) {
     Prova p;
-    p.B.Riga("X.FRM", "/p/X.FRM",
+    p.B.Voce("X.FRM", "/p/X.FRM",
              "Attribute VB_Exposed = False\nSub a()\nIf b Then\nEnd Sub\nb.Show\nEnd Function\n");
     p.S.ContaRighe = 99;
     p.Esegui();
@@ -210,9 +210,9 @@ TEST(Riordina, StatoAllaFine) {
 
 TEST(Riordina, OgniFileDaCapo) { // margin, history, head state and entries of the file before are gone
     Prova p;
-    p.B.Riga("a.frm", "/p/a.frm", "If x Then\nb.Show\nIf y Then\n");
-    p.B.Riga("b.bas", "/p/b.bas", "raw\nOption x\nEnd Sub\n");
-    p.B.Riga("c.bas", "/p/c.bas", "raw\n");
+    p.B.Voce("a.frm", "/p/a.frm", "If x Then\nb.Show\nIf y Then\n");
+    p.B.Voce("b.bas", "/p/b.bas", "raw\nOption x\nEnd Sub\n");
+    p.B.Voce("c.bas", "/p/c.bas", "raw\n");
     p.Esegui();
     EXPECT_EQ(p.A("b.bas"), "raw\r\n" + Linea(15, "Option x") + Linea(10, "End Sub") + "\r\n" + Chiusura());
     EXPECT_EQ(p.A("c.bas"), "raw\r\n" + Chiusura());

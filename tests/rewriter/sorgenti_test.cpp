@@ -25,11 +25,11 @@ TEST(Sorgenti, UnUscitaCheEUnSorgente) {
     };
     for (const Caso& caso : casi) {
         Prova p;
-        p.Riga(caso.Altra);
+        p.Voce(caso.Altra);
         p.Disco.Metti("/x.bas", CrLf(Modulo));
         p.Disco.Metti("/x.frm", CrLf(Modulo));
         p.Disco.Metti("/x.frx", "binario");
-        p.B.Riga(caso.Una);
+        p.B.Voce(caso.Una);
         const auto prima = p.Disco.TuttiIFile();
         p.Esegui();
         EXPECT_EQ(p.B.Arresto(), 70) << caso.Una << caso.Altra;
@@ -39,8 +39,8 @@ TEST(Sorgenti, UnUscitaCheEUnSorgente) {
 
 TEST(Sorgenti, AncheDiUnaRigaNonSelezionata) {
     Prova p;
-    p.Riga("x.txt");
-    p.B.Riga("..\\x.bas", "/x.bas", Modulo);
+    p.Voce("x.txt");
+    p.B.Voce("..\\x.bas", "/x.bas", Modulo);
     SelezionaFile1(p.S, 1, false);
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
@@ -49,8 +49,8 @@ TEST(Sorgenti, AncheDiUnaRigaNonSelezionata) {
 
 TEST(Sorgenti, DentroAppoggio) { // the working copy of one row is the source of another
     Prova p;
-    p.Riga("x.bas");
-    p.B.Riga("Appoggio\\x.bas", "/p/Appoggio/x.bas", "Option z\n");
+    p.Voce("x.bas");
+    p.B.Voce("Appoggio\\x.bas", "/p/Appoggio/x.bas", "Option z\n");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
     EXPECT_EQ(p.A("x.bas"), "Option z\r\n");
@@ -59,8 +59,8 @@ TEST(Sorgenti, DentroAppoggio) { // the working copy of one row is the source of
 
 TEST(Sorgenti, CambiatiFraDueCorse) { // what is only read is looked at again
     Prova p;
-    p.Riga("x.txt");
-    p.B.Riga("..\\x.bas", "/x.bas", Modulo);
+    p.Voce("x.txt");
+    p.B.Voce("..\\x.bas", "/x.bas", Modulo);
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
     p.Disco.Metti("/p/x.txt", "un altro file"); // as an editor saves it
@@ -69,12 +69,12 @@ TEST(Sorgenti, CambiatiFraDueCorse) { // what is only read is looked at again
     EXPECT_EQ(p.Disco.Leggi("/p/x.txt"), "un altro file");
 
     Prova q;
-    q.Riga("a.bas");
-    q.B.Riga("..\\q\\x.txt"); // its directory comes to be only later
+    q.Voce("a.bas");
+    q.B.Voce("..\\q\\x.txt"); // its directory comes to be only later
     q.Esegui();
     EXPECT_EQ(q.B.Arresto(), 76);
     q.Disco.Metti("/q/x.txt", CrLf(Modulo));
-    q.B.Riga("..\\..\\q\\x.bas");
+    q.B.Voce("..\\..\\q\\x.bas");
     q.Disco.Metti("/q/x.bas", CrLf(Modulo));
     q.Esegui();
     EXPECT_EQ(q.Disco.Leggi("/q/x.txt"), CrLf(Modulo));
@@ -83,12 +83,12 @@ TEST(Sorgenti, CambiatiFraDueCorse) { // what is only read is looked at again
 
 TEST(Sorgenti, DiUnAltroProgettoNonPiu) { // another list of rows, another protection
     Prova p;
-    p.Riga("x.txt");
-    p.B.Riga("..\\x.bas", "/x.bas", Modulo);
+    p.Voce("x.txt");
+    p.B.Voce("..\\x.bas", "/x.bas", Modulo);
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 70);
     p.S.File1.Clear();
-    p.B.Riga("..\\x.bas");
+    p.B.Voce("..\\x.bas");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
     EXPECT_EQ(p.Disco.Leggi("/p/x.txt"), Rifatto);
@@ -99,7 +99,7 @@ TEST(Sorgenti, DiUnAltroProgettoNonPiu) { // another list of rows, another prote
 TEST(Sorgente, FiniDiRiga) {
     Prova p;
     p.Disco.Metti("/p/a.frm", "a\rb\nc\r\n\td \r\n  \xE8\x80\xFF  \r\n\r\n\r\rultima");
-    p.B.Riga("a.frm");
+    p.B.Voce("a.frm");
     p.Esegui();
     EXPECT_EQ(p.A("a.frm"), Linea(15, "a") + Linea(15, "b\nc") + Linea(15, "\td") +
                                 Linea(15, "\xE8\x80\xFF") + Linea(15, "ultima") + Chiusura());
@@ -117,7 +117,7 @@ TEST(Sorgente, PiuLungoDiUnBlocco) {
     }
     const Testo lunga(400000, 'y');
     p.Disco.Metti("/p/a.frm", sorgente + lunga + "\r\n" + sorgente);
-    p.B.Riga("a.frm");
+    p.B.Voce("a.frm");
     p.Esegui();
     EXPECT_TRUE(p.A("a.frm") == atteso + Linea(15, lunga) + atteso + Chiusura());
     EXPECT_EQ(p.S.TotaleRighe, 18001);

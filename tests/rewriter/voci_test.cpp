@@ -12,12 +12,12 @@ using namespace prove;
 TEST(Righe, CortaErrore5) {
     for (const char* corta : {"zzz", "z", "z.b"}) {
         Prova p;
-        p.Riga("a.bas");
-        p.B.Riga(corta);
-        p.B.Riga("zzzz.bas"); // after it, never reached
+        p.Voce("a.bas");
+        p.B.Voce(corta);
+        p.B.Voce("zzzz.bas"); // after it, never reached
         p.Esegui();
         EXPECT_EQ(p.B.Arresto(), 5) << corta;
-        EXPECT_EQ(p.B.Casa.Arresti.front().Voce, 1);
+        EXPECT_EQ(p.B.Fronte.Arresti.front().Voce, 1);
         EXPECT_EQ(p.A("a.txt"), Rifatto);     // the rows before it are done,
         EXPECT_EQ(p.InAppoggio(), "a.txt");   // but the second stage is not
         EXPECT_EQ(p.S.ProgressBar1.Value, 2); // and the window stays as it stood
@@ -29,7 +29,7 @@ TEST(Righe, CortaErrore5) {
 
 TEST(Righe, QuattroByte) { // ".bas": an empty base
     Prova p;
-    p.Riga(".bas");
+    p.Voce(".bas");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
     EXPECT_EQ(p.InAppoggio(), ".bas .txt");
@@ -38,9 +38,9 @@ TEST(Righe, QuattroByte) { // ".bas": an empty base
 
 TEST(Righe, EstensioneDiAltraLunghezza) { // the last 4 bytes go, whatever they are
     Prova p;
-    p.Riga("Form1.f");
-    p.Riga("Senza");
-    p.Riga("x.class");
+    p.Voce("Form1.f");
+    p.Voce("Senza");
+    p.Voce("x.class");
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "for.txt form1.f s.txt senza x.c.txt x.class");
     EXPECT_EQ(p.A("form1.f"), Rifatto);
@@ -48,14 +48,14 @@ TEST(Righe, EstensioneDiAltraLunghezza) { // the last 4 bytes go, whatever they 
 
 TEST(Righe, Assente) {
     Prova p;
-    p.Riga("a.bas");
-    p.B.Riga("b.bas"); // no such file
-    p.Riga("c.bas");
+    p.Voce("a.bas");
+    p.B.Voce("b.bas"); // no such file
+    p.Voce("c.bas");
     p.Disco.Metti("/p/Appoggio/b.txt", "vecchio");
     p.Disco.Metti("/p/Appoggio/c.txt", "vecchio");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 53);
-    EXPECT_EQ(p.B.Casa.Arresti.size(), 1U);
+    EXPECT_EQ(p.B.Fronte.Arresti.size(), 1U);
     EXPECT_EQ(p.InAppoggio(), "a.txt c.txt"); // the text of b was deleted before its source was missed
     EXPECT_EQ(p.A("a.txt"), Rifatto);
     EXPECT_EQ(p.A("c.txt"), "vecchio");
@@ -69,7 +69,7 @@ TEST(Righe, Assente) {
 
 TEST(Righe, DirectoryDelSorgenteAssente) { // 76 that no repair helps: told once, and the end
     Prova p;
-    p.B.Riga("sub\\b.bas");
+    p.B.Voce("sub\\b.bas");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 76);
     EXPECT_EQ(p.S.FileUscita, "\\p\\Appoggio\\b.txt");
@@ -78,7 +78,7 @@ TEST(Righe, DirectoryDelSorgenteAssente) { // 76 that no repair helps: told once
 
 TEST(Righe, SottoDirectory) { // flat, and no working copy; the companion flat too
     Prova p;
-    p.Riga("Sub\\Form1.FRM");
+    p.Voce("Sub\\Form1.FRM");
     p.Disco.Metti("/p/Sub/Form1.frx", "binario");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
@@ -95,7 +95,7 @@ TEST(Righe, SottoDirectory) { // flat, and no working copy; the companion flat t
 
 TEST(Righe, SottoDirectoryPresenteInAppoggio) {
     Prova p;
-    p.Riga("sub\\b.bas");
+    p.Voce("sub\\b.bas");
     p.Disco.Metti("/p/sub/b.frx", "binario");
     p.Disco.FaiDirectory("/p/Appoggio/sub");
     p.Esegui();
@@ -104,8 +104,8 @@ TEST(Righe, SottoDirectoryPresenteInAppoggio) {
 
 TEST(Righe, DuePiatteConLoStessoNome) { // the later one stays
     Prova p;
-    p.B.Riga("s1\\b.bas", "/p/s1/b.bas", "Option a\n");
-    p.B.Riga("s2\\b.bas", "/p/s2/b.bas", "Option z\n");
+    p.B.Voce("s1\\b.bas", "/p/s1/b.bas", "Option a\n");
+    p.B.Voce("s2\\b.bas", "/p/s2/b.bas", "Option z\n");
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "b.txt");
     EXPECT_EQ(p.A("b.txt"), Linea(15, "Option z") + Chiusura());
@@ -113,8 +113,8 @@ TEST(Righe, DuePiatteConLoStessoNome) { // the later one stays
 
 TEST(Righe, PiattaSopraUnaRigaSenzaDirectory) { // each takes the other's text
     Prova p;
-    p.B.Riga("b.bas", "/p/b.bas", "Option a\n");
-    p.B.Riga("sub\\b.bas", "/p/sub/b.bas", "Option z\n");
+    p.B.Voce("b.bas", "/p/b.bas", "Option a\n");
+    p.B.Voce("sub\\b.bas", "/p/sub/b.bas", "Option z\n");
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "b.bas b.txt");
     EXPECT_EQ(p.A("b.bas"), Linea(15, "Option z") + Chiusura());
@@ -122,7 +122,7 @@ TEST(Righe, PiattaSopraUnaRigaSenzaDirectory) { // each takes the other's text
 
 TEST(Righe, LibSopraAssenteEPresente) { // "..\lib\x" below Appoggio is "lib\x" of the project
     Prova p;
-    p.B.Riga("..\\lib\\X.bas", "/lib/X.bas", Modulo);
+    p.B.Voce("..\\lib\\X.bas", "/lib/X.bas", Modulo);
     p.Disco.Metti("/lib/X.frx", "binario");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
@@ -143,7 +143,7 @@ TEST(Righe, LibSopraAssenteEPresente) { // "..\lib\x" below Appoggio is "lib\x" 
 
 TEST(Righe, Maiuscole) {
     Prova p;
-    p.B.Riga("FORM1.FRM", "/p/FORM1.FRM", "x\n");
+    p.B.Voce("FORM1.FRM", "/p/FORM1.FRM", "x\n");
     p.Disco.Metti("/p/FORM1.FRX", "binario");
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "form1.frm form1.frx form1.txt");
@@ -153,7 +153,7 @@ TEST(Righe, Maiuscole) {
 
 TEST(Righe, InAltroCarattereDelDisco) { // accents fold too
     Prova p;
-    p.B.Riga("QUANTIT\xC0.BAS", "/p/Quantit\xC3\xA0.bas", Modulo);
+    p.B.Voce("QUANTIT\xC0.BAS", "/p/Quantit\xC3\xA0.bas", Modulo);
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "quantit\xC3\xA0.bas quantit\xC3\xA0.txt");
     EXPECT_EQ(p.A("quantit\xC3\xA0.bas"), Rifatto);
@@ -161,8 +161,8 @@ TEST(Righe, InAltroCarattereDelDisco) { // accents fold too
 
 TEST(Righe, DueVolteLaStessa) {
     Prova p;
-    p.Riga("a.bas");
-    p.Riga("A.BAS");
+    p.Voce("a.bas");
+    p.Voce("A.BAS");
     p.Disco.Cancella("/p/A.BAS");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
@@ -174,7 +174,7 @@ TEST(Righe, DueVolteLaStessa) {
 
 TEST(Righe, ConIlNomeDelTesto) { // "a.txt": the copy onto itself leaves it as it is
     Prova p;
-    p.Riga("a.txt");
+    p.Voce("a.txt");
     p.Esegui();
     EXPECT_EQ(p.B.Arresto(), 0);
     EXPECT_EQ(p.InAppoggio(), "a.txt");
@@ -183,7 +183,7 @@ TEST(Righe, ConIlNomeDelTesto) { // "a.txt": the copy onto itself leaves it as i
 
 TEST(Righe, ConIlNomeDelCompagno) { // "a.frx": the copy of the companion, last, is the one that stays
     Prova p;
-    p.Riga("a.frx");
+    p.Voce("a.frx");
     p.Esegui();
     EXPECT_EQ(p.InAppoggio(), "a.frx a.txt");
     EXPECT_EQ(p.A("a.txt"), Rifatto);
@@ -192,8 +192,8 @@ TEST(Righe, ConIlNomeDelCompagno) { // "a.frx": the copy of the companion, last,
 
 TEST(Righe, CompagnoAncheDiModuliEClassi) {
     Prova p;
-    p.Riga("a.bas");
-    p.Riga("c.cls");
+    p.Voce("a.bas");
+    p.Voce("c.cls");
     p.Disco.Metti("/p/A.FRX", "a");
     p.Disco.Metti("/p/c.ctx", "c");
     p.Esegui();

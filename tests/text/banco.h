@@ -16,8 +16,8 @@ inline constexpr std::size_t Blocco = Canali::BloccoLetto;
 inline constexpr std::size_t BloccoScritto = Canali::Blocco;
 static_assert(Blocco % BloccoScritto == 0);
 
-// A disk that gives few bytes at a time, so that every place of a file is once the end of what
-// was read.
+/// A disk that gives few bytes at a time, so that every place of a file is once the end of what
+/// was read.
 class DiscoAvaro : public DiscoFinto {
   public:
     std::size_t Boccone = 1;

@@ -9,7 +9,7 @@ endif()
 morvella_prova(readme_test cli/readme_test.cpp)
 target_compile_definitions(readme_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")
 
-morvella_prova(documenta_test cli/documenta_test.cpp cli/opzioni_test.cpp)
+morvella_prova(documenta_test cli/documenta_test.cpp cli/sottocartelle_test.cpp cli/opzioni_test.cpp)
 
 morvella_prova(mostra_test cli/mostra_test.cpp)
 target_compile_definitions(mostra_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")

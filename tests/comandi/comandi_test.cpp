@@ -78,18 +78,18 @@ TEST(Seleziona, AccendeIComandi) {
 TEST(Command1, Domanda) {
     ConProgetto b;
     File1Leggi_Click(b.S);
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto,
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto,
               "Vuoi riordinare il Codice di tutti i form, moduli e classi presenti nel progetto\rProva.vbp");
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 68);
-    EXPECT_EQ(b.Casa.Box_[0].Titolo, "Identazione");
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 68);
+    EXPECT_EQ(b.Fronte.Box_[0].Titolo, "Identazione");
 }
 
 TEST(Command1, RispostaNo) {
     for (const int risposta : {7, 1, 2, 0}) { // any answer but 6
         ConProgetto b;
         const auto prima = b.Disco.TuttiIFile();
-        b.Casa.Risposta = risposta;
+        b.Fronte.Risposta = risposta;
         File1Leggi_Click(b.S);
         EXPECT_EQ(b.S.IndiceFile, risposta); // it holds the answer until an engine counts with it
         EXPECT_EQ(b.Selezione(), "111");
@@ -103,18 +103,19 @@ TEST(Command1, RispostaNo) {
 
 TEST(Command1, RispostaSi) {
     ConProgetto b;
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
     for (const char* nome : {"a.txt", "a.bas", "A.log", "b.txt", "b.bas", "B.log", "c.txt", "c.bas", "C.log",
                              "Prova.vbp", "OK.LOG"})
         EXPECT_TRUE(b.Fatto(nome)) << nome;
     // Rewriter, second stage, listing: each over the rows in their order.
-    EXPECT_EQ(b.Casa.Scritti.size(), 9u);
+    EXPECT_EQ(b.Fronte.Scritti.size(), 9u);
     const char* const ordine[] = {"a.txt", "b.txt", "c.txt", "a.bas", "b.bas",
                                   "c.bas", "A.log", "B.log", "C.log"};
-    for (std::size_t i = 0; i < b.Casa.Scritti.size() && i < 9; ++i)
-        EXPECT_NE(b.Casa.Scritti[i].find(Testo("\\") + ordine[i] + "|"), Testo::npos) << b.Casa.Scritti[i];
+    for (std::size_t i = 0; i < b.Fronte.Scritti.size() && i < 9; ++i)
+        EXPECT_NE(b.Fronte.Scritti[i].find(Testo("\\") + ordine[i] + "|"), Testo::npos)
+            << b.Fronte.Scritti[i];
     EXPECT_EQ(b.Selezione(), "000"); // the listing deselects each row
     EXPECT_EQ(b.S.mnuSeleziona, "DeSeleziona tutto");
 }
@@ -131,9 +132,9 @@ TEST(Command1, SenzaConferma) {
         ConProgetto b;
         b.S.OpzSenzaConferma = c.Opzione;
         b.S.Check2 = c.Check2;
-        b.Casa.Risposta = 7;
+        b.Fronte.Risposta = 7;
         File1Leggi_Click(b.S);
-        EXPECT_EQ(b.Casa.Box_.size(), c.Domande);
+        EXPECT_EQ(b.Fronte.Box_.size(), c.Domande);
         EXPECT_EQ(b.Fatto("a.txt"), c.Opzione);
         EXPECT_EQ(b.Fatto("A.log"), c.Opzione);
     }
@@ -143,24 +144,24 @@ TEST(Command1, NessunProgettoScelto) {
     Banco b;
     CambiaDir1(b.S, "/p");
     Command1_Click(b.S); // the hidden button
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_TRUE(b.Casa.Box_[0].Scritto.ends_with("nel progetto\r"));
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_TRUE(b.Fronte.Box_[0].Scritto.ends_with("nel progetto\r"));
 }
 
 TEST(Command1, ListatoAncheDopoUnArresto) {
     ConProgetto b;
     b.Disco.Cancella("/p/B.bas");
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 2u); // both stop at the same row, without a box
-    EXPECT_EQ(b.Casa.Arresti[0].Motore, "mnuRiordina_Click");
-    EXPECT_EQ(b.Casa.Arresti[1].Motore, "mnuvorn_Click");
-    for (const Arresto& a : b.Casa.Arresti) {
+    ASSERT_EQ(b.Fronte.Arresti.size(), 2u); // both stop at the same row, without a box
+    EXPECT_EQ(b.Fronte.Arresti[0].Motore, "mnuRiordina_Click");
+    EXPECT_EQ(b.Fronte.Arresti[1].Motore, "mnuvorn_Click");
+    for (const Arresto& a : b.Fronte.Arresti) {
         EXPECT_EQ(a.Causa.Numero, 53);
         EXPECT_EQ(a.Causa.File, "\\p\\B.bas");
         EXPECT_EQ(a.Voce, 1);
     }
-    EXPECT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_.size(), 1u);
     EXPECT_TRUE(b.Fatto("a.txt"));
     EXPECT_TRUE(b.Fatto("A.log"));
     EXPECT_FALSE(b.Fatto("a.bas")); // the rewriter came to no second stage
@@ -174,11 +175,11 @@ TEST(Command1, ListatoAncheDopoUnArresto) {
 TEST(Command1, RigaCorta) {
     ConProgetto b;
     b.Disco.Metti("/p/Prova.vbp", "Form=x.f\r\nForm=Zeta.frm\r\n");
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
-    ASSERT_EQ(b.Casa.Arresti.size(), 2u); // three bytes: the cut of the extension
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 5);
-    EXPECT_EQ(b.Casa.Arresti[1].Causa.Numero, 5);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 2u); // three bytes: the cut of the extension
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 5);
+    EXPECT_EQ(b.Fronte.Arresti[1].Causa.Numero, 5);
     EXPECT_EQ(b.S.File1.ListCount(), 2);
 }
 
@@ -199,15 +200,15 @@ TEST(File1Leggi, SenzaRigheChiedeLoStesso) {
     File1Leggi_Click(b.S);
     EXPECT_EQ(b.S.File1.ListCount(), 0);
     EXPECT_EQ(b.S.mnuSeleziona, "DeSeleziona tutto");
-    EXPECT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_.size(), 1u);
     EXPECT_EQ(b.Menu(), "0001"); // as it was
 
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
     EXPECT_TRUE(b.Fatto("Prova.vbp")); // the work directory's step runs, and nothing else
     EXPECT_TRUE(b.Fatto("OK.LOG"));
-    EXPECT_TRUE(b.Casa.Scritti.empty());
+    EXPECT_TRUE(b.Fronte.Scritti.empty());
     EXPECT_EQ(b.Menu(), "0011");
 }
 
@@ -218,7 +219,7 @@ TEST(File1Leggi, ErroreFinale) {
     EXPECT_EQ(NumeroDi([&] { return File1Leggi_Click(b.S), 0; }), 53);
     EXPECT_EQ(b.S.File1.ListCount(), 0);
     EXPECT_EQ(b.S.mnuSeleziona, "Seleziona tutto"); // no further step
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 // ------------------------------------------------------------------ menu states, event by event
@@ -257,7 +258,7 @@ TEST(Menu, LetturaAccesaPrimaDiOgniErrore) {
         b.S.File1.Segna(0, true);
         b.MettiMenu("0000");
         motore(b.S);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
         EXPECT_TRUE(b.S.mnuLettura);
     }
 }
@@ -271,8 +272,8 @@ TEST(Motori, SenzaSelezione) {
         mnuSeleziona_Click(b.S); // none is selected
         b.S.File1.AddItem("x");
         motore(b.S);
-        EXPECT_TRUE(b.Casa.Arresti.empty());
-        EXPECT_TRUE(b.Casa.Scritti.empty());
+        EXPECT_TRUE(b.Fronte.Arresti.empty());
+        EXPECT_TRUE(b.Fronte.Scritti.empty());
         EXPECT_TRUE(b.Fatto("OK.LOG")); // the work directory's step runs
         EXPECT_TRUE(b.Fatto("Prova.vbp"));
         EXPECT_EQ(b.S.Label2, "");
@@ -286,10 +287,10 @@ TEST(Motori, ListatoDueVolte) {
     mnuvorn_Click(b.S);
     const auto prima = b.Disco.TuttiIFile();
     b.Disco.Orologio.Ora = 15; // a new listing would show it
-    const std::size_t scritti = b.Casa.Scritti.size();
+    const std::size_t scritti = b.Fronte.Scritti.size();
     EXPECT_EQ(scritti, 3u);
     mnuvorn_Click(b.S); // no row is selected any more
-    EXPECT_EQ(b.Casa.Scritti.size(), scritti);
+    EXPECT_EQ(b.Fronte.Scritti.size(), scritti);
     EXPECT_EQ(b.Disco.TuttiIFile(), prima);
 }
 
@@ -326,9 +327,9 @@ TEST(Motori, CartellaCheNonSiPuoFare) {
         File1Leggi_Click(b.S);
         b.Disco.Fallisci("CreaDirectory", "/Appoggio", 75);
         motore(b.S);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 76);
-        EXPECT_EQ(b.Casa.Arresti[0].Voce, 0);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 76);
+        EXPECT_EQ(b.Fronte.Arresti[0].Voce, 0);
         EXPECT_FALSE(b.S.Canale.Aperto(1) || b.S.Canale.Aperto(2));
     }
 }
@@ -339,8 +340,8 @@ TEST(Motori, FileChiamatoAppoggio) {
         File1Leggi_Click(b.S);
         b.Disco.Metti("/p/Appoggio", "file");
         motore(b.S);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 76);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 76);
         EXPECT_EQ(b.Disco.Leggi("/p/Appoggio"), "file");
     }
 }
@@ -352,9 +353,9 @@ TEST(Motori, SorgenteInUnaDirectoryCheManca) {
         b.Disco.Metti("/p/Prova.vbp", "Form=manca\\x.frm\r\n");
         File1Leggi_Click(b.S);
         motore(b.S);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 76);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.File, "\\p\\manca\\x.frm");
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 76);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.File, "\\p\\manca\\x.frm");
     }
 }
 
@@ -363,9 +364,9 @@ TEST(Motori, RigaDiSottodirectoryFinisceNellaCartella) {
     b.Disco.Metti("/p/sub/Form1.frm",
                   "VERSION 5.00\r\nAttribute VB_Exposed = False\r\nSub a()\r\nEnd Sub\r\n");
     b.Disco.Metti("/p/Prova.vbp", "Form=sub\\Form1.frm\r\n");
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
     EXPECT_TRUE(b.Fatto("form1.txt")); // flat
     EXPECT_TRUE(b.Fatto("Form1.log"));
     EXPECT_FALSE(b.Fatto("form1.frm")); // sought below the missing directory: no copy of its own
@@ -378,15 +379,15 @@ TEST(Motori, SorgentiSacre) {
     b.Scegli("Module=X; x.bas\r\nModule=Y; ..\\x.bas\r\n");
     b.Disco.Metti("/p/x.bas", Modulo);
     b.Disco.Metti("/x.bas", "Attribute VB_Name = \"Y\"\r\nSub y()\r\nEnd Sub\r\n");
-    b.Casa.Risposta = 6;
+    b.Fronte.Risposta = 6;
     File1Leggi_Click(b.S);
     EXPECT_EQ(b.Disco.Leggi("/p/x.bas"), Modulo);
     EXPECT_EQ(b.Disco.Leggi("/x.bas"), "Attribute VB_Name = \"Y\"\r\nSub y()\r\nEnd Sub\r\n");
-    ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-    EXPECT_EQ(b.Casa.Arresti[0].Motore, "mnuRiordina_Click");
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 70);
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.File, "\\p\\appoggio\\..\\x.bas");
-    EXPECT_TRUE(b.Casa.Arresti[0].SecondoGiro);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+    EXPECT_EQ(b.Fronte.Arresti[0].Motore, "mnuRiordina_Click");
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 70);
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.File, "\\p\\appoggio\\..\\x.bas");
+    EXPECT_TRUE(b.Fronte.Arresti[0].SecondoGiro);
 }
 
 } // namespace

@@ -147,13 +147,13 @@ TEST(Aiuto, Apertura) {
     for (int volta = 1; volta <= 2; ++volta) {
         b.Disco.Chiamate.clear();
         ASSERT_EQ(Aiuto(b), 0);
-        EXPECT_EQ(b.Casa.Processi,
+        EXPECT_EQ(b.Fronte.Processi,
                   std::vector<Testo>(static_cast<std::size_t>(volta), "Explorer \\prog\\tavolerio.htm"));
-        EXPECT_EQ(b.Casa.StileProcesso, 3);
+        EXPECT_EQ(b.Fronte.StileProcesso, 3);
         EXPECT_EQ(b.Disco.Chiamate.empty(), volta == 2); // the second writes nothing
     }
     EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p");
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 // A page that is there stays, whatever stands in it and however it is spelled.
@@ -164,7 +164,7 @@ TEST(Aiuto, GiaPresente) {
             b.Disco.Metti(nome, bytes);
             ASSERT_EQ(Aiuto(b), 0);
             EXPECT_EQ(b.Disco.Leggi(nome), bytes);
-            EXPECT_EQ(b.Casa.Processi.size(), 1U);
+            EXPECT_EQ(b.Fronte.Processi.size(), 1U);
             EXPECT_EQ(b.Disco.TuttiIFile().size(), 5U); // and the four pictures
         }
 }
@@ -173,7 +173,7 @@ TEST(Aiuto, NonScrivibile) {
     Banco b;
     b.Disco.Fallisci("ApriScrittura", "tavolerio.htm", 75);
     EXPECT_EQ(Aiuto(b), 75);
-    EXPECT_TRUE(b.Casa.Processi.empty());
+    EXPECT_TRUE(b.Fronte.Processi.empty());
     Banco d; // a directory in its place is no page
     d.Disco.FaiDirectory("/prog/tavolerio.htm");
     EXPECT_EQ(Aiuto(d), 75);

@@ -44,11 +44,11 @@ class FinestraCurva : public FinestraFinta {
 
 struct Banco {
     DiscoAnnotato Disco{"/p"};
-    FinestraCurva Casa;
-    Stato S{Disco, Casa};
+    FinestraCurva Fronte;
+    Stato S{Disco, Fronte};
 
     Banco() {
-        Casa.S = &S;
+        Fronte.S = &S;
         for (const char* nome : {"p2.gif", "Dario.gif", "BLULETHR.GIF", "home.GIF"})
             Disco.Metti(std::string("/prog/") + nome, std::string("figura ") + nome);
         S.AppPath = S.File.Aggancia(Gancio::Programma, "/prog");
@@ -57,7 +57,7 @@ struct Banco {
     }
 
     /// Adds a row, selected, with its source ("\n" for CR LF) where one is given.
-    void Riga(Vista voce, std::optional<Vista> sorgente = std::nullopt) {
+    void Voce(Vista voce, std::optional<Vista> sorgente = std::nullopt) {
         S.File1.AddItem(voce);
         if (sorgente) Disco.Metti("/p/" + Utf8Da1252(voce), CrLf(*sorgente));
         for (Lungo i = 0; i < S.File1.ListCount(); ++i) S.File1.Segna(i, true);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The run over the rows: the order of its statements, the work directory, the pictures, what it
-// leaves in the state, and where it ends.
+// The run over the rows: the order of its statements, the work directory, what it leaves in the
+// state, and where it ends.
 #include "docs/banco.h"
 
 namespace morvella {
@@ -25,7 +25,7 @@ std::vector<std::string> SenzaLetture(const std::vector<std::string>& chiamate) 
 // An earlier run's work directory may be gone by the next run, which then makes it again.
 TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
     Banco b;
-    b.Riga("A.bas", "x\n");
+    b.Voce("A.bas", "x\n");
     b.Disco.Metti("/p/appoggio/x", "");
     ASSERT_EQ(b.Documenta(), 0);
     ASSERT_TRUE(b.C("/p/appoggio/A.Html"));
@@ -40,8 +40,8 @@ TEST(Corsa, LaDirectoryDiPrimaNonCEPiu) {
 
 TEST(Corsa, OrdineDelleIstruzioni) {
     Banco b;
-    b.Riga("A.bas", "x\n");
-    b.Riga("B.bas", "x\n");
+    b.Voce("A.bas", "x\n");
+    b.Voce("B.bas", "x\n");
     b.Disco.Chiamate.clear();
     ASSERT_EQ(b.Documenta(), 0);
     const std::vector<std::string> nuova = {
@@ -108,7 +108,7 @@ TEST(Corsa, OrdineDelleIstruzioni) {
 TEST(Corsa, LaPaginaVecchiaSparisce) {
     Banco b;
     b.Disco.Metti("/p/Appoggio/a.HTML", "vecchia");
-    b.Riga("A.bas");
+    b.Voce("A.bas");
     EXPECT_EQ(b.Documenta(), 53);
     EXPECT_FALSE(b.C("/p/Appoggio/a.HTML") || b.C("/p/Appoggio/A.Html"));
 }
@@ -122,9 +122,9 @@ TEST(Corsa, StatoDopo) {
     b.S.ProgressBar1 = {3, 7, 5, true, 5};
     b.S.mnuSeleziona = "DeSeleziona tutto";
     b.S.mnuLettura = b.S.mnuRiordina = b.S.mnuvorn = false;
-    b.Riga("A.bas", "Option Explicit\nPublic Sub a()\nPublic Function f()\n");
-    b.Riga("B.bas", "x\n");
-    b.Riga("C.bas", "Option Explicit\nPublic Function f()\nBegin VB.Menu\n");
+    b.Voce("A.bas", "Option Explicit\nPublic Sub a()\nPublic Function f()\n");
+    b.Voce("B.bas", "x\n");
+    b.Voce("C.bas", "Option Explicit\nPublic Function f()\nBegin VB.Menu\n");
     b.S.File1.Segna(1, false);
     ASSERT_EQ(b.Documenta(), 0);
 
@@ -148,17 +148,18 @@ TEST(Corsa, StatoDopo) {
     EXPECT_EQ(b.S.Margine, "     ");
     EXPECT_EQ(b.S.StoriaBlocchi, "0002");
     EXPECT_EQ(b.S.TotaleRighe, 3);
-    EXPECT_EQ(b.Casa.Scritti, (std::vector<Testo>{"0|\\p\\Appoggio\\A.Html|3", "2|\\p\\Appoggio\\C.Html|3"}));
-    EXPECT_TRUE(b.Casa.Arresti.empty()); // nothing is trapped here
+    EXPECT_EQ(b.Fronte.Scritti,
+              (std::vector<Testo>{"0|\\p\\Appoggio\\A.Html|3", "2|\\p\\Appoggio\\C.Html|3"}));
+    EXPECT_TRUE(b.Fronte.Arresti.empty()); // nothing is trapped here
 }
 
 // The place in the whole list, from 0, over the number of rows selected.
 TEST(Corsa, Label2) {
     Banco b;
-    for (char c = 'A'; c <= 'J'; ++c) b.Riga(Testo(1, c) + ".bas", "x\n");
+    for (char c = 'A'; c <= 'J'; ++c) b.Voce(Testo(1, c) + ".bas", "x\n");
     for (const Lungo i : {0, 2, 3, 5, 6, 7, 8}) b.S.File1.Segna(i, false);
     ASSERT_EQ(b.Documenta(), 0);
-    EXPECT_EQ(b.Casa.Etichette,
+    EXPECT_EQ(b.Fronte.Etichette,
               (std::vector<Testo>{"\\p\\B.bas  1/3", "\\p\\E.bas  4/3", "\\p\\J.bas  9/3", ""}));
 }
 
@@ -166,9 +167,9 @@ TEST(Corsa, Label2) {
 // It stays visible during the question.
 TEST(Corsa, Progress) {
     Banco b;
-    b.Riga("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");
+    b.Voce("A.frm", "Begin VB.Menu a\nx\nBegin VB.Menu b\nx\ny\n");
     int domande = 0;
-    b.Casa.AllaDomanda = [&] {
+    b.Fronte.AllaDomanda = [&] {
         ++domande;
         EXPECT_TRUE(b.S.Progress.Visible);
         EXPECT_EQ(b.S.Progress.Value, 3);
@@ -193,8 +194,8 @@ struct DiscoSenzaMemoria : DiscoFinto {
 // The viewer's command comes on before anything that can fail, the look at the sources included.
 TEST(Corsa, LetturaSiAccendePerPrima) {
     DiscoSenzaMemoria disco;
-    FinestraFinta casa;
-    Stato s(disco, casa);
+    FinestraFinta fronte;
+    Stato s(disco, fronte);
     CambiaDir1(s, "/p");
     s.File1.AddItem("A.bas");
     s.mnuLettura = false;
@@ -211,12 +212,12 @@ TEST(Corsa, IlSorgenteSiChiudeDopoLUltimoCollegamento) {
     for (const std::size_t misura : {std::size_t{0}, Canali::Blocco, Canali::Blocco + 1}) {
         Banco b;
         if (misura > 0) { // of the page up to the last link line, by the name of the form shown
-            b.Riga("A.bas", Testo(130000, 'F') + ".Show\n");
+            b.Voce("A.bas", Testo(130000, 'F') + ".Show\n");
             ASSERT_EQ(b.Documenta(), 0);
             nome = 130000 + misura - (b.Pagina("A.Html").size() - coda.size());
         }
         Banco c;
-        c.Riga("A.bas", Testo(nome, 'F') + ".Show\n");
+        c.Voce("A.bas", Testo(nome, 'F') + ".Show\n");
         ASSERT_EQ(c.Documenta(), 0);
         const std::string pagina = c.Pagina("A.Html");
         ASSERT_TRUE(pagina.ends_with(coda));
@@ -237,7 +238,7 @@ TEST(Corsa, IlSorgenteSiChiudeDopoLUltimoCollegamento) {
 TEST(Corsa, StatoDopoUnErrore) {
     Banco b;
     b.S.mnuLettura = false;
-    b.Riga("A.frm", "x\nBegin VB.Menu a\n");
+    b.Voce("A.frm", "x\nBegin VB.Menu a\n");
     EXPECT_EQ(b.Documenta(), 62);
     EXPECT_TRUE(b.S.mnuLettura);
     EXPECT_EQ(b.S.Label2, "\\p\\A.frm  0/1");
@@ -262,7 +263,7 @@ TEST(Cartella, Preparazione) {
     for (const Caso& caso : casi) {
         SCOPED_TRACE(static_cast<int>(caso.Prima));
         Banco b;
-        b.Riga("A.bas", "x\n");
+        b.Voce("A.bas", "x\n");
         b.Disco.Metti("/qui/A.bas", "x\r\n"); // for date and size
         b.Disco.CambiaDirectory("/qui");
         switch (caso.Prima) {
@@ -276,7 +277,7 @@ TEST(Cartella, Preparazione) {
         EXPECT_EQ(b.C("/p/Appoggio/OK.LOG"), caso.Marca);
         EXPECT_EQ(b.Disco.DirectoryCorrente(), caso.Sposta ? "/p" : "/qui");
         EXPECT_EQ(b.C("/p/Appoggio/A.Html"), caso.Errore == 0);
-        EXPECT_EQ(b.Casa.Etichette.empty(), caso.Errore != 0); // it ends before the first row
+        EXPECT_EQ(b.Fronte.Etichette.empty(), caso.Errore != 0); // it ends before the first row
     }
 }
 
@@ -284,7 +285,7 @@ TEST(Cartella, Preparazione) {
 TEST(Cartella, MarcaVecchia) {
     Banco b;
     b.Disco.Metti("/p/Appoggio/OK.LOG", "vecchia");
-    b.Riga("A.bas", "x\n");
+    b.Voce("A.bas", "x\n");
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_EQ(b.Pagina("OK.LOG"), "vecchia");
 }
@@ -294,7 +295,7 @@ TEST(Corsa, NessunaRigaSelezionata) {
     for (const bool conRighe : {false, true}) {
         Banco b;
         if (conRighe) {
-            b.Riga("A.bas", "x\n");
+            b.Voce("A.bas", "x\n");
             b.S.File1.Segna(0, false);
         }
         b.S.mnuLettura = false;
@@ -315,8 +316,8 @@ TEST(Corsa, NessunaRigaSelezionata) {
         EXPECT_EQ(dopo["/Indice.Html"].find("href"), std::string::npos);
         dopo.erase("/Indice.Html");
         EXPECT_TRUE(dopo == prima);
-        ASSERT_EQ(b.Casa.Box_.size(), 1U);
-        EXPECT_EQ(b.Casa.Etichette, std::vector<Testo>{""});
+        ASSERT_EQ(b.Fronte.Box_.size(), 1U);
+        EXPECT_EQ(b.Fronte.Etichette, std::vector<Testo>{""});
     }
 }
 
@@ -343,13 +344,13 @@ TEST(Corsa, Errori) {
         b.Disco.FaiDirectory("/p/Appoggio/altra");
         b.Disco.Metti("/p/Appoggio/OK.LOG", "");
         if (caso.File) b.Disco.Metti(caso.File, "x\r\n");
-        b.Riga(caso.Voce);
-        b.Riga("zz.bas", "x\n");
+        b.Voce(caso.Voce);
+        b.Voce("zz.bas", "x\n");
         const File prima = b.Disco.TuttiIFile();
         EXPECT_EQ(b.Documenta(), caso.Errore);
         b.ChiudiTutto();
         EXPECT_TRUE(b.Disco.TuttiIFile() == prima);
-        EXPECT_TRUE(b.Casa.Box_.empty() && b.Casa.Arresti.empty());
+        EXPECT_TRUE(b.Fronte.Box_.empty() && b.Fronte.Arresti.empty());
     }
 }
 
@@ -358,7 +359,7 @@ TEST(Corsa, RigaCheRisale) {
     Banco b;
     b.Disco.Metti("/Comune/Form.frm", "x\r\n");
     b.Disco.FaiDirectory("/p/Comune");
-    b.Riga("..\\Comune\\Form.frm");
+    b.Voce("..\\Comune\\Form.frm");
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_TRUE(b.C("/p/Comune/Form.Html") && b.C("/p/Appoggio/Indice.Html"));
     EXPECT_FALSE(b.C("/Comune/Form.Html"));
@@ -371,126 +372,10 @@ TEST(Corsa, LaPaginaNonESulSorgente) {
     b.Disco.Metti("/p/Appoggio/OK.LOG", "");
     // The row's source is /Altro.cls; its page would be /p/Altro.Html, which is another row's source.
     b.Disco.Metti("/Altro.cls", "x\r\n");
-    b.Riga("..\\Altro.cls");
-    b.Riga("Altro.Html", "sorgente\n");
+    b.Voce("..\\Altro.cls");
+    b.Voce("Altro.Html", "sorgente\n");
     EXPECT_EQ(b.Documenta(), 70);
     EXPECT_EQ(b.Disco.Leggi("/p/Altro.Html"), "sorgente\r\n");
-}
-
-TEST(Figure, SoloLeMancanti) {
-    const char* nomi[] = {"p2.gif", "dario.gif", "BLULETHR.GIF", "home.GIF"};
-    for (int maschera = 0; maschera < 16; ++maschera) {
-        Banco b;
-        b.Riga("A.bas", "x\n");
-        b.Disco.Metti("/p/Appoggio/OK.LOG", "");
-        std::vector<std::string> attese;
-        for (int i = 0; i < 4; ++i) {
-            if ((maschera >> i & 1) != 0)
-                b.Disco.Metti(std::string("/p/Appoggio/") + nomi[i], "mia");
-            else
-                attese.push_back(std::string("Copia /p/Appoggio/") + nomi[i]);
-        }
-        attese.emplace_back("Copia /p/Appoggio/Dario.gif");
-        b.Disco.Chiamate.clear();
-        ASSERT_EQ(b.Documenta(), 0);
-        std::vector<std::string> copie;
-        for (const std::string& chiamata : b.Disco.Chiamate)
-            if (chiamata.starts_with("Copia ")) copie.push_back(chiamata);
-        EXPECT_EQ(copie, attese) << maschera;
-        for (int i = 0; i < 4; ++i)
-            EXPECT_EQ(b.Pagina(nomi[i]) == "mia", (maschera >> i & 1) != 0) << nomi[i];
-        EXPECT_EQ(b.Pagina("Dario.gif"), b.Pagina("dario.gif"));
-    }
-}
-
-// The pages ask for "Dario.gif" and the copy is "dario.gif": a disk that tells them apart has both.
-TEST(Figure, Dario) {
-    struct Caso {
-        bool Distingue;
-        const char* Prima; // in the work directory
-        std::vector<std::string> Dopo;
-    };
-    const Caso casi[] = {
-        {true, nullptr, {"Dario.gif", "dario.gif"}},
-        {true, "Dario.gif", {"Dario.gif"}},
-        {true, "DARIO.GIF", {"DARIO.GIF", "Dario.gif"}},
-        {false, nullptr, {"dario.gif"}},
-    };
-    for (const Caso& caso : casi) {
-        Banco b;
-        if (!caso.Distingue) { // and names are found as they are spelled
-            b.Disco.Distingue = false;
-            b.Disco.Metti("/prog/dario.gif", "figura Dario.gif");
-        }
-        b.Disco.Metti("/p/Appoggio/OK.LOG", "");
-        if (caso.Prima) b.Disco.Metti(std::string("/p/Appoggio/") + caso.Prima, "figura Dario.gif");
-        b.Riga("A.bas", "x\n");
-        for (int volta = 0; volta < 2; ++volta) { // the second run finds them
-            b.Disco.Chiamate.clear();
-            ASSERT_EQ(b.Documenta(), 0);
-            std::vector<std::string> dopo;
-            for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
-                if (percorso.starts_with("/p/Appoggio/") && LCase(percorso).ends_with("/dario.gif")) {
-                    dopo.push_back(percorso.substr(12));
-                    EXPECT_EQ(bytes, "figura Dario.gif");
-                }
-            EXPECT_EQ(dopo, caso.Dopo);
-            for (const std::string& chiamata : b.Disco.Chiamate)
-                EXPECT_FALSE(volta == 1 && chiamata.starts_with("Copia ")) << chiamata;
-        }
-    }
-}
-
-// One that is not beside the program ends the run: pages stay, no index comes.
-TEST(Figure, Mancante) {
-    const std::pair<const char*, std::vector<const char*>> casi[] = {
-        {"p2.gif", {}},
-        {"Dario.gif", {"p2.gif"}},
-        {"BLULETHR.GIF", {"p2.gif", "dario.gif"}},
-        {"home.GIF", {"p2.gif", "dario.gif", "BLULETHR.GIF"}},
-    };
-    for (const auto& [manca, copiate] : casi) {
-        Banco b;
-        b.Disco.Cancella(std::string("/prog/") + manca);
-        b.Riga("A.bas", "x\n");
-        b.Disco.Metti("/p/Appoggio/Indice.Html", "vecchio");
-        EXPECT_EQ(b.Documenta(), 53) << manca;
-        EXPECT_TRUE(b.C("/p/Appoggio/A.Html"));
-        EXPECT_EQ(b.Pagina("Indice.Html"), "vecchio");
-        std::size_t figure = 0;
-        for (const auto& [percorso, bytes] : b.Disco.TuttiIFile())
-            if (percorso.starts_with("/p/Appoggio/") && bytes.starts_with("figura ")) ++figure;
-        EXPECT_EQ(figure, copiate.size()) << manca;
-        for (const char* nome : copiate) EXPECT_TRUE(b.C(std::string("/p/Appoggio/") + nome)) << nome;
-        EXPECT_EQ(b.S.Label2, "\\p\\A.bas  0/1"); // still
-        EXPECT_TRUE(b.Casa.Box_.empty());
-
-        b.Disco.Metti("/p/Appoggio/" + std::string(manca), "mia"); // there already: not looked for
-        EXPECT_EQ(b.Documenta(), 0) << manca;
-    }
-}
-
-// The step is passed over only where program, project and pages share one directory.
-TEST(Figure, TutteUguali) {
-    Banco b;
-    b.Disco.Metti("/p2/altro", "");
-    b.S.AppPath = b.S.Dir1Path;
-    CopiaFigure(b.S, b.S.Dir1Path);
-    EXPECT_FALSE(b.C("/p/p2.gif"));
-    EXPECT_EQ(NumeroDi([&] {
-                  CopiaFigure(b.S, b.S.Dir1Path + "\\Appoggio");
-                  return 0;
-              }),
-              53);        // not beside the "program"
-    b.S.AppPath = "\\p2"; // the pages lie beside the program, the project does not: it runs
-    EXPECT_EQ(NumeroDi([&] {
-                  CopiaFigure(b.S, "\\p2");
-                  return 0;
-              }),
-              53);
-    b.S.AppPath = "\\prog";
-    CopiaFigure(b.S, b.S.Dir1Path);
-    EXPECT_TRUE(b.C("/p/p2.gif"));
 }
 
 // The root of a drive ends in a separator, and gets no second one.
@@ -514,7 +399,7 @@ TEST(Corsa, ProgettoNellaRadice) {
     CambiaDir1(b.S, "/");
     ASSERT_EQ(b.S.Dir1Path, "\\");
     b.Disco.Metti("/A.bas", "x\r\n");
-    b.Riga("A.bas");
+    b.Voce("A.bas");
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_EQ(b.Disco.Leggi("/Appoggio/A.Html"),
               Testa("\\\\Appoggio\\A.Html", "A.bas", "21/11/2026", "3") + Coda(false));

@@ -19,11 +19,11 @@ struct Corsa {
     File Sorgenti;
 
     Corsa(bool rifatta, int righe) {
-        B.Casa.Risposta = RispostaSi;
+        B.Fronte.Risposta = RispostaSi;
         Testo lungo = "Begin VB.Menu m\nx\nAttribute VB_Name = \"A\"\n";
         for (int i = 0; i < righe; ++i) lungo += "Public Sub a" + CStr(i) + "()\nF" + CStr(i) + ".Show\n";
-        B.Riga("A.frm", lungo);
-        B.Riga("B.bas", "Option Explicit\n");
+        B.Voce("A.frm", lungo);
+        B.Voce("B.bas", "Option Explicit\n");
         Sorgenti = B.Disco.TuttiIFile();
         if (rifatta)
             for (const char* nome : {"A.Html", "b.html", "Indice.Html", "OK.LOG", "p2.gif"})
@@ -62,7 +62,7 @@ TEST(Guasti, OgniChiamataConOgniNumero) {
                     const File dopo = corsa.B.Disco.TuttiIFile();
                     for (const auto& [quale, bytes] : corsa.Sorgenti)
                         EXPECT_TRUE(dopo.contains(quale) && dopo.at(quale) == bytes) << quale;
-                    EXPECT_EQ(corsa.B.Casa.Arresti.size(), 0U);
+                    EXPECT_EQ(corsa.B.Fronte.Arresti.size(), 0U);
                     EXPECT_TRUE(corsa.B.S.File1.Selected(0) && corsa.B.S.File1.Selected(1));
                     EXPECT_TRUE(!innocua || dopo == fatti);
 

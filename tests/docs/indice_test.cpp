@@ -183,10 +183,10 @@ TEST(Indice, Domanda) {
     Banco b;
     Righe(b, 1);
     Indice(b);
-    ASSERT_EQ(b.Casa.Box_.size(), 1U);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto, "Documentazione HTML riuscita.\rVuoi visualizzare l'indice?");
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 36);
-    EXPECT_EQ(b.Casa.Box_[0].Titolo, "Visualizzazione Documentazione HTML");
+    ASSERT_EQ(b.Fronte.Box_.size(), 1U);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto, "Documentazione HTML riuscita.\rVuoi visualizzare l'indice?");
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 36);
+    EXPECT_EQ(b.Fronte.Box_[0].Titolo, "Visualizzazione Documentazione HTML");
 }
 
 // On Yes alone: into the pages' directory, the browser, back to the project.
@@ -195,20 +195,21 @@ TEST(Indice, Apertura) {
         Banco b;
         b.Disco.FaiDirectory("/p q");
         CambiaDir1(b.S, "/p q");
-        b.Riga("A.bas");
+        b.Voce("A.bas");
         b.Disco.Metti("/p q/A.bas", "x\r\n");
-        b.Casa.Risposta = risposta;
+        b.Fronte.Risposta = risposta;
         std::string all_avvio;
-        b.Casa.AllAvvio = [&] { all_avvio = b.Disco.DirectoryCorrente(); };
-        b.Casa.AllaDomanda = [&] { b.Disco.CambiaDirectory("/"); };
+        b.Fronte.AllAvvio = [&] { all_avvio = b.Disco.DirectoryCorrente(); };
+        b.Fronte.AllaDomanda = [&] { b.Disco.CambiaDirectory("/"); };
         ASSERT_EQ(b.Documenta(), 0);
         if (risposta != 6) {
-            EXPECT_TRUE(b.Casa.Processi.empty());
+            EXPECT_TRUE(b.Fronte.Processi.empty());
             EXPECT_EQ(b.Disco.DirectoryCorrente(), "/"); // nothing moves it
             continue;
         }
-        EXPECT_EQ(b.Casa.Processi, std::vector<Testo>{"Explorer \\p q\\Appoggio\\Indice.Html"}); // no quotes
-        EXPECT_EQ(b.Casa.StileProcesso, 3);
+        EXPECT_EQ(b.Fronte.Processi,
+                  std::vector<Testo>{"Explorer \\p q\\Appoggio\\Indice.Html"}); // no quotes
+        EXPECT_EQ(b.Fronte.StileProcesso, 3);
         EXPECT_EQ(all_avvio, "/p q/Appoggio");
         EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p q");
     }
@@ -218,8 +219,8 @@ TEST(Indice, Apertura) {
 TEST(Indice, AvvioFallito) {
     Banco b;
     Righe(b, 1);
-    b.Casa.Risposta = 6;
-    b.Casa.AllAvvio = [] { throw Errore(53, "Explorer"); };
+    b.Fronte.Risposta = 6;
+    b.Fronte.AllAvvio = [] { throw Errore(53, "Explorer"); };
     EXPECT_EQ(NumeroDi([&] {
                   Indice(b);
                   return 0;

@@ -11,7 +11,7 @@ using namespace prove;
 
 TEST(Pagina, InteraSenzaMenu) {
     Banco b;
-    b.Riga("Uno.bas", "Attribute VB_Name = \"A\"\nOption Explicit\nPrivate Sub a()\nForm2.Show\nEnd Sub\n");
+    b.Voce("Uno.bas", "Attribute VB_Name = \"A\"\nOption Explicit\nPrivate Sub a()\nForm2.Show\nEnd Sub\n");
     b.Disco.Modificati["/p/Uno.bas"] = {1998, 12, 10, 8, 5, 9};
     ASSERT_EQ(b.Documenta(), 0);
     // clang-format off
@@ -78,7 +78,7 @@ TEST(Pagina, InteraSenzaMenu) {
 // list stand there with nothing that they close.
 TEST(Pagina, ModuloVuoto) {
     Banco b;
-    b.Riga("V.cls", "");
+    b.Voce("V.cls", "");
     ASSERT_EQ(b.Documenta(), 0);
     const std::string pagina = b.Pagina("V.Html");
     EXPECT_EQ(pagina, Testa("\\p\\Appoggio\\V.Html", "V.cls", "21/11/2026", "0") + Coda(false));
@@ -93,7 +93,7 @@ TEST(Pagina, ModuloVuoto) {
 // the second.
 TEST(Pagina, RigheConCr) {
     Banco b;
-    b.Riga("V.bas", "");
+    b.Voce("V.bas", "");
     ASSERT_EQ(b.Documenta(), 0);
     const std::string pagina = b.Pagina("V.Html");
     std::size_t soli = 0;
@@ -115,7 +115,7 @@ TEST(Pagina, OpzioniETipoNonContano) {
             b.S.Check1 = b.S.Check2 = b.S.TogliCommenti = opzioni ? 1 : 0;
             b.S.Option1_0 = opzioni;
             if (opzioni) b.S.Text1 = "'testo\r\n";
-            b.Riga(voce, sorgente);
+            b.Voce(voce, sorgente);
             ASSERT_EQ(b.Documenta(), 0);
             std::string pagina = b.Pagina("A.Html");
             pagina.replace(pagina.find(voce), 5, "A.xxx");
@@ -201,7 +201,7 @@ TEST(Pagina, Riepilogo) {
         b.Disco.FaiDirectory("/p/Appoggio/sub");
         b.Disco.Metti(caso.File, Testo(caso.Bytes, 'x'));
         b.Disco.Modificati[caso.File] = caso.Quando;
-        b.Riga(caso.Voce);
+        b.Voce(caso.Voce);
         if (!caso.Pagina) {
             EXPECT_EQ(b.Documenta(), 5);
             continue;
@@ -218,22 +218,22 @@ TEST(Pagina, Riepilogo) {
 // At midnight the text of the date has no blank: what stood before the row is in the page.
 TEST(Pagina, Mezzanotte) {
     Banco b;
-    b.Riga("A.bas", "x\n");
-    b.Riga("B.bas", "x\n");
+    b.Voce("A.bas", "x\n");
+    b.Voce("B.bas", "x\n");
     b.Disco.Modificati["/p/A.bas"] = {2026, 11, 20, 0, 0, 0};
     EXPECT_EQ(b.Documenta(), 5);
     b.ChiudiTutto();
     const Testo intera = Testa("\\p\\Appoggio\\A.Html", "A.bas", "", "");
     EXPECT_EQ(b.Pagina("A.Html"), intera.substr(0, intera.find("  </TR>\r\n") + 9));
     EXPECT_FALSE(b.C("/p/Appoggio/B.Html") || b.C("/p/Appoggio/Indice.Html") || b.C("/p/Appoggio/p2.gif"));
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 // Date and size belong to the row as a path from the current directory, and not to the source.
 TEST(Pagina, RigaDallaDirectoryCorrente) {
     Banco b;
     b.Disco.Metti("/p/Appoggio/OK.LOG", "");
-    b.Riga("A.bas", "x\n");
+    b.Voce("A.bas", "x\n");
     b.Disco.Metti("/altra/A.bas", "12345");
     b.Disco.CambiaDirectory("/altra");
     ASSERT_EQ(b.Documenta(), 0);
@@ -285,7 +285,7 @@ TEST(Mostrati, UnaRiga) {
     };
     for (const Caso& caso : casi) {
         Banco b;
-        b.Riga("A.bas");
+        b.Voce("A.bas");
         b.Disco.Metti("/p/A.bas", Testo(caso.Riga) + "\r\n");
         ASSERT_EQ(b.Documenta(), 0);
         EXPECT_EQ(b.Pagina("A.Html"),
@@ -300,9 +300,9 @@ TEST(Mostrati, UnaRiga) {
 TEST(Mostrati, TuttoIlFile) {
     Banco b;
     b.S.ElencoShow.Voci = "    DI PRIMA<br>\r"; // as another engine, or a run that failed, leaves it
-    b.Riga("A.frm", "Tag = \"h.Show\"\nAttribute VB_Name = \"A\"\nB.Show\nA.Show\nB.Show\nMe.Show\n");
-    b.Riga("B.frm", "Z.Show");
-    b.Riga("C.frm", "x\n");
+    b.Voce("A.frm", "Tag = \"h.Show\"\nAttribute VB_Name = \"A\"\nB.Show\nA.Show\nB.Show\nMe.Show\n");
+    b.Voce("B.frm", "Z.Show");
+    b.Voce("C.frm", "x\n");
     ASSERT_EQ(b.Documenta(), 0);
     const std::string a = b.Pagina("A.Html");
     EXPECT_TRUE(
@@ -328,7 +328,7 @@ TEST(Mostrati, Larghezza) {
     for (const Caso& caso : casi) {
         const Testo nome(caso.Nome, 'F');
         Banco b;
-        b.Riga("A.bas", nome + ".Show\n");
+        b.Voce("A.bas", nome + ".Show\n");
         ASSERT_EQ(b.Documenta(), 0);
         EXPECT_TRUE(
             b.Pagina("A.Html").ends_with(Coda(false, "          '    " + nome + "<br>" + caso.Coda + "\r\n")))

@@ -23,7 +23,7 @@ void Prova(std::span<const Caso> casi) {
     for (const Caso& caso : casi) {
         SCOPED_TRACE(caso.Che);
         Banco b;
-        b.Riga("A.frm", caso.Sorgente);
+        b.Voce("A.frm", caso.Sorgente);
         EXPECT_EQ(b.Documenta(), 0);
         ASSERT_TRUE(b.C("/p/Appoggio/A.Html"));
         EXPECT_EQ(b.Pagina("A.Html"),
@@ -110,8 +110,8 @@ TEST(Menu, LaRigaSeguente) {
 TEST(Menu, SullUltimaRiga) {
     for (const char* ultima : {"Begin VB.Menu m", "Begin VB.Menu m\n"}) {
         Banco b;
-        b.Riga("A.frm", ultima);
-        b.Riga("B.frm", "x\n");
+        b.Voce("A.frm", ultima);
+        b.Voce("B.frm", "x\n");
         EXPECT_EQ(b.Documenta(), 62);
         b.ChiudiTutto();
         const std::string misura = CStr(Len(CrLf(ultima)));
@@ -296,7 +296,7 @@ TEST(Procedure, Inizi) {
     Testo storia = "00";
     for (const Riga& r : righe) {
         Banco b;
-        b.Riga("A.bas", "Option Explicit\n" + Testo(r.Linea) + "\n");
+        b.Voce("A.bas", "Option Explicit\n" + Testo(r.Linea) + "\n");
         b.S.Margine = "mmm";
         ASSERT_EQ(b.Documenta(), 0);
         const Testo cella = r.Davanti ? Procedura(r.Davanti, r.Cella) : "";
@@ -312,7 +312,7 @@ TEST(Procedure, Inizi) {
     }
     // All in one file: in the file's order, unsorted.
     Banco b;
-    b.Riga("A.bas", tutte);
+    b.Voce("A.bas", tutte);
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_TRUE(
         b.Pagina("A.Html").ends_with("  </TABLE>\r\n" + Sezione("Procedure interne") + elenco + Coda(false)));
@@ -322,10 +322,10 @@ TEST(Procedure, Inizi) {
 // Flags belong to a module, pending values to a run.
 TEST(Pendenti, DaUnModuloAllAltro) {
     Banco b;
-    b.Riga("A.frm", "Begin VB.Menu m\n\nBegin VB.Data D\nDatabaseName d\n");
-    b.Riga("B.frm", "RecordSource r\nOLEDBString     =   o\nBegin MSAdodcLib.Adodc O\n");
-    b.Riga("C.frm", "Begin VB.Data E\nRecordSource    =   s\n");
-    b.Riga("D.frm", "RecordSource    =   t\nBegin MSAdodcLib.Adodc Q\n");
+    b.Voce("A.frm", "Begin VB.Menu m\n\nBegin VB.Data D\nDatabaseName d\n");
+    b.Voce("B.frm", "RecordSource r\nOLEDBString     =   o\nBegin MSAdodcLib.Adodc O\n");
+    b.Voce("C.frm", "Begin VB.Data E\nRecordSource    =   s\n");
+    b.Voce("D.frm", "RecordSource    =   t\nBegin MSAdodcLib.Adodc Q\n");
     ASSERT_EQ(b.Documenta(), 0);
     EXPECT_TRUE(b.Pagina("A.Html").ends_with(Menu(" m", "") + Sezione("DATABASE DAO") + Coda(true)));
     EXPECT_TRUE(b.Pagina("B.Html").ends_with("  </TABLE>\r\n" + Controllo(" D", " d", " r") +
@@ -344,9 +344,9 @@ TEST(Pendenti, DaUnModuloAllAltro) {
 
 TEST(Pendenti, NonDopoUnaCorsaFallita) {
     Banco b;
-    b.Riga("A.frm", "Begin MSAdodcLib.Adodc Q\n");
-    b.Riga("B.frm"); // no source
-    b.Riga("C.frm", "RecordSource    =   t\n");
+    b.Voce("A.frm", "Begin MSAdodcLib.Adodc Q\n");
+    b.Voce("B.frm"); // no source
+    b.Voce("C.frm", "RecordSource    =   t\n");
     ASSERT_EQ(b.Documenta(), 53);
     b.ChiudiTutto();
     b.S.File1.Segna(0, false);
@@ -456,9 +456,9 @@ TEST(Blocchi, ComeRigaPerRiga) {
             mostrati += "\r\n";
         }
         Banco b;
-        b.Riga("A.bas");
+        b.Voce("A.bas");
         b.Disco.Metti("/p/A.bas", bytes);
-        b.Casa.AllaDomanda = [&] { EXPECT_EQ(b.S.Progress.Value, static_cast<Lungo>(righe.size())); };
+        b.Fronte.AllaDomanda = [&] { EXPECT_EQ(b.S.Progress.Value, static_cast<Lungo>(righe.size())); };
         ASSERT_EQ(b.Documenta(), 0);
         EXPECT_EQ(b.S.TotaleRighe, static_cast<Lungo>(righe.size()));
         EXPECT_TRUE(b.Pagina("A.Html") ==

@@ -85,6 +85,36 @@ inline Testo Sorgente(const std::vector<std::string>& righe) {
     return bytes;
 }
 
+/// The line that ends a control section; a class up to it, with four Attribute lines.
+inline constexpr const char* Exposed = "Attribute VB_Exposed = False";
+inline const std::vector<std::string> Classe5 = {"VERSION 1.0 CLASS",
+                                                 "BEGIN",
+                                                 "  MultiUse = -1  'True",
+                                                 "END",
+                                                 "Attribute VB_Name = \"C\"",
+                                                 "Attribute VB_GlobalNameSpace = False",
+                                                 "Attribute VB_Creatable = True",
+                                                 "Attribute VB_PredeclaredId = False"};
+
+inline std::vector<std::string> Con(std::vector<std::string> righe, const std::vector<std::string>& coda) {
+    righe.insert(righe.end(), coda.begin(), coda.end());
+    return righe;
+}
+
+/// The head of a listing that shows these entries.
+inline Testo Testa(const std::vector<std::string>& voci = {}) {
+    const Testo stelle(55, '*');
+    Testo testa = "\x0F" + stelle +
+                  "\r\n"
+                  "*              Procedura by Dario Fenzoni             *\r\n"
+                  "*              E-mail vorn@morvella.example           *\r\n"
+                  "*" +
+                  Testo(53, ' ') + "*\r\n";
+    if (!voci.empty()) testa += "*  La procedura esegue i seguenti Form o procedure:   *\r\n";
+    for (const std::string& voce : voci) testa += voce + "\r\n";
+    return testa + stelle + "\r\n              ... 21/11/2026 - 14:30:05\r\n\r\n";
+}
+
 struct Banco {
     DiscoFinto Disco;
     FinestraFinta Fronte;

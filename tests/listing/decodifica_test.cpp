@@ -230,7 +230,7 @@ TEST(Decodifica, RileggeCioCheIlMotoreScrive) {
         bool dietroEndSub = false;
         for (int i = 0; i < 60; ++i) {
             Testo riga = Pezzi[caso() % std::size(Pezzi)];
-            // Behind an End Sub a line that closes would end the run: a head stands there.
+            // After an End Sub a line that closes would end the run: a head stands there.
             if (dietroEndSub) riga = "Private Sub b()";
             dietroEndSub = riga == "End Sub";
             righe.push_back(riga);

@@ -10,8 +10,6 @@ namespace {
 
 using namespace prove;
 
-constexpr const char* Exposed = "Attribute VB_Exposed = False";
-
 const std::map<std::string, std::string>& Sorgenti() {
     static const std::map<std::string, std::string> file = {
         {"/p/A.cls", Sorgente({"Attribute a", "Attribute b", "Attribute c", "Attribute d", "Attribute e",

@@ -52,25 +52,25 @@ inline Testo Voce(Vista nome) { return "*    " + Testo(nome) + Space(49 - Len(no
 
 struct Banco {
     DiscoFinto& Disco;
-    FinestraFinta Casa;
+    FinestraFinta Fronte;
     Stato S;
 
-    explicit Banco(DiscoFinto& disco, const std::string& directory = "/p") : Disco(disco), S(disco, Casa) {
-        Casa.S = &S;
+    explicit Banco(DiscoFinto& disco, const std::string& directory = "/p") : Disco(disco), S(disco, Fronte) {
+        Fronte.S = &S;
         CambiaDir1(S, directory);
     }
 
     /// Adds a row, selected.
-    void Riga(Vista voce) {
+    void Voce(Vista voce) {
         S.File1.AddItem(voce);
         for (Lungo i = 0; i < S.File1.ListCount(); ++i) SelezionaFile1(S, i, true);
     }
-    void Riga(Vista voce, const std::string& percorso, Vista sorgente) {
+    void Voce(Vista voce, const std::string& percorso, Vista sorgente) {
         Disco.Metti(percorso, CrLf(sorgente));
-        Riga(voce);
+        Voce(voce);
     }
     /// The number that ended the run, 0 when nothing did.
-    int Arresto() const { return Casa.Arresti.empty() ? 0 : Casa.Arresti.front().Causa.Numero; }
+    int Arresto() const { return Fronte.Arresti.empty() ? 0 : Fronte.Arresti.front().Causa.Numero; }
     bool ChiusoTutto() const { return !S.Canale.Aperto(1) && !S.Canale.Aperto(2) && !S.Canale.Aperto(7); }
 };
 

@@ -44,10 +44,10 @@ struct Corsa {
             for (int i = 0; i < 5000; ++i) lungo += "If x = " + CStr(i) + " Then y = 0\r\nEnd If\r\n";
             lungo += Testo(140000, 'z') + "\r\n";
         }
-        B.Riga("a.bas", "/p/a.bas", "Attribute VB_Name = \"A\"\nOption Explicit\nSub a()\nC.Show\nEnd Sub\n");
-        B.Riga("b.cls", "/p/b.cls", "Attribute VB_Exposed = False\nOption Explicit\n");
+        B.Voce("a.bas", "/p/a.bas", "Attribute VB_Name = \"A\"\nOption Explicit\nSub a()\nC.Show\nEnd Sub\n");
+        B.Voce("b.cls", "/p/b.cls", "Attribute VB_Exposed = False\nOption Explicit\n");
         Disco.Metti("/p/b.cls", Disco.Leggi("/p/b.cls") + lungo + "x\r\n");
-        B.Riga("c.frm", "/p/c.frm", "VERSION 5.00\nAttribute VB_Exposed = False\nIf x Then\ny\nEnd If\n");
+        B.Voce("c.frm", "/p/c.frm", "VERSION 5.00\nAttribute VB_Exposed = False\nIf x Then\ny\nEnd If\n");
         Disco.Metti("/p/c.frx", "binario");
         Sorgenti = Disco.TuttiIFile();
         Disco.Chiamate.clear();
@@ -61,7 +61,7 @@ struct Corsa {
     void Esegui(const Motore& motore) {
         EXPECT_NO_THROW(motore.Clic(B.S));
         EXPECT_TRUE(B.ChiusoTutto());
-        EXPECT_LE(B.Casa.Arresti.size(), 1U);
+        EXPECT_LE(B.Fronte.Arresti.size(), 1U);
         const File dopo = Disco.TuttiIFile();
         for (const auto& [percorso, bytes] : Sorgenti)
             EXPECT_TRUE(dopo.contains(percorso) && dopo.at(percorso) == bytes) << percorso;

@@ -61,7 +61,7 @@ struct Opzioni {
 Testo Riordina(const Testo& nome, Vista sorgente, const Opzioni& opzioni = {}) {
     DiscoFinto disco;
     Banco b(disco);
-    b.Riga(nome, "/p/" + nome, sorgente);
+    b.Voce(nome, "/p/" + nome, sorgente);
     b.S.TogliCommenti = opzioni.TogliCommenti;
     b.S.Check1 = opzioni.Check1;
     b.S.Text1 = opzioni.Text1;

@@ -12,12 +12,12 @@ namespace morvella::prove {
 
 struct Banco {
     DiscoFinto Disco{"/altrove"};
-    FinestraFinta Casa;
-    Stato S{Disco, Casa};
+    FinestraFinta Fronte;
+    Stato S{Disco, Fronte};
 
     Banco() {
         Disco.FaiDirectory("/p");
-        Casa.S = &S;
+        Fronte.S = &S;
     }
 
     /// Dir1 on "/p" with this project file, which is chosen; nothing has run yet.

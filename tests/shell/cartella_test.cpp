@@ -25,9 +25,9 @@ TEST(Cartella, PrimaVolta) {
                                         {"/p/Prova.vbp", "Type=Exe\r\n"},
                                     }));
     EXPECT_EQ(b.S.DirAppoggio, A);
-    EXPECT_EQ(b.Casa.Aggiornamenti, 1);
+    EXPECT_EQ(b.Fronte.Aggiornamenti, 1);
     EXPECT_FALSE(b.S.Canale.Aperto(7));
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 TEST(Cartella, SecondaVolta) {
@@ -65,7 +65,7 @@ TEST(Cartella, NessunProgettoScelto) {
         ScriviDir(b.S, A);
         EXPECT_EQ(b.Disco.TuttiIFile().size(), 3u); // the project, that file and the marker
         EXPECT_EQ(b.Disco.Leggi("/p/Appoggio/OK.LOG"), Marca);
-        EXPECT_EQ(b.Casa.Aggiornamenti, 1);
+        EXPECT_EQ(b.Fronte.Aggiornamenti, 1);
     }
 }
 
@@ -77,7 +77,7 @@ TEST(Cartella, FileChiamatoAppoggio) {
     EXPECT_EQ(b.Disco.TuttiIFile(),
               (std::map<std::string, std::string>{{"/p/Appoggio", "sono un file"}, {"/p/Prova.vbp", "x"}}));
     EXPECT_EQ(b.S.DirAppoggio, A);
-    EXPECT_EQ(b.Casa.Aggiornamenti, 1);
+    EXPECT_EQ(b.Fronte.Aggiornamenti, 1);
     // The engines meet it at their first output.
     EXPECT_EQ(NumeroDi([&] { return b.S.Canale.OpenOutput(2, Testo(A) + "\\x.txt"), 0; }), 76);
     EXPECT_EQ(NumeroDi([&] { return b.S.Canale.OpenOutput(2, LCase(A) + "\\x.txt"), 0; }), 76);
@@ -109,9 +109,9 @@ TEST(Cartella, OgniIstruzionePuoFallire) {
                 EXPECT_EQ(b.Disco.Leggi("/p/Appoggio/OK.LOG"), c.Marca) << c.Operazione;
             }
             EXPECT_EQ(b.S.DirAppoggio, A);
-            EXPECT_EQ(b.Casa.Aggiornamenti, 1); // the last statement runs in any case
+            EXPECT_EQ(b.Fronte.Aggiornamenti, 1); // the last statement runs in any case
             EXPECT_FALSE(b.S.Canale.Aperto(7)) << c.Operazione;
-            EXPECT_TRUE(b.Casa.Box_.empty());
+            EXPECT_TRUE(b.Fronte.Box_.empty());
         }
     }
 }
@@ -130,7 +130,7 @@ TEST(Cartella, ProgettoConUnNomeDiAltriAlfabeti) {
                                                                             {"/p/Appoggio/Проект.vbp", bytes},
                                                                             {"/p/Проект.vbp", bytes}}));
     }
-    EXPECT_TRUE(b.Casa.Saltati.empty());
+    EXPECT_TRUE(b.Fronte.Saltati.empty());
     EXPECT_EQ(b.S.File.Utf8DiTesto(b.S.File1Leggi.Scelto()), "Проект.vbp");
 }
 

@@ -71,7 +71,7 @@ TEST(Gestore, Errore55ProsegueDopo) {
     EXPECT_TRUE(b.S.Canale.Aperto(7)); // its number is not the handler's business
     EXPECT_EQ(b.Disco.Leggi("/p/out"), "scritto\r\n");
     EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\sub\\x.txt");
-    EXPECT_TRUE(b.Casa.Arresti.empty());
+    EXPECT_TRUE(b.Fronte.Arresti.empty());
 }
 
 TEST(Gestore, Errore55DaIlValoreVuoto) {
@@ -146,7 +146,7 @@ TEST(Gestore, OgniAltroNumeroFinisce) {
         EXPECT_TRUE(b.S.Canale.Aperto(7));
         EXPECT_EQ(b.Disco.Leggi("/p/out"), "scritto\r\n") << numero; // what was written is kept
         EXPECT_EQ(b.S.FileUscita, "\\p\\Appoggio\\sub\\x.txt");
-        EXPECT_TRUE(b.Casa.Arresti.empty()); // the word comes from EseguiMotore
+        EXPECT_TRUE(b.Fronte.Arresti.empty()); // the word comes from EseguiMotore
     }
 }
 
@@ -167,10 +167,10 @@ TEST(Gestore, ChiusuraCheFallisceMentreFinisce) {
         ConCanali b;
         b.Disco.Fallisci(operazione, "/out", 61, 1);
         EXPECT_EQ(Prova(b, {53}).Fine, 53);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1u) << operazione; // lost bytes are reported
-        EXPECT_EQ(b.Casa.Arresti[0].Motore, "Close");
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 61);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.File, "\\p\\out");
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1u) << operazione; // lost bytes are reported
+        EXPECT_EQ(b.Fronte.Arresti[0].Motore, "Close");
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 61);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.File, "\\p\\out");
         EXPECT_TRUE(b.Chiusi());
     }
 }
@@ -204,7 +204,7 @@ TEST(Gestore, GuastoGiaDettoNonSiRipete) {
         fine = f.Causa.Numero;
     }
     EXPECT_EQ(fine, 61);
-    EXPECT_TRUE(b.Casa.Arresti.empty()); // one loss, one word
+    EXPECT_TRUE(b.Fronte.Arresti.empty()); // one loss, one word
     EXPECT_TRUE(b.Chiusi());
 }
 
@@ -245,8 +245,8 @@ TEST(Gestore, EseguiMotore) {
         Istruzione(b.S, [] { throw Errore(53, "\\p\\manca"); });
         ADD_FAILURE() << "the engine is over";
     });
-    ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-    const Arresto& a = b.Casa.Arresti[0];
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+    const Arresto& a = b.Fronte.Arresti[0];
     EXPECT_EQ(a.Motore, "prova_Click");
     EXPECT_EQ(a.Causa.Numero, 53);
     EXPECT_EQ(a.Causa.File, "\\p\\manca");
@@ -255,10 +255,10 @@ TEST(Gestore, EseguiMotore) {
     EXPECT_EQ(a.RigaListato, 10);
     EXPECT_EQ(a.Linea, "If x");
     EXPECT_FALSE(a.SecondoGiro);
-    EXPECT_TRUE(b.Casa.Box_.empty()); // the window itself is silent
+    EXPECT_TRUE(b.Fronte.Box_.empty()); // the window itself is silent
 
     EseguiMotore(b.S, "prova_Click", [] {});
-    EXPECT_EQ(b.Casa.Arresti.size(), 1u);
+    EXPECT_EQ(b.Fronte.Arresti.size(), 1u);
 }
 
 // A window that runs out of memory when it repaints its status line.
@@ -272,26 +272,26 @@ TEST(Gestore, MemoriaFinitaTraDueIstruzioni) {
         b.S.Punto.Voce = 2;
         throw std::bad_alloc();
     });
-    ASSERT_EQ(b.Casa.Arresti.size(), 1u);
-    EXPECT_EQ(b.Casa.Arresti[0].Motore, "prova_Click");
-    EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, 7);
-    EXPECT_EQ(b.Casa.Arresti[0].Voce, 2);
+    ASSERT_EQ(b.Fronte.Arresti.size(), 1u);
+    EXPECT_EQ(b.Fronte.Arresti[0].Motore, "prova_Click");
+    EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, 7);
+    EXPECT_EQ(b.Fronte.Arresti[0].Voce, 2);
     EXPECT_TRUE(b.Chiusi());
 }
 
 TEST(Motori, MemoriaFinitaTraDueIstruzioni) {
     for (void (*motore)(Stato&) : {mnuRiordina_Click, mnuvorn_Click}) {
         prove::DiscoFinto disco;
-        FinestraSenzaMemoria casa;
-        Stato s(disco, casa);
+        FinestraSenzaMemoria fronte;
+        Stato s(disco, fronte);
         disco.Metti("/p/a.bas", "Sub a()\r\nEnd Sub\r\n");
         CambiaDir1(s, "/p");
         s.File1.AddItem("a.bas");
         SelezionaFile1(s, 0, true);
         motore(s); // returns, as after any error: the caller goes on
-        ASSERT_EQ(casa.Arresti.size(), 1u);
-        EXPECT_EQ(casa.Arresti[0].Causa.Numero, 7);
-        EXPECT_EQ(casa.Arresti[0].Voce, 0);
+        ASSERT_EQ(fronte.Arresti.size(), 1u);
+        EXPECT_EQ(fronte.Arresti[0].Causa.Numero, 7);
+        EXPECT_EQ(fronte.Arresti[0].Voce, 0);
         EXPECT_FALSE(s.Canale.Aperto(1) || s.Canale.Aperto(2));
     }
 }
@@ -325,8 +325,8 @@ TEST(Motori, UnaDirectoryCheNonSiElencaNonEsceDalMotore) {
         File1Leggi_Click(b.S);
         b.Disco.Fallisci("Elenca", "/p", ErrAccesso);
         EXPECT_EQ(NumeroDi([&] { return motore(b.S), 0; }), 0);
-        ASSERT_EQ(b.Casa.Arresti.size(), 1U);
-        EXPECT_EQ(b.Casa.Arresti[0].Causa.Numero, ErrFileAssente);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, ErrFileAssente);
     }
 }
 
@@ -341,8 +341,8 @@ struct DiscoSenzaMemoria : prove::DiscoFinto {
 
 TEST(Motori, UnaProtezioneSenzaMemoriaSiRifa) {
     DiscoSenzaMemoria disco;
-    prove::FinestraFinta casa;
-    Stato s(disco, casa);
+    prove::FinestraFinta fronte;
+    Stato s(disco, fronte);
     disco.Metti("/p/a.bas", "x");
     disco.Metti("/p/z.bas", "x");
     CambiaDir1(s, "/p");
@@ -352,8 +352,8 @@ TEST(Motori, UnaProtezioneSenzaMemoriaSiRifa) {
     disco.Metti("/p/nuovo", ""); // the directory changed: the sources are looked at again
     disco.Guasto = "/z.bas";
     EseguiMotore(s, "x", [] { ADD_FAILURE() << "without its protection"; });
-    ASSERT_EQ(casa.Arresti.size(), 1u);
-    EXPECT_EQ(casa.Arresti[0].Causa.Numero, 7);
+    ASSERT_EQ(fronte.Arresti.size(), 1u);
+    EXPECT_EQ(fronte.Arresti[0].Causa.Numero, 7);
     disco.Guasto.clear();
     EseguiMotore(s, "x", [&] {
         for (const char* file : {"\\p\\a.bas", "\\p\\z.bas"})

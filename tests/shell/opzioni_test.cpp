@@ -149,7 +149,7 @@ TEST(SalvaOpzioni, File) {
         EXPECT_EQ(b.S.TestoIntestazione, caso.Campo ? caso.Text1 : "");
         EXPECT_EQ(b.S.Text1, caso.Text1);
         EXPECT_FALSE(b.S.Canale.Aperto(1));
-        EXPECT_EQ(b.Casa.Fuochi, 0);
+        EXPECT_EQ(b.Fronte.Fuochi, 0);
     }
 }
 
@@ -243,7 +243,7 @@ TEST(CaricaOpzioni, FileVuoto) {
     EXPECT_EQ(b.Spunte(), "222111");
     EXPECT_EQ(b.S.Text1, "prima");
     EXPECT_EQ(b.S.TestoIntestazione, "campo");
-    EXPECT_EQ(b.Casa.Fuochi, 0);
+    EXPECT_EQ(b.Fronte.Fuochi, 0);
 }
 
 // A file cut short anywhere but at its end is error 62, or, where the cut leaves an end, less of it.
@@ -374,7 +374,7 @@ TEST(Opzioni, FuocoAlCambio) {
         // Where no event comes it stays as it is.
         b.S.Text1TabStop = Testo(caso.Seconda) == "KO";
         ASSERT_EQ(b.Fa(CaricaOpzioni), 0);
-        EXPECT_EQ(b.Casa.Fuochi, caso.Fuochi) << caso.Prima << caso.Seconda;
+        EXPECT_EQ(b.Fronte.Fuochi, caso.Fuochi) << caso.Prima << caso.Seconda;
         EXPECT_EQ(b.S.Text1TabStop, caso.TabStop) << caso.Prima << caso.Seconda;
     }
     ConIni b;
@@ -385,7 +385,7 @@ TEST(Opzioni, FuocoAlCambio) {
     b.S.Text1TabStop = true;
     ASSERT_EQ(b.Fa(OpzioniDefault), 0);
     EXPECT_TRUE(b.S.Text1TabStop); // it was off: none
-    EXPECT_EQ(b.Casa.Fuochi, 0);
+    EXPECT_EQ(b.Fronte.Fuochi, 0);
 }
 
 TEST(Opzioni, Form_Resize) {

@@ -55,7 +55,7 @@ TEST(Stato, Dir1Change) {
     EXPECT_EQ(b.S.File1Leggi.Scelto(), ""); // another directory's projects
     EXPECT_EQ(b.Menu(), "0001");
     EXPECT_EQ(b.S.mnuSeleziona, "DeSeleziona tutto"); // the caption stays
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 TEST(Stato, Dir1ChangeElencaIProgetti) {
@@ -80,7 +80,7 @@ TEST(Stato, Dir1ChangeElencaIProgetti) {
     EXPECT_EQ(b.S.File1Leggi.Nomi, (std::vector<Testo>{"Nuovo.vbp", "Solo.vbp"}));
     EXPECT_EQ(b.S.File1.ListCount(), 1);
     EXPECT_EQ(b.Menu(), "1111");
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
 }
 
 TEST(Stato, Dir1ChangeDirectoryCheNonSiLegge) {
@@ -93,9 +93,9 @@ TEST(Stato, Dir1ChangeDirectoryCheNonSiLegge) {
     b.Disco.Metti("/q/Chiuso.vbp", "");
     b.Disco.Fallisci("Elenca", "/q", 75);
     CambiaDir1(b.S, "/q");
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto, "75Il percorso esiste gi\xE0 o non \xE8 accessibile.");
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 32);
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto, "75Il percorso esiste gi\xE0 o non \xE8 accessibile.");
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 32);
     EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
     EXPECT_TRUE(b.S.File1Leggi.Nomi.empty()); // no name of the directory before
     EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p");
@@ -113,7 +113,7 @@ TEST(Stato, Dir1ChangeConProgettoNoto) {
     b.S.FileSorgente = b.S.FileUscita = "x";
     b.MettiMenu("1111");
     CambiaDir1(b.S, "/q", "Noto.vbp");
-    EXPECT_TRUE(b.Casa.Box_.empty());
+    EXPECT_TRUE(b.Fronte.Box_.empty());
     EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Noto.vbp"});
     EXPECT_EQ(b.S.File1Leggi.ListIndex, -1);
     EXPECT_EQ(b.S.Dir1Path, "\\q");
@@ -142,10 +142,10 @@ TEST(Stato, Dir1ChangeErrore) {
         b.Disco.FaiDirectory("/q");
         b.Disco.Fallisci("CambiaDirectory", "/q", c.Numero);
         CambiaDir1(b.S, "/q");
-        ASSERT_EQ(b.Casa.Box_.size(), 1u);
-        EXPECT_EQ(b.Casa.Box_[0].Scritto, c.Testo_);
-        EXPECT_EQ(b.Casa.Box_[0].Flag, 32);
-        EXPECT_EQ(b.Casa.Box_[0].Titolo, ""); // the program's own
+        ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+        EXPECT_EQ(b.Fronte.Box_[0].Scritto, c.Testo_);
+        EXPECT_EQ(b.Fronte.Box_[0].Flag, 32);
+        EXPECT_EQ(b.Fronte.Box_[0].Titolo, ""); // the program's own
         EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
         EXPECT_EQ(b.S.File1.ListCount(), 1); // the remaining steps are skipped
         EXPECT_EQ(b.Menu(), "1111");
@@ -157,8 +157,8 @@ TEST(Stato, Dir1ChangeDirectoryAssente) {
     Banco b;
     b.Scegli("");
     CambiaDir1(b.S, "/manca");
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto, "76Percorso non trovato.");
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto, "76Percorso non trovato.");
 }
 
 TEST(Stato, Drive1Change) {
@@ -176,8 +176,8 @@ TEST(Stato, Drive1Change) {
     EXPECT_EQ(b.S.FileSorgente + b.S.FileUscita, "");
     EXPECT_EQ(b.S.File1.ListCount(), 0);
     EXPECT_EQ(b.Menu(), "0001");
-    EXPECT_TRUE(b.Casa.Box_.empty());
-    EXPECT_EQ(b.Casa.Beeps, 0);
+    EXPECT_TRUE(b.Fronte.Box_.empty());
+    EXPECT_EQ(b.Fronte.Beeps, 0);
 
     b.MettiMenu("1111");
     CambiaDrive1(b.S, "D:"); // no change, no event
@@ -191,11 +191,11 @@ TEST(Stato, Drive1ChangeUnitaCheNonRisponde) {
     b.S.FileSorgente = b.S.FileUscita = "x";
     b.MettiMenu("1111");
     CambiaDrive1(b.S, "A:");
-    EXPECT_EQ(b.Casa.Beeps, 1);
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Scritto, "Verificare il Driver .. non risponde");
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 16);
-    EXPECT_EQ(b.Casa.Box_[0].Titolo, "Driver Vuoto (?)");
+    EXPECT_EQ(b.Fronte.Beeps, 1);
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Scritto, "Verificare il Driver .. non risponde");
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 16);
+    EXPECT_EQ(b.Fronte.Box_[0].Titolo, "Driver Vuoto (?)");
     EXPECT_EQ(b.S.Drive1Drive, "C:"); // which raised the event once more
     EXPECT_EQ(b.S.Dir1Path, "\\");
     EXPECT_EQ(b.S.File1.ListCount(), 0);
@@ -211,8 +211,8 @@ TEST(Stato, Drive1ChangeNemmenoC) {
     b.MettiMenu("1111");
     b.Disco.Unita.clear();
     CambiaDrive1(b.S, "A:"); // falls back to C:, which fails as well and raises nothing further
-    EXPECT_EQ(b.Casa.Beeps, 2);
-    EXPECT_EQ(b.Casa.Box_.size(), 2u);
+    EXPECT_EQ(b.Fronte.Beeps, 2);
+    EXPECT_EQ(b.Fronte.Box_.size(), 2u);
     EXPECT_EQ(b.S.Drive1Drive, "C:");
     EXPECT_EQ(b.S.Dir1Path, "\\p"); // the old directory, with its rows
     EXPECT_EQ(b.S.File1.ListCount(), 1);
@@ -221,7 +221,7 @@ TEST(Stato, Drive1ChangeNemmenoC) {
 
     b.MettiMenu("1111");
     Drive1_Change(b.S); // C: itself
-    EXPECT_EQ(b.Casa.Beeps, 3);
+    EXPECT_EQ(b.Fronte.Beeps, 3);
     EXPECT_EQ(b.Menu(), "0001");
 }
 
@@ -234,9 +234,9 @@ TEST(Stato, Drive1ChangeSoloC) {
     b.MettiMenu("1111");
     b.Disco.Fallisci("Esamina", "/", 71, 1);
     Drive1_Change(b.S);
-    EXPECT_EQ(b.Casa.Beeps, 1);
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 16);
+    EXPECT_EQ(b.Fronte.Beeps, 1);
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 16);
     EXPECT_EQ(b.S.Drive1Drive, "C:");
     EXPECT_EQ(b.S.Dir1Path, "\\p");
     EXPECT_EQ(b.Disco.DirectoryCorrente(), "/p");
@@ -256,14 +256,14 @@ TEST(Stato, Drive1ChangeVolumeSmontato) {
     b.Disco.Fallisci("Esamina", "/media/chiave", 57, 1);
     b.MettiMenu("1111");
     CambiaDrive1(b.S, "D:");
-    EXPECT_EQ(b.Casa.Beeps, 1);
-    EXPECT_EQ(b.Casa.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Beeps, 1);
+    EXPECT_EQ(b.Fronte.Box_.size(), 1u);
     EXPECT_EQ(b.S.Drive1Drive, "C:");
     EXPECT_EQ(b.S.Dir1Path, "\\");
     EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Radice.vbp"});
     EXPECT_EQ(b.Menu(), "0001");
     CambiaDrive1(b.S, "D:"); // a change again, since it had fallen back
-    EXPECT_EQ(b.Casa.Beeps, 1);
+    EXPECT_EQ(b.Fronte.Beeps, 1);
     EXPECT_EQ(b.S.Drive1Drive, "D:");
     EXPECT_EQ(b.S.Dir1Path, "\\media\\chiave");
     EXPECT_EQ(b.S.File1Leggi.Nomi, std::vector<Testo>{"Prova.vbp"});
@@ -279,9 +279,9 @@ TEST(Stato, Drive1ChangeErroreDiDir1) {
     b.Disco.Fallisci("CambiaDirectory", "/disco", 75);
     b.MettiMenu("1111");
     CambiaDrive1(b.S, "D:");
-    EXPECT_EQ(b.Casa.Beeps, 0);
-    ASSERT_EQ(b.Casa.Box_.size(), 1u);
-    EXPECT_EQ(b.Casa.Box_[0].Flag, 32);
+    EXPECT_EQ(b.Fronte.Beeps, 0);
+    ASSERT_EQ(b.Fronte.Box_.size(), 1u);
+    EXPECT_EQ(b.Fronte.Box_[0].Flag, 32);
     EXPECT_EQ(b.S.Drive1Drive, "D:");
     EXPECT_EQ(b.S.File1.ListCount(), 1); // Dir1_Change stopped before
     EXPECT_EQ(b.Menu(), "0001");         // and Drive1_Change went on
@@ -291,18 +291,18 @@ TEST(Stato, Label2EBarreSiRidisegnano) {
     Banco b;
     ScriviLabel2(b.S, "\\p\\a");
     ScriviLabel2(b.S, "");
-    EXPECT_EQ(b.Casa.Etichette, (std::vector<Testo>{"\\p\\a", ""}));
+    EXPECT_EQ(b.Fronte.Etichette, (std::vector<Testo>{"\\p\\a", ""}));
     LimitaBarra(b.S, b.S.Progress, 0); // a bar of no length is accepted
     PortaBarra(b.S, b.S.Progress, 0);
     MostraBarra(b.S, b.S.Progress, true);
-    EXPECT_EQ(b.Casa.Barre, 3);
+    EXPECT_EQ(b.Fronte.Barre, 3);
     EXPECT_EQ(b.S.Progress.Max, 0);
     EXPECT_TRUE(b.S.Progress.Visible);
     LimitaBarra(b.S, b.S.Progress, 1000000);
-    b.Casa.Barre = 0;
+    b.Fronte.Barre = 0;
     for (int i = 0; i < 1000000; ++i) AvanzaBarra(b.S, b.S.Progress);
     EXPECT_EQ(b.S.Progress.Value, 1000000);
-    EXPECT_EQ(b.Casa.Barre, 200); // as often as can be seen
+    EXPECT_EQ(b.Fronte.Barre, 200); // as often as can be seen
 }
 
 } // namespace

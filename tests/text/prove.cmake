@@ -5,7 +5,10 @@ morvella_prova(text_test
   text/codifica_test.cpp
   text/errore_test.cpp
   text/fetta_test.cpp
-  text/canali_test.cpp
+  text/canali_lettura_test.cpp
+  text/canali_rilettura_test.cpp
+  text/canali_scrittura_test.cpp
+  text/canali_errori_test.cpp
   text/disco/archivio_test.cpp
   text/flusso_test.cpp
   text/disco/unita_test.cpp)

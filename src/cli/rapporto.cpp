@@ -1,43 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "cli/rapporto.h"
 
-#include <cstdio>
+#include "cli/json.h"
 
 namespace morvella::cli {
 
 namespace {
 
-std::string Stringa(Vista bytes) {
-    std::string json = "\"";
-    for (const char c : Utf8Da1252(bytes)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            json += '\\';
-            json += c;
-        } else if (byte < 0x20) {
-            char numero[8];
-            std::snprintf(numero, sizeof numero, "\\u%04x", byte);
-            json += numero;
-        } else {
-            json += c;
-        }
-    }
-    return json + '"';
-}
-
 std::string Logico(bool b) { return b ? "true" : "false"; }
 
 std::string Numero(Lungo n) { return std::to_string(n); }
-
-template <class Voci, class F>
-std::string Schiera(const Voci& voci, F&& voce) {
-    std::string json = "[";
-    for (const auto& v : voci) {
-        if (json.size() > 1) json += ',';
-        json += "\n    " + voce(v);
-    }
-    return json + (json.size() > 1 ? "\n  ]" : "]");
-}
 
 std::string DiBarra(const Barra& barra) {
     return "{\"Max\": " + Numero(barra.Max) + ", \"Value\": " + Numero(barra.Value) +

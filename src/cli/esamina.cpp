@@ -151,8 +151,7 @@ class EsameDiIngressi {
     void Confronta() {
         const std::string radice = Radice();
         referto_.Base = base_.Confronta(referto_.Riscontri, esaminati_, [&](const std::string& file) {
-            const bool intero = file.starts_with('/') || (file.size() > 1 && file[1] == ':');
-            return disco_.Esamina(disco_.Assoluto(intero ? file : radice + "/" + file)).Esiste();
+            return disco_.Esamina(disco_.Assoluto(Intero(file) ? file : radice + "/" + file)).Esiste();
         });
     }
 
@@ -165,10 +164,8 @@ class EsameDiIngressi {
         if (ingressi_.Moduli().empty() && referto_.Guasti.empty())
             Di("Avviso: fra gli ingressi non c'è nessun sorgente da esaminare.");
         const bool fuori =
-            std::any_of(referto_.Riscontri.begin(), referto_.Riscontri.end(), [](const Riscontro& r) {
-                return r.File.starts_with("../") || r.File.starts_with("//") ||
-                       (r.File.size() > 1 && r.File[1] == ':');
-            });
+            std::any_of(referto_.Riscontri.begin(), referto_.Riscontri.end(),
+                        [](const Riscontro& r) { return r.File.starts_with("../") || Intero(r.File); });
         if (fuori && (formato_ == Formato::Sarif || formato_ == Formato::Github))
             Di("Avviso: ci sono rilievi in file fuori dalla radice dei percorsi: chi legge questo formato "
                "può non trovarli. Con --radice se ne nomina un'altra.");

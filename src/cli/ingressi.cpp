@@ -98,6 +98,10 @@ std::string Relativo(const std::string& percorso, const std::string& radice) {
     return relativo.empty() ? "." : relativo;
 }
 
+bool Intero(const std::string& relativo) {
+    return relativo.starts_with("//") || Vista(relativo).substr(0, 3).ends_with(":/");
+}
+
 Ingressi::Ingressi(Archivio& archivio, std::string radice, bool ricorsivo)
     : archivio_(archivio), disco_(archivio.DiscoInUso()), radice_(std::move(radice)), ricorsivo_(ricorsivo) {}
 
@@ -174,7 +178,7 @@ void Ingressi::Elenco(const std::string& percorso) {
 }
 
 // What a line of a project or group leads to; `directory` is hooked.
-Trovato Ingressi::Trova(Vista directory, Vista nome) {
+morvella::Trovato Ingressi::Trova(Vista directory, Vista nome) {
     const bool unita = !disco_.DistingueMaiuscole() && nome.size() > 1 && nome[1] == ':';
     if (nome.find('\0') == Vista::npos)
         return archivio_.Trova(unita ? Testo(nome) : Testo(directory) + "\\" + Testo(nome));

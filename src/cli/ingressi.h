@@ -26,6 +26,8 @@ struct Guasto {
 /// `percorso` as a path that begins at the directory `radice`, with ".." where it lies outside. On
 /// another drive it stays as it is. Both are absolute platform paths.
 std::string Relativo(const std::string& percorso, const std::string& radice);
+/// Whether Relativo had to leave it as it is: it begins with a drive or a share.
+bool Intero(const std::string& relativo);
 
 class Ingressi {
   public:
@@ -57,7 +59,7 @@ class Ingressi {
     void Progetto(const std::string& percorso, const std::string& bytes);
     void Gruppo(const std::string& percorso, const std::string& bytes);
     void Directory(const std::string& percorso);
-    Trovato Trova(Vista directory, Vista nome);
+    morvella::Trovato Trova(Vista directory, Vista nome);
     std::optional<std::string> Leggi(const std::string& percorso, const Scheda& cosa, const std::string& da);
     void Segna(const std::string& percorso, const std::string& da, const Scheda& cosa,
                int altrimenti = ErrFileAssente);

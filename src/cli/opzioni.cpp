@@ -84,7 +84,7 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string& v) { r.Formato = v; }},
     {'u', "uscita",                 "FILE",  Esamina, 0, "Scrive lì (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Uscita = v; }},
-    {0,   "ricorsivo",              nullptr, Esamina, 0, "Anche le directory, e ciò che contengono.",
+    {0,   "ricorsivo",              nullptr, Esamina, 0, "Anche directory, con ciò che contengono.",
      [](Richiesta& r, const std::string&) { r.Ricorsivo = true; }},
     {0,   "radice",                 "DIR",   Esamina, 0, "Da dove partono i percorsi detti.",
      [](Richiesta& r, const std::string& v) { r.Radice = v; }},

@@ -17,8 +17,8 @@ namespace {
 
 // A path as a URI reference: percent-encoded bytes, relative unless it begins with a drive or a share.
 std::string Uri(const std::string& percorso) {
-    const bool unita = percorso.size() > 1 && percorso[1] == ':';
-    std::string uri = unita ? "file:///" : percorso.starts_with("//") ? "file:" : "";
+    const bool unita = Intero(percorso) && percorso[0] != '/';
+    std::string uri = unita ? "file:///" : Intero(percorso) ? "file:" : "";
     for (const char c : percorso) {
         const bool libero = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                             std::string_view("-._~/").find(c) != std::string_view::npos;

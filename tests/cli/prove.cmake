@@ -6,6 +6,14 @@ if(NOT WIN32)
   morvella_prova(terminale_test cli/terminale_test.cpp)
 endif()
 
+morvella_prova(esamina_test cli/esamina_test.cpp cli/formati_test.cpp)
+if(NOT WIN32)
+  add_test(NAME cli.sarif-schema
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/cli/sarif-schema $<TARGET_FILE:morvella-cli>
+            ${PROJECT_SOURCE_DIR}/examples/Magazzino)
+  set_tests_properties(cli.sarif-schema PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 600)
+endif()
+
 morvella_prova(readme_test cli/readme_test.cpp)
 target_compile_definitions(readme_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")
 

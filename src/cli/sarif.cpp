@@ -19,10 +19,11 @@ namespace {
 std::string Uri(const std::string& percorso) {
     const bool unita = Intero(percorso) && percorso[0] != '/';
     std::string uri = unita ? "file:///" : Intero(percorso) ? "file:" : "";
-    for (const char c : percorso) {
+    for (std::size_t i = 0; i < percorso.size(); ++i) {
+        const char c = percorso[i];
         const bool libero = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                             std::string_view("-._~/").find(c) != std::string_view::npos;
-        if (libero || (unita && c == ':' && &c == &percorso[1])) {
+        if (libero || (unita && i == 1)) {
             uri += c;
             continue;
         }

@@ -14,7 +14,7 @@ if(NOT WIN32)
   set_tests_properties(cli.sarif-schema PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 600)
 endif()
 
-morvella_prova(readme_test cli/readme_test.cpp)
+morvella_prova(readme_test cli/readme_test.cpp cli/rilievi_test.cpp)
 target_compile_definitions(readme_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")
 
 morvella_prova(documenta_test cli/documenta_test.cpp)

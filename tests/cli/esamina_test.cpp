@@ -105,6 +105,7 @@ TEST(Ingressi, UnaVoltaSola) {
     EXPECT_EQ(b.Esegui({"p/M.bas", "p/P.vbp", "p/./M.bas", "p/Q.vbp", "p/P.vbp", "P\\m.bas"}), 4);
     EXPECT_EQ(b.Trovati(), Nomi{"p/M.bas"});
     EXPECT_TRUE(b.Scrive("1 rilievo in 1 modulo, 3 righe\n")) << b.Uscita.str();
+    EXPECT_EQ(b.Errori.str(), ""); // P\m.bas is found as in a project
 }
 
 TEST(Ingressi, Directory) {

@@ -32,6 +32,12 @@ const Caso Casi[] = {
      "{\"regola\": \"MV001\", \"tipo\": \"aperto\", \"blocco\": \"For\", " FILE_A "\"riga\": 2, \"colonna\": 2, "
      "\"nota\": 5, \"apertura\": 2, \"atteso\": \"Next\", \"trovato\": \"End Sub\", \"procedura\": \"a\", "
      "\"testo\": \"For i = 1 To 2 ' Perché\"}"},
+    {{"Sub a()", "  If x Then", "    If y Then", "  End If", "End Sub"},
+     "A.bas:3:5: errore: «If» non è chiuso: manca «End If» prima di «End If» (riga 4) che chiude un altro blocco, "
+     "in «a» [MV001]\nA.bas:3: nota: aperto qui: «If y Then»\n",
+     "{\"regola\": \"MV001\", \"tipo\": \"aperto\", \"blocco\": \"If\", " FILE_A "\"riga\": 3, \"colonna\": 5, "
+     "\"nota\": 4, \"apertura\": 3, \"atteso\": \"End If\", \"trovato\": \"End If\", \"procedura\": \"a\", "
+     "\"testo\": \"If y Then\"}"},
     {{"#If Win32 Then", "Dim x"},
      "A.bas:1:1: errore: «#If» non è chiuso: manca «#End If» prima della fine del file [MV001]\n"
      "A.bas:1: nota: aperto qui: «#If Win32 Then»\n",

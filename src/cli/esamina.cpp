@@ -2,7 +2,6 @@
 #include "cli/esamina.h"
 
 #include <algorithm>
-#include <limits>
 #include <ostream>
 #include <unordered_set>
 
@@ -11,6 +10,7 @@
 #include "cli/formati.h"
 #include "cli/ingressi.h"
 #include "cli/json.h"
+#include "cli/lettura.h"
 #include "cli/programma.h"
 #include "esame/esame.h"
 #include "listing/decodifica.h"
@@ -29,33 +29,6 @@ Testo TestoDi(Archivio& archivio, const std::string& percorso) {
     return Archivio::TestoDiPercorso(percorso);
 }
 
-// All bytes of a file, in one buffer that is used again for the next file and only grows.
-class Lettura {
-  public:
-    explicit Lettura(Disco& disco) : disco_(disco) {}
-    std::string_view Leggi(const std::string& percorso) {
-        const Scheda cosa = disco_.Esamina(percorso);
-        if (cosa.Errore != 0) throw Errore(cosa.Errore, percorso);
-        if (cosa.Tipo != TipoVoce::File) throw Errore(cosa.Esiste() ? ErrAccesso : ErrFileAssente, percorso);
-        const auto file = disco_.ApriLettura(percorso);
-        // What the examination takes at most is read. One byte more than the file has: it may have grown.
-        constexpr std::uint64_t Massimo = std::numeric_limits<std::uint32_t>::max();
-        const auto misura = static_cast<std::size_t>(std::min(cosa.Bytes + 1, Massimo));
-        if (buffer_.size() < misura) buffer_.resize(misura);
-        std::size_t letti = 0;
-        while (const std::size_t ora = file->Leggi(buffer_.data() + letti, buffer_.size() - letti)) {
-            letti += ora;
-            if (letti >= Massimo) break;
-            if (letti == buffer_.size()) buffer_.resize(2 * letti);
-        }
-        return {buffer_.data(), letti};
-    }
-
-  private:
-    Disco& disco_;
-    std::string buffer_;
-};
-
 class EsameDiIngressi {
   public:
     EsameDiIngressi(const Richiesta& chiesto, Ambiente& intorno)
@@ -72,7 +45,8 @@ class EsameDiIngressi {
         const std::string vecchia = chiesto_.Base.empty() ? "" : disco_.Assoluto(chiesto_.Base);
         if (!uscita.empty() && (uscita == nuova || uscita == vecchia))
             throw UsoErrato{"--uscita e la base sono lo stesso file: " + chiesto_.Uscita};
-        if (!vecchia.empty()) base_ = Base::Leggi(std::string(Lettura(disco_).Leggi(vecchia)), chiesto_.Base);
+        if (!vecchia.empty())
+            base_ = Base::Leggi(std::string(LetturaIntera(disco_).Leggi(vecchia)), chiesto_.Base);
         for (const std::string& argomento : chiesto_.Resto) ingressi_.Aggiungi(argomento);
         referto_.Guasti = ingressi_.Guasti();
         Proteggi({uscita, nuova}, vecchia == nuova ? "" : vecchia);
@@ -131,7 +105,7 @@ class EsameDiIngressi {
     }
 
     void EsaminaModuli() {
-        Lettura lettura(disco_);
+        LetturaIntera lettura(disco_);
         for (const std::string& modulo : ingressi_.Moduli()) {
             const std::string detto = ingressi_.Detto(modulo);
             try {

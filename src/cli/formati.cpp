@@ -42,19 +42,7 @@ std::string PerGithub(const std::string& utf8, bool proprieta) {
     return testo;
 }
 
-std::string JsonDi(const Riscontro& r) {
-    const esame::Rilievo& c = r.Cosa;
-    const esame::Regola& regola = esame::RegolaDi(c.Quale);
-    return "{\"regola\": " + Stringa(regola.Id) + ", \"tipo\": " + Stringa(regola.Nome) +
-           ", \"blocco\": " + StringaONull(esame::NomeBlocco(c.Cosa)) + ", \"file\": " + StringaUtf8(r.File) +
-           ", \"riga\": " + std::to_string(c.Riga) + ", \"colonna\": " + std::to_string(c.Colonna) +
-           ", \"nota\": " + NumeroONull(c.Nota) + ", \"apertura\": " + NumeroONull(c.Apertura) +
-           ", \"atteso\": " + StringaONull(c.Atteso) + ", \"trovato\": " + StringaONull(c.Trovato) +
-           ", \"procedura\": " + (c.Procedura ? Stringa(*c.Procedura) : "null") +
-           ", \"testo\": " + StringaONull(r.Linea) + "}";
-}
-
-std::string JsonDi(const std::optional<Confronto>& base) {
+std::string DiBase(const std::optional<Confronto>& base) {
     if (!base) return "null";
     return "{\"nuovi\": " + std::to_string(base->Nuovi) + ", \"noti\": " + std::to_string(base->Noti) +
            ", \"spariti\": " + std::to_string(base->Spariti) +
@@ -103,11 +91,22 @@ std::string ComeTesto(const Referto& referto, bool colori) {
     return testo + Totali(referto);
 }
 
+std::string JsonDi(const Riscontro& r) {
+    const esame::Rilievo& c = r.Cosa;
+    const esame::Regola& regola = esame::RegolaDi(c.Quale);
+    return "{\"regola\": " + Stringa(regola.Id) + ", \"tipo\": " + Stringa(regola.Nome) +
+           ", \"blocco\": " + StringaONull(esame::NomeBlocco(c.Cosa)) + ", \"file\": " + StringaUtf8(r.File) +
+           ", \"riga\": " + std::to_string(c.Riga) + ", \"colonna\": " + std::to_string(c.Colonna) +
+           ", \"nota\": " + NumeroONull(c.Nota) + ", \"apertura\": " + NumeroONull(c.Apertura) +
+           ", \"atteso\": " + StringaONull(c.Atteso) + ", \"trovato\": " + StringaONull(c.Trovato) +
+           ", \"procedura\": " + (c.Procedura ? Stringa(*c.Procedura) : "null") +
+           ", \"testo\": " + StringaONull(r.Linea) + "}";
+}
+
 std::string ComeJson(const Referto& referto) {
     return "{\n  \"moduli\": " + std::to_string(referto.Moduli) +
            ",\n  \"righe\": " + std::to_string(referto.Righe) +
-           ",\n  \"rilievi\": " + Schiera(referto.Riscontri, [](const Riscontro& r) { return JsonDi(r); }) +
-           ",\n  \"errori\": " +
+           ",\n  \"rilievi\": " + Schiera(referto.Riscontri, JsonDi) + ",\n  \"errori\": " +
            Schiera(referto.Guasti,
                    [](const Guasto& g) {
                        return "{\"file\": " + StringaUtf8(g.File) +
@@ -115,7 +114,7 @@ std::string ComeJson(const Referto& referto) {
                               ", \"numero\": " + std::to_string(g.Numero) +
                               ", \"descrizione\": " + Stringa(Descrizione(g.Numero)) + "}";
                    }) +
-           ",\n  \"base\": " + JsonDi(referto.Base) + "\n}\n";
+           ",\n  \"base\": " + DiBase(referto.Base) + "\n}\n";
 }
 
 std::string ComeGithub(const Referto& referto) {

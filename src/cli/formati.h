@@ -20,6 +20,8 @@ std::string Totali(const Referto& referto);
 
 /// As compilers write it, path:line:column, with the totals at the end.
 std::string ComeTesto(const Referto& referto, bool colori);
+/// A finding as the JSON object that it is in every report.
+std::string JsonDi(const Riscontro& riscontro);
 /// One object. Names and values do not change; what is not known is null.
 std::string ComeJson(const Referto& referto);
 /// SARIF 2.1.0, one run.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/rapporto.h"
 
+#include "cli/formati.h"
 #include "cli/json.h"
 
 namespace morvella::cli {
@@ -14,6 +15,19 @@ std::string Numero(Lungo n) { return std::to_string(n); }
 std::string DiBarra(const Barra& barra) {
     return "{\"Max\": " + Numero(barra.Max) + ", \"Value\": " + Numero(barra.Value) +
            ", \"Visible\": " + Logico(barra.Visible) + "}";
+}
+
+std::string DiLetture(const std::optional<DueLetture>& due) {
+    if (!due) return "null";
+    return "{\"struttura\": " +
+           Schiera(due->Struttura,
+                   [](const RilievoDiStruttura& r) {
+                       return "{\"file\": " + StringaUtf8(r.File) + ", \"riga\": " + Numero(r.Riga) +
+                              ", \"testo\": " + Stringa(r.Linea) +
+                              ", \"messaggio\": " + StringaUtf8(r.Frase) +
+                              ", \"condiviso\": " + Logico(r.Condiviso) + "}";
+                   }) +
+           ", \"esamina\": " + Schiera(due->Esame, JsonDi) + "}";
 }
 
 } // namespace
@@ -44,6 +58,8 @@ std::string Json(const Stato& s, const Cronaca& cronaca) {
                        ", \"file\": " + Stringa(e.Causa.File) + ", \"riga\": " + Stringa(e.Voce) +
                        ", \"linea\": " + Numero(e.Riga) + ", \"finale\": " + Logico(e.Finale) + "}";
             });
+    json += ",\n  \"rilievi\": " + DiLetture(cronaca.Rilievi);
+    json += ",\n  \"avvisi\": " + Schiera(cronaca.Avvisi, StringaUtf8);
     return json + "\n}\n";
 }
 

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The test programs of this directory: morvella_prova(NAME FILE...)
 morvella_prova(cli_test cli/programma_test.cpp cli/struttura_test.cpp cli/dimora_test.cpp cli/eventi_test.cpp
-               cli/uso_test.cpp)
+               cli/uso_test.cpp cli/letture_test.cpp)
 if(NOT WIN32)
   morvella_prova(terminale_test cli/terminale_test.cpp)
 endif()

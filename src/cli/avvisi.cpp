@@ -65,7 +65,8 @@ bool FiniRigaLf(Stato& s, Vista percorso) {
 }
 
 bool HaNomeDiSorgente(Vista percorso) {
-    constexpr Vista Fini[] = {".vbp", ".frm", ".bas", ".cls", ".frx", ".ctl", ".dsr", ".pag", ".res"};
+    constexpr Vista Fini[] = {".vbp", ".vbg", ".vbw", ".frm", ".frx", ".bas", ".cls", ".ctl", ".ctx",
+                              ".pag", ".pgx", ".dob", ".dox", ".dsr", ".dsx", ".dca", ".res"};
     return std::find(std::begin(Fini), std::end(Fini), LCase(Right(percorso, 4))) != std::end(Fini);
 }
 

@@ -35,6 +35,8 @@ constexpr Comando TabellaComandi[] = {
      "Magazzino/Magazzino.vbp frmArticoli.frm"},
     {MostraQui, "mostra",    "FILE.log...",            "Mostra qui una struttura, coi connettori.",
      "Magazzino/Appoggio/modGenerale.log"},
+    {Esamina,   "esamina",   "INGRESSO...",            "Cerca gli errori veri nei blocchi del codice.",
+     "Magazzino/Magazzino.vbp"},
     {Documenta, "documenta", "PROGETTO.vbp [RIGA...]", "Scrive le pagine HTML e il loro indice.",
      "--apri Magazzino/Magazzino.vbp"},
     {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto.",
@@ -78,15 +80,27 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Ripristina = true; }},
     {'r', "rapporto",               "FILE",  DiProgetto, 0, "Rapporto JSON (- per l'uscita standard).",
      [](Richiesta& r, const std::string& v) { r.Rapporto = v; }},
+    {'f', "formato",                "FORMATO", Esamina, 0, "testo, json, sarif o github.",
+     [](Richiesta& r, const std::string& v) { r.Formato = v; }},
+    {'u', "uscita",                 "FILE",  Esamina, 0, "Scrive lì (- per l'uscita standard).",
+     [](Richiesta& r, const std::string& v) { r.Uscita = v; }},
+    {0,   "ricorsivo",              nullptr, Esamina, 0, "Anche directory, con ciò che contengono.",
+     [](Richiesta& r, const std::string&) { r.Ricorsivo = true; }},
+    {0,   "radice",                 "DIR",   Esamina, 0, "Da dove partono i percorsi detti.",
+     [](Richiesta& r, const std::string& v) { r.Radice = v; }},
+    {'b', "base",                   "FILE",  Esamina, 0, "Tace i rilievi che questa base conosce.",
+     [](Richiesta& r, const std::string& v) { r.Base = v; }},
+    {0,   "scrivi-base",            "FILE",  Esamina, 0, "Scrive la base dei rilievi di oggi.",
+     [](Richiesta& r, const std::string& v) { r.ScriviBase = v; }},
     {'p', "programma",              "DIR",   (DiProgetto & ~Elenca) | Conserva | Guida, Elenca, "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},
     {0,   "senza-processi",         nullptr, Avviano, DiProgetto, "Non avvia altri programmi.",
      [](Richiesta& r, const std::string&) { r.SenzaProcessi = true; }},
     {0,   "senza-pager",            nullptr, MostraQui, 0, "Senza impaginatore.",
      [](Richiesta& r, const std::string&) { r.SenzaPager = true; }},
-    {0,   "senza-colori",           nullptr, MostraQui, 0, "Senza colori (come con NO_COLOR).",
+    {0,   "senza-colori",           nullptr, MostraQui | Esamina, 0, "Senza colori (come con NO_COLOR).",
      [](Richiesta& r, const std::string&) { r.SenzaColori = true; }},
-    {'q', "silenzioso",             nullptr, DiProgetto | Guida, 0, "Dice soltanto errori e rilievi.",
+    {'q', "silenzioso",             nullptr, DiProgetto | Guida, Esamina, "Dice soltanto errori e rilievi.",
      [](Richiesta& r, const std::string&) { r.Silenzioso = true; }},
     {'h', "aiuto",                  nullptr, Tutti, 0, "Mostra questo testo.",
      [](Richiesta& r, const std::string&) { r.Aiuto = true; }},
@@ -206,6 +220,13 @@ void DividiFile(const std::vector<std::string>& liberi, Richiesta& richiesta) {
     richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
 }
 
+// The arguments of "esamina".
+void DividiIngressi(const std::vector<std::string>& liberi, Richiesta& richiesta) {
+    if (liberi.size() < 2)
+        throw UsoErrato{"manca che cosa esaminare: morvella-cli esamina PROGETTO.vbp"};
+    richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
+}
+
 // The arguments of a command that wants a project.
 void DividiProgetto(const Comando& comando, const std::vector<std::string>& liberi, Richiesta& richiesta) {
     if (liberi.size() < 2)
@@ -267,6 +288,8 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         throw UsoErrato{"--apri e --sottocartelle riguardano le pagine: con esegui ci vuole anche --html"};
     if (comando.Chi == MostraQui)
         DividiFile(liberi, richiesta);
+    else if (comando.Chi == Esamina)
+        DividiIngressi(liberi, richiesta);
     else if ((comando.Chi & (Conserva | Guida)) == 0)
         DividiProgetto(comando, liberi, richiesta);
     else if (liberi.size() > 1)

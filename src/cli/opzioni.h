@@ -16,11 +16,16 @@ namespace morvella::cli {
 struct Richiesta {
     std::string Comando;
     std::string Progetto;           // platform path of the *.vbp
-    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra"
+    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra", what to examine
     std::optional<bool> Risposta;   // --si, --no
     std::string Programma;
     std::string TestoIntestazione;
     std::string Rapporto;
+    std::string Formato = "testo"; // these five: of "esamina"
+    std::string Uscita;
+    std::string Base;
+    std::string ScriviBase;
+    std::string Radice;
     std::optional<bool> TogliCommenti; // these three: no value where the stored option holds
     std::optional<bool> IntestazioneProcedure;
     std::optional<bool> SenzaConferma;
@@ -35,6 +40,7 @@ struct Richiesta {
     bool SenzaPager = false;
     bool SenzaColori = false;
     bool SenzaProcessi = false;
+    bool Ricorsivo = false;
     bool Silenzioso = false;
     bool Aiuto = false;
     bool Versione = false;
@@ -57,6 +63,7 @@ enum PerComando : unsigned {
     Documenta = 128,
     Conserva = 256,
     Guida = 512,
+    Esamina = 1024,
 };
 
 struct Comando {

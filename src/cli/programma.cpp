@@ -6,6 +6,7 @@
 
 #include "cli/conserva.h"
 #include "cli/corsa.h"
+#include "cli/esamina.h"
 #include "cli/eventi.h"
 #include "cli/mostra.h"
 #include "cli/prosegui.h"
@@ -170,6 +171,7 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
             return Fatto;
         }
         if (richiesta.Comando == "mostra") return Mostra(richiesta, ambiente);
+        if (richiesta.Comando == "esamina") return EsaminaIngressi(richiesta, ambiente);
         Corsa corsa(std::move(richiesta), ambiente);
         return Esegui(corsa);
     } catch (const UsoErrato& e) {

@@ -8,6 +8,7 @@
 
 #include "cli/avvisi.h"
 #include "cli/consiglio.h"
+#include "cli/letture.h"
 #include "cli/programma.h"
 #include "cli/sottocartelle.h"
 
@@ -33,6 +34,10 @@ void Avvisa(Corsa& c, const std::vector<std::string>& frasi) {
     for (const std::string& frase : frasi) c.Fronte.Di("Avviso: " + frase);
 }
 
+void Aggiungi(std::vector<std::string>& avvisi, const std::vector<std::string>& altri) {
+    avvisi.insert(avvisi.end(), altri.begin(), altri.end());
+}
+
 bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
     return std::any_of(prodotto.File.begin(), prodotto.File.end(), [&](const Testo& file) {
         return file.ends_with(".log") && c.S.File.Trova(file).Cosa.Bytes == 0;
@@ -40,19 +45,18 @@ bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
 }
 
 // Without a form before it in the run, a module whose head does not end is listed from nowhere on.
-void AvvisaVuote(Corsa& c) {
+void AvvisaVuote(Corsa& c, std::vector<std::string>& avvisi) {
     for (const Prodotto& prodotto : c.Fronte.Prodotti)
         if (prodotto.Righe > 0 && StrutturaVuota(c, prodotto))
-            c.Fronte.Di(
-                "Avviso: la struttura di " + TraVirgolette(prodotto.Voce) +
-                " è vuota: nessun form viene prima" +
+            avvisi.push_back(
+                "la struttura di " + TraVirgolette(prodotto.Voce) + " è vuota: nessun form viene prima" +
                 (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dietro un errore ricomincia" : "") +
                 ", e la testata del modulo non finisce mai.");
 }
 
-void AvvisaSenzaVoci(Corsa& c, const char* conseguenza) {
+void AvvisaSenzaVoci(Corsa& c, const char* conseguenza, std::vector<std::string>& avvisi) {
     if (c.S.File1.ListCount() == 0)
-        c.Fronte.Di(std::string("Avviso: il progetto non ha righe Form=, Module= o Class=: ") + conseguenza);
+        avvisi.push_back(std::string("il progetto non ha righe Form=, Module= o Class=: ") + conseguenza);
 }
 
 // One line a module with what was written for it.
@@ -70,20 +74,24 @@ void RaccontaProdotti(Corsa& c) {
     }
 }
 
-void RaccontaAvvisi(Corsa& c, int stato) {
+std::vector<std::string> TuttiGliAvvisi(Corsa& c, int stato) {
     const std::string& comando = c.Chiesto.Comando;
     const Uscite uscite = comando == "struttura"   ? Uscite::Strutture
                           : comando == "documenta" ? Uscite::Pagine
                           : c.Lavorate.empty()     ? Uscite::Nessuna
                                                    : Uscite::Testi;
-    AvvisaVuote(c);
-    Avvisa(c, c.Note);
-    Avvisa(c, Avvisi(c.S, c.Lavorate, uscite));
+    std::vector<std::string> avvisi;
+    AvvisaVuote(c, avvisi);
+    Aggiungi(avvisi, c.Note);
+    Aggiungi(avvisi, Avvisi(c.S, c.Lavorate, uscite));
     const bool pagine = comando == "documenta" || c.Chiesto.Html;
-    if (comando == "eventi" || stato == RispostoNo || (Fermata(c) && !pagine)) return;
-    AvvisaSenzaVoci(c, pagine ? "senza righe l'indice va nella radice del disco."
-                       : comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
-                                                                   : "non c'è niente da scrivere.");
+    if (comando == "eventi" || stato == RispostoNo || (Fermata(c) && !pagine)) return avvisi;
+    AvvisaSenzaVoci(c,
+                    pagine ? "senza righe l'indice va nella radice del disco."
+                    : comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
+                                                                : "non c'è niente da scrivere.",
+                    avvisi);
+    return avvisi;
 }
 
 void RaccontaTotali(Corsa& c, int stato) {
@@ -98,14 +106,14 @@ void RaccontaTotali(Corsa& c, int stato) {
 }
 
 void RaccontaRilievi(Corsa& c) {
-    std::optional<LineeDiEditor> linee;
-    Testo diChi;
-    for (const Rilievo& rilievo : c.Fronte.Trovato.Rilievi()) {
-        if (!linee || diChi != rilievo.Voce) linee.emplace(c.S, diChi = rilievo.Voce);
-        const auto inFile = [&](Lungo n) { return linee->Di(n); };
-        c.Stampa(c.SorgenteDiVoce(rilievo.Voce) + ":" + std::to_string(inFile(rilievo.Dove.Riga)) + ": " +
-                 rilievo.Frase(inFile));
-    }
+    const DueLetture& due = c.Fronte.Avvenuto.Rilievi.emplace(ConfrontaLetture(c));
+    for (const RilievoDiStruttura& r : due.Struttura)
+        c.Stampa(r.File + ":" + std::to_string(r.Riga) + ": " + r.Frase);
+    if (due.Struttura.empty() || c.Chiesto.Silenzioso) return;
+    const auto condivisi = std::count_if(due.Struttura.begin(), due.Struttura.end(),
+                                         [](const RilievoDiStruttura& r) { return r.Condiviso; });
+    c.Stampa("Rilievi condivisi da esamina: " + std::to_string(condivisi) + " su " +
+             std::to_string(due.Struttura.size()));
 }
 
 // The file of an error, or the line of the source where it happened; "" when neither is known.
@@ -122,15 +130,20 @@ std::string DoveErrore(Corsa& c, const ErroreAvvenuto& e, bool fileAssente) {
 
 void Racconta(Corsa& c, int stato) {
     c.Fronte.TogliProgresso();
+    std::vector<std::string>& avvisi = c.Fronte.Avvenuto.Avvisi;
+    if (!c.Chiesto.Silenzioso || !c.Chiesto.Rapporto.empty()) avvisi = TuttiGliAvvisi(c, stato);
     if (!c.Chiesto.Silenzioso) {
         RaccontaProdotti(c);
-        RaccontaAvvisi(c, stato);
+        Avvisa(c, avvisi);
         RaccontaTotali(c, stato);
     } else if (c.Chiesto.Controlla) {
         // Silence about findings is a promise: what nobody examined is told.
-        AvvisaVuote(c);
-        Avvisa(c, AvvisiLf(c.S, c.Lavorate));
-        if (stato != RispostoNo && !Fermata(c)) AvvisaSenzaVoci(c, "non c'è niente da controllare.");
+        std::vector<std::string> nonEsaminati;
+        AvvisaVuote(c, nonEsaminati);
+        Aggiungi(nonEsaminati, AvvisiLf(c.S, c.Lavorate));
+        if (stato != RispostoNo && !Fermata(c))
+            AvvisaSenzaVoci(c, "non c'è niente da controllare.", nonEsaminati);
+        Avvisa(c, nonEsaminati);
     }
     if (c.Chiesto.Controlla) RaccontaRilievi(c);
     c.Intorno.Uscita << std::flush;

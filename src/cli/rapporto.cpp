@@ -1,47 +1,33 @@
 // SPDX-License-Identifier: MIT
 #include "cli/rapporto.h"
 
-#include <cstdio>
+#include "cli/formati.h"
+#include "cli/json.h"
 
 namespace morvella::cli {
 
 namespace {
 
-std::string Stringa(Vista bytes) {
-    std::string json = "\"";
-    for (const char c : Utf8Da1252(bytes)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            json += '\\';
-            json += c;
-        } else if (byte < 0x20) {
-            char numero[8];
-            std::snprintf(numero, sizeof numero, "\\u%04x", byte);
-            json += numero;
-        } else {
-            json += c;
-        }
-    }
-    return json + '"';
-}
-
 std::string Logico(bool b) { return b ? "true" : "false"; }
 
 std::string Numero(Lungo n) { return std::to_string(n); }
 
-template <class Voci, class F>
-std::string Schiera(const Voci& voci, F&& voce) {
-    std::string json = "[";
-    for (const auto& v : voci) {
-        if (json.size() > 1) json += ',';
-        json += "\n    " + voce(v);
-    }
-    return json + (json.size() > 1 ? "\n  ]" : "]");
-}
-
 std::string DiBarra(const Barra& barra) {
     return "{\"Max\": " + Numero(barra.Max) + ", \"Value\": " + Numero(barra.Value) +
            ", \"Visible\": " + Logico(barra.Visible) + "}";
+}
+
+std::string DiLetture(const std::optional<DueLetture>& due) {
+    if (!due) return "null";
+    return "{\"struttura\": " +
+           Schiera(due->Struttura,
+                   [](const RilievoDiStruttura& r) {
+                       return "{\"file\": " + StringaUtf8(r.File) + ", \"riga\": " + Numero(r.Riga) +
+                              ", \"testo\": " + Stringa(r.Linea) +
+                              ", \"messaggio\": " + StringaUtf8(r.Frase) +
+                              ", \"condiviso\": " + Logico(r.Condiviso) + "}";
+                   }) +
+           ", \"esamina\": " + Schiera(due->Esame, JsonDi) + "}";
 }
 
 } // namespace
@@ -72,6 +58,8 @@ std::string Json(const Stato& s, const Cronaca& cronaca) {
                        ", \"file\": " + Stringa(e.Causa.File) + ", \"riga\": " + Stringa(e.Voce) +
                        ", \"linea\": " + Numero(e.Riga) + ", \"finale\": " + Logico(e.Finale) + "}";
             });
+    json += ",\n  \"rilievi\": " + DiLetture(cronaca.Rilievi);
+    json += ",\n  \"avvisi\": " + Schiera(cronaca.Avvisi, StringaUtf8);
     return json + "\n}\n";
 }
 

@@ -93,7 +93,14 @@ TEST(Finestra, SoltantoLi) {
         Banco b;
         EXPECT_EQ(prima.Eventi({"--no", "-r", "r.json", "File1Leggi_Click"}), 0);
         EXPECT_EQ(b.Eventi({"--no", "-r", "r.json", "File1Leggi_Click", evento}), 0) << evento;
-        EXPECT_EQ(b.Disco.TuttiIFile(), prima.Disco.TuttiIFile()) << evento;
+        const auto senzaAvvisi = [](const Banco& banco) {
+            auto file = banco.Disco.TuttiIFile();
+            std::string& rapporto = file.at("/casa/r.json");
+            rapporto.resize(
+                rapporto.find("  \"avvisi\": ")); // the last key, and the only one that may differ
+            return file;
+        };
+        EXPECT_EQ(senzaAvvisi(b), senzaAvvisi(prima)) << evento;
         EXPECT_TRUE(b.Dice(std::string("Avviso: ") + evento) && b.Dice("qui non cambia niente"))
             << b.Errori.str();
         EXPECT_EQ(b.Eventi({"--no", "-q", evento}), 0);

@@ -447,6 +447,10 @@ TEST(Rapporto, OggettoIntero) {
         "    {\"motore\": \"mnuRiordina_Click\", \"numero\": 53, \"descrizione\": \"File non trovato.\", "
         "\"file\": \"\\\\casa\\\\p\\\\Perché.bas\", "
         "\"riga\": \"Perché.bas\", \"linea\": 0, \"finale\": false}\n"
+        "  ],\n"
+        "  \"rilievi\": null,\n"
+        "  \"avvisi\": [\n"
+        "    \"«Perché.bas» manca: il progetto lo nomina, ma il file non c'è.\"\n"
         "  ]\n"
         "}\n");
 }

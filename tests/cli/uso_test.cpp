@@ -103,6 +103,7 @@ TEST(Uso, AiutoDiUnComando) {
           "silenzioso"}},
         {"elenca", {"lf", "rapporto", "silenzioso"}},
         {"mostra", {"senza-pager", "senza-colori"}},
+        {"esamina", {"formato", "uscita", "ricorsivo", "radice", "base", "scrivi-base", "senza-colori"}},
         {"eventi",
          {"si", "no", "senza-conferma", "togli-commenti", "intestazione-procedure", "testo-intestazione",
           "lf", "controlla", "apri", "ini", "rapporto", "programma", "senza-processi", "silenzioso"}},

@@ -10,21 +10,28 @@
 #include <string>
 #include <vector>
 
+#include "formato/formato.h"
+
 namespace morvella::cli {
 
 /// What the user asked for.
 struct Richiesta {
     std::string Comando;
     std::string Progetto;           // platform path of the *.vbp
-    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra"
+    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra" and "formatta"
     std::optional<bool> Risposta;   // --si, --no
     std::string Programma;
     std::string TestoIntestazione;
     std::string Rapporto;
+    std::string In; // "formatta": platform path of the directory for the copies
+    formato::Opzioni Formato;
     std::optional<bool> TogliCommenti; // these three: no value where the stored option holds
     std::optional<bool> IntestazioneProcedure;
     std::optional<bool> SenzaConferma;
     bool Lf = false;
+    bool Verifica = false;
+    bool Differenze = false;
+    bool SoloVerifica = false;
     bool Prosegui = false;
     bool Controlla = false;
     bool Html = false;
@@ -57,6 +64,8 @@ enum PerComando : unsigned {
     Documenta = 128,
     Conserva = 256,
     Guida = 512,
+    Formatta = 2048,
+    Verifica = 4096,
 };
 
 struct Comando {

@@ -7,10 +7,12 @@
 #include "cli/conserva.h"
 #include "cli/corsa.h"
 #include "cli/eventi.h"
+#include "cli/formatta.h"
 #include "cli/mostra.h"
 #include "cli/prosegui.h"
 #include "cli/racconto.h"
 #include "cli/sottocartelle.h"
+#include "cli/verifica.h"
 #include "cli/voci.h"
 #include "comandi/comandi.h"
 #include "docs/docs.h"
@@ -96,6 +98,8 @@ void SuVoci(Corsa& c) {
     } else if (comando == "struttura") {
         c.Fai("mnuvorn_Click", mnuvorn_Click);
         if (c.Chiesto.Prosegui) ProseguiStruttura(c);
+    } else if (comando == "verifica") {
+        // Nothing to do: SuProgetto verifies the rows.
     } else if (comando == "documenta") {
         ScriviPagine(c);
     } else if (c.Fai("mnuLettura_Click", mnuLettura_Click) && !c.Fronte.Prodotti.empty()) {
@@ -130,8 +134,14 @@ int SuProgetto(Corsa& c) {
         throw;
     }
     if (!c.Fronte.Avvenuto.Errori.empty()) stato = Fermato;
+    if (c.Chiesto.Comando == "verifica") {
+        RaccontaErrori(c);
+        return stato == Fatto && VerificaCopie(c) ? Fatto : Fermato;
+    }
     if (c.Chiesto.Controlla && !c.Fronte.Trovato.Rilievi().empty()) stato = Trovato;
     Racconta(c, stato);
+    // What an error left unwritten, or wrote half, proves nothing.
+    if (c.Chiesto.Verifica && (stato == Fatto || stato == Trovato) && !VerificaCopie(c)) stato = Fermato;
     return ScriviRapporto(c) || stato != Fatto ? stato : Fermato;
 }
 
@@ -170,6 +180,7 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
             return Fatto;
         }
         if (richiesta.Comando == "mostra") return Mostra(richiesta, ambiente);
+        if (richiesta.Comando == "formatta") return FormattaIngressi(richiesta, ambiente);
         Corsa corsa(std::move(richiesta), ambiente);
         return Esegui(corsa);
     } catch (const UsoErrato& e) {

@@ -21,12 +21,12 @@
 namespace morvella::formato {
 
 struct Opzioni {
-    unsigned Passo = 4;             // blanks a level, from 1 to PassoMassimo
-    bool Tab = false;               // a tab a level, which counts for Passo blanks
-    unsigned Case = 1;              // levels that Case stands inside its Select: 0 or 1
+    unsigned Passo = 4;              // blanks a level, from 1 to PassoMassimo
+    bool Tab = false;                // a tab a level, which counts for Passo blanks
+    unsigned Case = 1;               // levels that Case stands inside its Select: 0 or 1
     bool EtichetteNelCodice = false; // labels and line numbers with the code, not at the margin
     bool DirettiveAlMargine = false; // #If and the like at the margin, not with the code
-    bool SenzaCode = false;         // blanks and tabs that end a line go
+    bool SenzaCode = false;          // blanks and tabs that end a line go
 };
 inline constexpr unsigned PassoMassimo = 16;
 

@@ -181,7 +181,8 @@ void Livelli::FineLinea(const esame::Frase& f, std::uint32_t ultima) {
     case Genere::Etichetta:
         if (!deciso_) livello_ = dentroPrima_;
         Libera(attesi_ == Attesi::Dentro ? dentroPrima_ : livello_, livello_);
-        if (opzioni_.EtichetteNelCodice || !(numero || genere_ == Genere::Etichetta)) linea.Livello = livello_;
+        if (opzioni_.EtichetteNelCodice || !(numero || genere_ == Genere::Etichetta))
+            linea.Livello = livello_;
         break;
     }
     linee_.push_back(linea);

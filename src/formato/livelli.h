@@ -42,7 +42,7 @@ class Livelli {
         std::uint32_t Livello = 0; // of what opened it
         std::uint32_t Dentro = 0;  // of what stands in it
     };
-    struct Gruppo { // an #If
+    struct Gruppo {               // an #If
         std::uint32_t Prima = 0;  // the node where it stands
         std::uint32_t Scelta = 0; // the node after the branch that goes on
         bool Morta = false;       // the branch that is being read is never compiled

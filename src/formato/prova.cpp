@@ -9,7 +9,8 @@ namespace morvella::formato {
 namespace {
 
 std::string_view PrendiRiga(std::string_view& resto) noexcept {
-    const std::string_view riga = resto.substr(0, resto.find('\n') + (resto.find('\n') == resto.npos ? 0 : 1));
+    const std::string_view riga =
+        resto.substr(0, resto.find('\n') + (resto.find('\n') == resto.npos ? 0 : 1));
     resto.remove_prefix(riga.size());
     return riga;
 }
@@ -37,7 +38,8 @@ std::optional<Diversita> Confronta(std::string_view sorgente, std::string_view c
         const bool finita = sorgente.empty() || copia.empty();
         const std::string_view sua = PrendiRiga(sorgente);
         const std::string_view nuova = PrendiRiga(copia);
-        if (finita || Dividi(sua, senzaCode) != Dividi(nuova, senzaCode)) return Diversita{numero, sua, nuova};
+        if (finita || Dividi(sua, senzaCode) != Dividi(nuova, senzaCode))
+            return Diversita{numero, sua, nuova};
     }
     return std::nullopt;
 }

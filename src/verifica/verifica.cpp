@@ -174,9 +174,9 @@ class Confronto {
         string_.append(Asterischi.data(), larga - 1);
         vuoto_ = "'*";
         vuoto_.append(Bianchi.data(), larga - 3).append("*");
-        daSorgente_ = false;
-        if (!Uguale(prima ? string_ : vuoto_) || !Uguale(prima ? vuoto_ : string_)) return Diversa("(riquadro)");
-        daSorgente_ = true;
+        // A head that is missing misses its banner first, and then it is the head that is wanted.
+        if (!Uguale(prima ? string_ : vuoto_) || !Uguale(prima ? vuoto_ : string_))
+            return Diversa(prima && !Trim(Trovata()).starts_with("'*") ? sua_ : "(riquadro)");
         esito_.Contate.Riquadri += 2;
         return true;
     }
@@ -209,7 +209,8 @@ class Confronto {
                                            : trovata.size() == davanti.size() + lunga + dietro.size());
             return (buona && Esatta(trovata)) || Diversa(davanti);
         };
-        if (!riga(Stelle) || !riga(Autore) || !fra(Posta, LungoIndirizzo, FinePosta) || !riga(Scopo)) return false;
+        if (!riga(Stelle) || !riga(Autore) || !fra(Posta, LungoIndirizzo, FinePosta) || !riga(Scopo))
+            return false;
         bool richiami = false;
         for (std::size_t dove = 0; TrovaShow(dove);) {
             if (!richiami && !riga(Richiami)) return false;
@@ -286,9 +287,9 @@ class Confronto {
     const Regole& regole_;
     int stato_; // of the head of the file, up to Codice
     std::size_t s_ = 0, c_ = 0;
-    std::size_t inizio_ = 0;    // of the source's line
-    string_view riga_, sua_;    // the source's line, and trimmed
-    bool daSorgente_ = true;    // what is expected is a line of the source
+    std::size_t inizio_ = 0;     // of the source's line
+    string_view riga_, sua_;     // the source's line, and trimmed
+    bool daSorgente_ = true;     // what is expected is a line of the source
     std::string string_, vuoto_; // lines of the copy's own
     Esito esito_;
 };

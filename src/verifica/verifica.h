@@ -19,10 +19,10 @@
 namespace morvella::verifica {
 
 struct Regole {
-    bool Form = false;              // the name ends in ".frm": the file begins as code
-    bool TogliCommenti = false;     // comment lines of the code go
-    std::string_view Intestazione;  // the header text of forms and classes; "" for none
-    bool Lf = false;                // a lone LF ends a line of the source too
+    bool Form = false;               // the name ends in ".frm": the file begins as code
+    bool TogliCommenti = false;      // comment lines of the code go
+    std::string_view Intestazione{}; // the header text of forms and classes; "" for none
+    bool Lf = false;                 // a lone LF ends a line of the source too
 };
 
 /// Whether a file of this name begins as code.
@@ -32,7 +32,7 @@ bool NomeDiForm(std::string_view nome) noexcept;
 struct Conti {
     std::uint64_t Righe = 0; // of the source
     // of the source, in the copy:
-    std::uint64_t Uguali = 0; // code, the blanks around it aside
+    std::uint64_t Uguali = 0;  // code, the blanks around it aside
     std::uint64_t Intatte = 0; // the head, to the byte
     // of the source, not in the copy:
     std::uint64_t VuoteTolte = 0;

@@ -79,17 +79,21 @@ TEST(Proprieta, ModuloOrdinatoRestaComE) {
 // Any bytes: nothing is lost, and a second run changes nothing.
 TEST(Proprieta, ByteQualsiasi) {
     static constexpr const char* pezzi[] = {
-        "If a Then", "\n",  "\r\n",     "\r",       "Else",    "End If", " ",      "\t",     "#If x",  "#Else",
-        "#End If",   " _",  "_",        "'",        "\"",      ":",      "Case 1", "Select Case x", "End Select",
-        "Sub A()",   "\n",  "End Sub",  "Next j,i", "For i",   "Rem ",   "100 ",   "Lbl:",   "\xA0",   "\x1A",
-        "VERSION 5", "Begin X", "End",  "\xEF\xBB\xBF", "Type T", "Attribute x", "\v", "[", "#1/2/3#", "\n", "\n"};
+        "If a Then",  "\n",      "\r\n",         "\r",      "Else",        "End If",
+        " ",          "\t",      "#If x",        "#Else",   "#End If",     " _",
+        "_",          "'",       "\"",           ":",       "Case 1",      "Select Case x",
+        "End Select", "Sub A()", "\n",           "End Sub", "Next j,i",    "For i",
+        "Rem ",       "100 ",    "Lbl:",         "\xA0",    "\x1A",        "VERSION 5",
+        "Begin X",    "End",     "\xEF\xBB\xBF", "Type T",  "Attribute x", "\v",
+        "[",          "#1/2/3#", "\n",           "\n"};
     std::mt19937 caso(11);
     for (int i = 0; i < 20000; ++i) {
         string testo;
         for (std::size_t n = caso() % 40; n > 0; --n) testo += pezzi[caso() % std::size(pezzi)];
         const Opzioni opzioni = ACaso(caso);
         const string copia = Formatta(testo, opzioni);
-        ASSERT_FALSE(Confronta(testo, copia, opzioni.SenzaCode)) << testing::PrintToString(testo) << testing::PrintToString(copia);
+        ASSERT_FALSE(Confronta(testo, copia, opzioni.SenzaCode))
+            << testing::PrintToString(testo) << testing::PrintToString(copia);
         ASSERT_EQ(Formatta(copia, opzioni), copia) << testing::PrintToString(testo);
     }
 }

@@ -22,16 +22,16 @@ TEST(Confronta, SoloIRientri) {
         {"", ""},
         {"a\r\n b\n", "\ta\r\nb\n"},
         {"   \n", "\n"},
-        {"a\nb", "a\nb\n", false, 2},       // a line end more
-        {"a\nb\n", "a\nb\n\n", false, 3},   // a line more
-        {"a\nb\n", "a\n", false, 2},        // one less
+        {"a\nb", "a\nb\n", false, 2},     // a line end more
+        {"a\nb\n", "a\nb\n\n", false, 3}, // a line more
+        {"a\nb\n", "a\n", false, 2},      // one less
         {"a\nb\n", "", false, 1},
         {"a\nb\n", "b\na\n", false, 1},
-        {"a b\n", "a  b\n", false, 1},      // inside the text
+        {"a b\n", "a  b\n", false, 1}, // inside the text
         {"a\n", "A\n", false, 1},
-        {"a\r\n", "a\n", false, 1},         // the line end
+        {"a\r\n", "a\n", false, 1}, // the line end
         {"a\rb\n", "ab\n", false, 1},
-        {"\xA0 a\n", "a\n", false, 1},      // a no-break blank is text
+        {"\xA0 a\n", "a\n", false, 1}, // a no-break blank is text
         {"a \n", "a\n", false, 1},
         {"a \t\r\n", "a\r\n", true},
         {"a \r\n", "a\n", true, 1},
@@ -58,14 +58,16 @@ TEST(Differenze, Unite) {
     EXPECT_EQ(Differenze("a\n b\nc", "a\nb\n c", "x", "y"),
               "--- x\n+++ y\n@@ -1,3 +1,3 @@\n a\n- b\n-c\n\\ No newline at end of file\n+b\n+ c\n"
               "\\ No newline at end of file\n");
-    EXPECT_EQ(Differenze("a", " a", "x", "y"),
-              "--- x\n+++ y\n@@ -1 +1 @@\n-a\n\\ No newline at end of file\n+ a\n\\ No newline at end of file\n");
+    EXPECT_EQ(
+        Differenze("a", " a", "x", "y"),
+        "--- x\n+++ y\n@@ -1 +1 @@\n-a\n\\ No newline at end of file\n+ a\n\\ No newline at end of file\n");
     // Six lines between two changes are one hunk, seven are two.
     const string prima = " 1\n2\n3\n4\n5\n6\n7\n 8\n";
     EXPECT_EQ(Differenze(prima, "1\n2\n3\n4\n5\n6\n7\n8\n", "x", "y"),
               "--- x\n+++ y\n@@ -1,8 +1,8 @@\n- 1\n+1\n 2\n 3\n 4\n 5\n 6\n 7\n- 8\n+8\n");
-    EXPECT_EQ(Differenze(" 1\n2\n3\n4\n5\n6\n7\n8\n 9\n10\n", "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n", "x", "y"),
-              "--- x\n+++ y\n@@ -1,4 +1,4 @@\n- 1\n+1\n 2\n 3\n 4\n@@ -6,5 +6,5 @@\n 6\n 7\n 8\n- 9\n+9\n 10\n");
+    EXPECT_EQ(
+        Differenze(" 1\n2\n3\n4\n5\n6\n7\n8\n 9\n10\n", "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n", "x", "y"),
+        "--- x\n+++ y\n@@ -1,4 +1,4 @@\n- 1\n+1\n 2\n 3\n 4\n@@ -6,5 +6,5 @@\n 6\n 7\n 8\n- 9\n+9\n 10\n");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The test programs of this directory: morvella_prova(NAME FILE...)
 morvella_prova(verifica_test
+  esame/generatore.cpp
   verifica/casi_test.cpp
   verifica/verifica_test.cpp)
 target_link_libraries(verifica_test PRIVATE morvella_verifica)

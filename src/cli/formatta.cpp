@@ -21,7 +21,10 @@ std::string Conto(std::uint64_t n, const char* uno, const char* molti) {
 class Formattazione {
   public:
     Formattazione(const Richiesta& richiesta, Ambiente& ambiente)
-        : richiesta_(richiesta), ambiente_(ambiente), archivio_(ambiente.Macchina) {}
+        : richiesta_(richiesta),
+          ambiente_(ambiente),
+          archivio_(ambiente.Macchina),
+          partenza_(ambiente.Macchina.DirectoryCorrente()) {}
 
     int Fai() {
         std::vector<DaFormattare> sorgenti;
@@ -149,7 +152,11 @@ class Formattazione {
         return FaiDirectory(lavoro + "\\Formattati");
     }
 
-    std::string Nativo(const Testo& percorso) { return archivio_.Trova(percorso).Percorso; }
+    // As an editor wants it: relative to where the program was started.
+    std::string Nativo(const Testo& percorso) {
+        const std::string nativo = archivio_.Trova(percorso).Percorso;
+        return nativo.starts_with(partenza_ + "/") ? nativo.substr(partenza_.size() + 1) : nativo;
+    }
     static std::string Bytes(const char* davanti, const std::string& nome) {
         return davanti + Bytes1252DaUtf8(nome).value_or(nome);
     }
@@ -174,7 +181,8 @@ class Formattazione {
     const Richiesta& richiesta_;
     Ambiente& ambiente_;
     Archivio archivio_;
-    Testo in_; // the directory for the copies, "" for each project's own
+    std::string partenza_; // the directory where the program was started
+    Testo in_;             // the directory for the copies, "" for each project's own
     std::unordered_set<Testo> scritti_;
     bool guasti_ = false;
     std::uint64_t moduli_ = 0, righe_ = 0, cambiati_ = 0, uguali_ = 0, rilevati_ = 0;

@@ -39,7 +39,6 @@ bool TrovaIngressi(const std::vector<std::string>& ingressi, Ambiente& ambiente,
                    std::vector<DaFormattare>& sorgenti, const std::function<void(const std::string&)>& di) {
     bool tutti = true;
     std::vector<Testo> protetti;
-    const std::string partenza = ambiente.Macchina.DirectoryCorrente();
     for (const std::string& ingresso : ingressi) {
         const std::string percorso = ambiente.Macchina.Assoluto(ingresso);
         const std::size_t barra = percorso.find_last_of('/');

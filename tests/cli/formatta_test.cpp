@@ -28,10 +28,10 @@ TEST(ComandoFormatta, UnProgetto) {
     BancoFormato b;
     const auto prima = b.Disco.TuttiIFile();
     EXPECT_EQ(b.Esegui({"formatta", "p/Prova.vbp"}), 0) << b.Errori.str();
-    EXPECT_EQ(b.Uscita.str(), "  p/B.bas  -> /casa/p/Appoggio/Formattati/B.bas (3 righe cambiate)\n"
-                              "  p/U.ctl  -> /casa/p/Appoggio/Formattati/U.ctl (0 righe cambiate)\n"
-                              "  p/sub/F.frm  -> /casa/p/Appoggio/Formattati/sub/F.frm (3 righe cambiate)\n"
-                              "  p/../lib/L.bas  -> /casa/p/Appoggio/Formattati/L.bas (3 righe cambiate)\n"
+    EXPECT_EQ(b.Uscita.str(), "  p/B.bas  -> p/Appoggio/Formattati/B.bas (3 righe cambiate)\n"
+                              "  p/U.ctl  -> p/Appoggio/Formattati/U.ctl (0 righe cambiate)\n"
+                              "  p/sub/F.frm  -> p/Appoggio/Formattati/sub/F.frm (3 righe cambiate)\n"
+                              "  p/../lib/L.bas  -> p/Appoggio/Formattati/L.bas (3 righe cambiate)\n"
                               "4 moduli, 20 righe: 3 cambiati, 1 già a posto, 0 con rilievi\n");
     for (const char* nome : {"B.bas", "U.ctl", "sub/F.frm", "L.bas"})
         EXPECT_EQ(b.Formattato(nome), Dritto) << nome;
@@ -138,7 +138,7 @@ TEST(ComandoFormatta, IngressiCattivi) {
     // Two sources for one name: the first one has it.
     b.Disco.Metti("/casa/q/b.BAS", "Sub q()\r\nEnd Sub\r\n");
     EXPECT_EQ(b.Esegui({"formatta", "--in=f", "p/B.bas", "q/b.BAS"}), 1);
-    EXPECT_TRUE(b.Dice("q/b.BAS: un altro sorgente di questo nome ha già scritto /casa/f/B.bas"))
+    EXPECT_TRUE(b.Dice("q/b.BAS: un altro sorgente di questo nome ha già scritto f/B.bas"))
         << b.Errori.str();
     EXPECT_EQ(b.Disco.Leggi("/casa/f/B.bas"), Dritto);
 }

@@ -16,6 +16,27 @@ namespace {
 // The value of a "[si|no]" option; a missing one is a yes.
 bool SiNo(const std::string& valore) { return valore.empty() || DiceSi(valore); }
 
+[[noreturn]] void Rifiuta(const char* opzione, const char* puo, const std::string& valore) {
+    throw UsoErrato{std::string("il valore dell'opzione --") + opzione + " può essere " + puo + ", non «" +
+                    valore + "»"};
+}
+
+// The one of two words that a value is: whether it is the second.
+bool UnoDiDue(const char* opzione, const char* uno, const char* altro, const std::string& valore) {
+    if (valore != uno && valore != altro)
+        Rifiuta(opzione, (std::string(uno) + " o " + altro).c_str(), valore);
+    return valore == altro;
+}
+
+unsigned LeggiPasso(const std::string& valore) {
+    unsigned passo = 0;
+    if (valore.size() <= 2)
+        for (const char c : valore)
+            passo = c >= '0' && c <= '9' ? passo * 10 + static_cast<unsigned>(c - '0') : 100;
+    if (passo < 1 || passo > formato::PassoMassimo) Rifiuta("passo", "un numero da 1 a 16", valore);
+    return passo;
+}
+
 // clang-format off
 constexpr unsigned Lavorano = Esegue | Riordina | Struttura | Documenta;
 constexpr unsigned DiProgetto = Lavorano | Legge | Elenca | Eventi;
@@ -39,6 +60,10 @@ constexpr Comando TabellaComandi[] = {
      "Magazzino/Magazzino.vbp"},
     {Documenta, "documenta", "PROGETTO.vbp [RIGA...]", "Scrive le pagine HTML e il loro indice.",
      "--apri Magazzino/Magazzino.vbp"},
+    {Formatta,  "formatta",  "INGRESSO...",            "Copie coi soli rientri rifatti, provate.",
+     "Magazzino/Magazzino.vbp"},
+    {Verifica,  "verifica",  "PROGETTO.vbp [RIGA...]", "Prova che le copie riscritte hanno tutto.",
+     "Magazzino/Magazzino.vbp"},
     {Elenca,    "elenca",    "PROGETTO.vbp",           "Mostra le righe del progetto.",
      "Magazzino/Magazzino.vbp"},
     {Eventi,    "eventi",    "PROGETTO.vbp EVENTO...", "Operazioni della finestra (per script).",
@@ -56,13 +81,13 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Risposta = false; }},
     {'c', "senza-conferma",         "[si|no]", Chiedono | Conserva, DiProgetto, "Non fa la domanda.",
      [](Richiesta& r, const std::string& v) { r.SenzaConferma = SiNo(v); }},
-    {'t', "togli-commenti",         "[si|no]", Riscrivono | Conserva, 0, "Toglie le righe di commento.",
+    {'t', "togli-commenti",         "[si|no]", Riscrivono | Verifica | Conserva, 0, "Toglie le righe di commento.",
      [](Richiesta& r, const std::string& v) { r.TogliCommenti = SiNo(v); }},
-    {'i', "intestazione-procedure", "[si|no]", Riscrivono | Conserva, 0, "Scrive l'intestazione in form e classi.",
+    {'i', "intestazione-procedure", "[si|no]", Riscrivono | Verifica | Conserva, 0, "Scrive l'intestazione in form e classi.",
      [](Richiesta& r, const std::string& v) { r.IntestazioneProcedure = SiNo(v); }},
-    {0,   "testo-intestazione",     "FILE",  Riscrivono | Conserva, 0, "Il testo dell'intestazione.",
+    {0,   "testo-intestazione",     "FILE",  Riscrivono | Verifica | Conserva, 0, "Il testo dell'intestazione.",
      [](Richiesta& r, const std::string& v) { r.TestoIntestazione = v; }},
-    {0,   "lf",                     nullptr, DiProgetto, 0, "Anche il solo LF chiude una riga letta.",
+    {0,   "lf",                     nullptr, DiProgetto | Verifica, 0, "Anche il solo LF chiude una riga letta.",
      [](Richiesta& r, const std::string&) { r.Lf = true; }},
     {'k', "prosegui",               nullptr, Lavorano, 0, "Dopo un errore passa alle altre righe.",
      [](Richiesta& r, const std::string&) { r.Prosegui = true; }},
@@ -74,6 +99,30 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.Apri = true; }},
     {0,   "sottocartelle",          nullptr, Esegue | Documenta, 0, "Pagine anche nelle sottocartelle.",
      [](Richiesta& r, const std::string&) { r.Sottocartelle = true; }},
+    {0,   "verifica",               nullptr, Esegue | Riordina, 0, "Prova poi le copie riscritte.",
+     [](Richiesta& r, const std::string&) { r.Verifica = true; }},
+    {0,   "passo",                  "N",     Formatta, 0, "Spazi di un livello (4).",
+     [](Richiesta& r, const std::string& v) { r.Stile.Passo = LeggiPasso(v); }},
+    {0,   "tab",                    nullptr, Formatta, 0, "Un tab a livello, non --passo spazi.",
+     [](Richiesta& r, const std::string&) { r.Stile.Tab = true; }},
+    {0,   "case",                   "0|1",   Formatta, 0, "Livelli di Case dentro Select (1).",
+     [](Richiesta& r, const std::string& v) { r.Stile.Case = UnoDiDue("case", "0", "1", v) ? 1 : 0; }},
+    {0,   "etichette",              "DOVE",  Formatta, 0, "Etichette e numeri: colonna o codice.",
+     [](Richiesta& r, const std::string& v) {
+         r.Stile.EtichetteNelCodice = UnoDiDue("etichette", "colonna", "codice", v);
+     }},
+    {0,   "direttive",              "DOVE",  Formatta, 0, "#If e simili: codice o margine.",
+     [](Richiesta& r, const std::string& v) {
+         r.Stile.DirettiveAlMargine = UnoDiDue("direttive", "codice", "margine", v);
+     }},
+    {0,   "senza-code",             nullptr, Formatta, 0, "Toglie gli spazi in fondo alle righe.",
+     [](Richiesta& r, const std::string&) { r.Stile.SenzaCode = true; }},
+    {0,   "in",                     "DIR",   Formatta, 0, "Dove scrivere (Appoggio/Formattati).",
+     [](Richiesta& r, const std::string& v) { r.In = v; }},
+    {0,   "differenze",             nullptr, Formatta, 0, "Mostra le differenze (diff unificato).",
+     [](Richiesta& r, const std::string&) { r.Differenze = true; }},
+    {0,   "solo-verifica",          nullptr, Formatta, 0, "Non scrive: dice che cosa cambierebbe.",
+     [](Richiesta& r, const std::string&) { r.SoloVerifica = true; }},
     {0,   "ini",                    nullptr, Eventi, 0, "Prima carica Default.ini.",
      [](Richiesta& r, const std::string&) { r.Ini = true; }},
     {0,   "ripristina",             nullptr, Conserva, 0, "Rimette le opzioni iniziali.",
@@ -92,7 +141,7 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string& v) { r.Base = v; }},
     {0,   "scrivi-base",            "FILE",  Esamina, 0, "Scrive la base dei rilievi di oggi.",
      [](Richiesta& r, const std::string& v) { r.ScriviBase = v; }},
-    {'p', "programma",              "DIR",   (DiProgetto & ~Elenca) | Conserva | Guida, Elenca, "La directory del programma.",
+    {'p', "programma",              "DIR",   (DiProgetto & ~Elenca) | Verifica | Conserva | Guida, Elenca, "La directory del programma.",
      [](Richiesta& r, const std::string& v) { r.Programma = v; }},
     {0,   "senza-processi",         nullptr, Avviano, DiProgetto, "Non avvia altri programmi.",
      [](Richiesta& r, const std::string&) { r.SenzaProcessi = true; }},
@@ -100,7 +149,7 @@ constexpr Opzione TabellaOpzioni[] = {
      [](Richiesta& r, const std::string&) { r.SenzaPager = true; }},
     {0,   "senza-colori",           nullptr, MostraQui | Esamina, 0, "Senza colori (come con NO_COLOR).",
      [](Richiesta& r, const std::string&) { r.SenzaColori = true; }},
-    {'q', "silenzioso",             nullptr, DiProgetto | Guida, Esamina, "Dice soltanto errori e rilievi.",
+    {'q', "silenzioso",             nullptr, DiProgetto | Formatta | Verifica | Guida, Esamina, "Dice soltanto errori e rilievi.",
      [](Richiesta& r, const std::string&) { r.Silenzioso = true; }},
     {'h', "aiuto",                  nullptr, Tutti, 0, "Mostra questo testo.",
      [](Richiesta& r, const std::string&) { r.Aiuto = true; }},
@@ -220,10 +269,10 @@ void DividiFile(const std::vector<std::string>& liberi, Richiesta& richiesta) {
     richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
 }
 
-// The arguments of "esamina".
+// The arguments of "esamina" and "formatta".
 void DividiIngressi(const std::vector<std::string>& liberi, Richiesta& richiesta) {
     if (liberi.size() < 2)
-        throw UsoErrato{"manca che cosa esaminare: morvella-cli esamina PROGETTO.vbp"};
+        throw UsoErrato{"manca l'ingresso: morvella-cli " + richiesta.Comando + " PROGETTO.vbp"};
     richiesta.Resto.assign(liberi.begin() + 1, liberi.end());
 }
 
@@ -288,7 +337,7 @@ Richiesta Analizza(const std::vector<std::string>& argomenti) {
         throw UsoErrato{"--apri e --sottocartelle riguardano le pagine: con esegui ci vuole anche --html"};
     if (comando.Chi == MostraQui)
         DividiFile(liberi, richiesta);
-    else if (comando.Chi == Esamina)
+    else if (comando.Chi == Esamina || comando.Chi == Formatta)
         DividiIngressi(liberi, richiesta);
     else if ((comando.Chi & (Conserva | Guida)) == 0)
         DividiProgetto(comando, liberi, richiesta);
@@ -313,7 +362,7 @@ std::string TestoAiuto(const std::string& comando) {
         if (comando != c.Nome) continue;
         chi = c.Chi;
         di = &c;
-        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Argomenti + "\n" + c.Aiuto + "\n\n";
+        testo = std::string("morvella-cli ") + c.Nome + " [OPZIONI] " + c.Argomenti + "\n" + c.Aiuto + "\n";
     }
     for (const Opzione& o : TabellaOpzioni) {
         if ((o.Per & chi) == 0) continue;

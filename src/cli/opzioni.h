@@ -10,14 +10,17 @@
 #include <string>
 #include <vector>
 
+#include "formato/formato.h"
+
 namespace morvella::cli {
 
 /// What the user asked for.
 struct Richiesta {
     std::string Comando;
-    std::string Progetto;           // platform path of the *.vbp
-    std::vector<std::string> Resto; // rows, the events of "eventi", the files of "mostra", what to examine
-    std::optional<bool> Risposta;   // --si, --no
+    std::string Progetto; // platform path of the *.vbp
+    std::vector<std::string>
+        Resto; // rows, events of "eventi", files of "mostra", inputs of "esamina" and "formatta"
+    std::optional<bool> Risposta; // --si, --no
     std::string Programma;
     std::string TestoIntestazione;
     std::string Rapporto;
@@ -26,10 +29,15 @@ struct Richiesta {
     std::string Base;
     std::string ScriviBase;
     std::string Radice;
+    std::string In; // "formatta": platform path of the directory for the copies
+    formato::Opzioni Stile;
     std::optional<bool> TogliCommenti; // these three: no value where the stored option holds
     std::optional<bool> IntestazioneProcedure;
     std::optional<bool> SenzaConferma;
     bool Lf = false;
+    bool Verifica = false;
+    bool Differenze = false;
+    bool SoloVerifica = false;
     bool Prosegui = false;
     bool Controlla = false;
     bool Html = false;
@@ -64,6 +72,8 @@ enum PerComando : unsigned {
     Conserva = 256,
     Guida = 512,
     Esamina = 1024,
+    Formatta = 2048,
+    Verifica = 4096,
 };
 
 struct Comando {

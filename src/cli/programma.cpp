@@ -8,10 +8,12 @@
 #include "cli/corsa.h"
 #include "cli/esamina.h"
 #include "cli/eventi.h"
+#include "cli/formatta.h"
 #include "cli/mostra.h"
 #include "cli/prosegui.h"
 #include "cli/racconto.h"
 #include "cli/sottocartelle.h"
+#include "cli/verifica.h"
 #include "cli/voci.h"
 #include "comandi/comandi.h"
 #include "docs/docs.h"
@@ -97,6 +99,8 @@ void SuVoci(Corsa& c) {
     } else if (comando == "struttura") {
         c.Fai("mnuvorn_Click", mnuvorn_Click);
         if (c.Chiesto.Prosegui) ProseguiStruttura(c);
+    } else if (comando == "verifica") {
+        // Nothing to do: SuProgetto verifies the rows.
     } else if (comando == "documenta") {
         ScriviPagine(c);
     } else if (c.Fai("mnuLettura_Click", mnuLettura_Click) && !c.Fronte.Prodotti.empty()) {
@@ -131,8 +135,14 @@ int SuProgetto(Corsa& c) {
         throw;
     }
     if (!c.Fronte.Avvenuto.Errori.empty()) stato = Fermato;
+    if (c.Chiesto.Comando == "verifica") {
+        RaccontaErrori(c);
+        return stato == Fatto && VerificaCopie(c) ? Fatto : Fermato;
+    }
     if (c.Chiesto.Controlla && !c.Fronte.Trovato.Rilievi().empty()) stato = Trovato;
     Racconta(c, stato);
+    // What an error left unwritten, or wrote half, proves nothing.
+    if (c.Chiesto.Verifica && (stato == Fatto || stato == Trovato) && !VerificaCopie(c)) stato = Fermato;
     return ScriviRapporto(c) || stato != Fatto ? stato : Fermato;
 }
 
@@ -172,6 +182,7 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
         }
         if (richiesta.Comando == "mostra") return Mostra(richiesta, ambiente);
         if (richiesta.Comando == "esamina") return EsaminaIngressi(richiesta, ambiente);
+        if (richiesta.Comando == "formatta") return FormattaIngressi(richiesta, ambiente);
         Corsa corsa(std::move(richiesta), ambiente);
         return Esegui(corsa);
     } catch (const UsoErrato& e) {

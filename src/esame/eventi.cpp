@@ -36,6 +36,7 @@ std::uint32_t RaccogliEventi(std::string_view bytes, std::size_t inizio, std::ui
         case Specie::Etichetta:
         case Specie::Commento:
         case Specie::Attributo:
+        case Specie::FineLinea:
         case Specie::CondConst: continue;
         default: break;
         }

@@ -71,7 +71,18 @@ void Frasi::Dove(Frase& frase) const noexcept {
 bool Frasi::Prossima(Frase& frase) noexcept {
     for (;;) {
         if (!aperta_) {
+            if (daChiudere_) {
+                daChiudere_ = false;
+                frase = Frase{};
+                frase.Quale = Specie::FineLinea;
+                frase.Riga = rigaLogica_;
+                frase.Inizio = frase.InizioRiga = inizioLogica_;
+                return true;
+            }
             if (!s_.ApriLogica()) return false;
+            daChiudere_ = linee_;
+            rigaLogica_ = s_.Riga();
+            inizioLogica_ = s_.InizioRiga();
             aperta_ = prima_ = true;
             salto_ = false;
             unaRiga_ = 0;

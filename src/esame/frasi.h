@@ -36,6 +36,7 @@ enum class Specie : std::uint8_t {
     CondElse,
     CondEndIf,
     CondConst,
+    FineLinea, // a logical line ends, whatever it held; given on demand, see Frasi
 };
 
 struct Frase {
@@ -57,10 +58,12 @@ struct Frase {
 
 class Frasi {
   public:
-    /// See Scanner. `commenti`: comment lines are given too.
+    /// See Scanner. `commenti`: comment lines are given too. `linee`: after the statements of each
+    /// logical line, blank ones too, comes a FineLinea; its Riga and InizioRiga are those of the first
+    /// physical line, and Riga() is the last one.
     explicit Frasi(std::string_view bytes, std::size_t inizio = 0, std::uint32_t riga = 1,
-                   bool commenti = false) noexcept
-        : s_(bytes, inizio, riga), commenti_(commenti) {}
+                   bool commenti = false, bool linee = false) noexcept
+        : s_(bytes, inizio, riga), commenti_(commenti), linee_(linee) {}
 
     /// The next statement; false after the last one.
     bool Prossima(Frase& frase) noexcept;
@@ -87,6 +90,10 @@ class Frasi {
 
     Scanner s_;
     bool commenti_;
+    bool linee_;
+    bool daChiudere_ = false; // a FineLinea is due
+    std::uint32_t rigaLogica_ = 0;
+    std::uint32_t inizioLogica_ = 0;
     bool aperta_ = false;       // something of the logical line is left
     bool prima_ = false;        // nothing but a line number has come yet
     bool salto_ = false;        // after Then or Else of a one-line If: a number is a jump

@@ -21,3 +21,5 @@ morvella_prova(documenta_test cli/documenta_test.cpp cli/sottocartelle_test.cpp 
 
 morvella_prova(mostra_test cli/mostra_test.cpp)
 target_compile_definitions(mostra_test PRIVATE MORVELLA_RADICE="${PROJECT_SOURCE_DIR}")
+
+morvella_prova(formatta_test cli/formatta_test.cpp cli/verifica_test.cpp)

@@ -87,11 +87,11 @@ TEST(Uso, AiutoDiUnComando) {
     const Caso casi[] = {
         {"esegui",
          {"si", "no", "senza-conferma", "togli-commenti", "intestazione-procedure", "testo-intestazione",
-          "lf", "prosegui", "controlla", "html", "apri", "sottocartelle", "rapporto", "programma",
+          "lf", "prosegui", "controlla", "html", "apri", "sottocartelle", "verifica", "rapporto", "programma",
           "senza-processi", "silenzioso"}},
         {"riordina",
-         {"togli-commenti", "intestazione-procedure", "testo-intestazione", "lf", "prosegui", "rapporto",
-          "programma", "silenzioso"}},
+         {"togli-commenti", "intestazione-procedure", "testo-intestazione", "lf", "prosegui", "verifica",
+          "rapporto", "programma", "silenzioso"}},
         {"struttura",
          {"togli-commenti", "intestazione-procedure", "testo-intestazione", "lf", "prosegui", "controlla",
           "rapporto", "programma", "silenzioso"}},
@@ -101,6 +101,11 @@ TEST(Uso, AiutoDiUnComando) {
         {"documenta",
          {"no", "lf", "prosegui", "apri", "sottocartelle", "rapporto", "programma", "senza-processi",
           "silenzioso"}},
+        {"formatta",
+         {"passo", "tab", "case", "etichette", "direttive", "senza-code", "in", "differenze", "solo-verifica",
+          "silenzioso"}},
+        {"verifica",
+         {"togli-commenti", "intestazione-procedure", "testo-intestazione", "lf", "programma", "silenzioso"}},
         {"elenca", {"lf", "rapporto", "silenzioso"}},
         {"mostra", {"senza-pager", "senza-colori"}},
         {"esamina", {"formato", "uscita", "ricorsivo", "radice", "base", "scrivi-base", "senza-colori"}},
@@ -121,7 +126,8 @@ TEST(Uso, AiutoDiUnComando) {
             const bool attesa =
                 std::find(caso.Opzioni.begin(), caso.Opzioni.end(), o.Lunga) != caso.Opzioni.end();
             const std::string nome = std::string("--") + o.Lunga;
-            EXPECT_EQ(b.Scrive("  " + (o.Corta ? std::string("-") + o.Corta + ", " : "    ") + nome),
+            const std::string scritta = "  " + (o.Corta ? std::string("-") + o.Corta + ", " : "    ") + nome;
+            EXPECT_EQ(b.Scrive(scritta + " ") || b.Scrive(scritta + "=") || b.Scrive(scritta + "["),
                       attesa || sempre)
                 << caso.Comando << ' ' << nome;
         }

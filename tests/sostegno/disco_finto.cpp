@@ -166,6 +166,7 @@ std::vector<std::string> DiscoFinto::Elenca(const std::string& directory) {
 }
 
 std::unique_ptr<FileAperto> DiscoFinto::ApriLettura(const std::string& percorso) {
+    if (PrimaDiAprire) PrimaDiAprire(percorso);
     Chiamata("ApriLettura", percorso);
     const auto voce = voci_.find(percorso);
     if (voce == voci_.end()) throw Errore(ErrFileAssente);

@@ -50,6 +50,7 @@ class DiscoFinto : public Disco {
     std::map<std::string, Istante> Modificati; // for UltimaModifica; else Orologio
     /// Called before each block that is read, with the path: to change the disk in the middle.
     std::function<void(const std::string&)> PrimaDiLeggere;
+    std::function<void(const std::string&)> PrimaDiAprire; // the same, before a file is opened for reading
     std::vector<std::string> Avviati;                      // "programma|percorso"
     std::map<std::string, std::string> PercorsiCorti;      // with any entry: a platform that has them
     std::map<std::string, std::string> Unita{{"C:", "/"}}; // letters and the directories of their tops

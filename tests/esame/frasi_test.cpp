@@ -260,6 +260,19 @@ TEST(EsameFrasi, CommentiARichiesta) {
     EXPECT_EQ(s, "1c2i3c4c");
 }
 
+// Every logical line is told when it ends, blank ones and mere numbers too.
+TEST(EsameFrasi, FineLinea) {
+    const std::string_view bytes = "a: b\n\n' c _\nd\n100\nIf x Then y Else _\n 200\nx _\n + y";
+    Frasi frasi(bytes, 0, 1, true, true);
+    std::string linee;
+    for (Frase f; frasi.Prossima(f);) {
+        if (f.Quale != Specie::FineLinea) continue;
+        linee += std::to_string(f.Riga) + "-" + std::to_string(frasi.Riga()) + "@" +
+                 std::to_string(f.InizioRiga) + " ";
+    }
+    EXPECT_EQ(linee, "1-1@0 2-2@5 3-4@6 5-5@14 6-7@18 8-9@42 ");
+}
+
 } // namespace
 
 } // namespace morvella::esame

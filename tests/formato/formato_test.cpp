@@ -129,7 +129,7 @@ TEST(Formato, Case) {
           "Select Case x\n' prima\nCase 1\n    a\n' di 2\nCase 2: b\nCase Else\n    c\n    ' fine\nEnd "
           "Select\nd\n",
           {.Case = 0});
-    Prova("a block behind a Case, and one that closes on the Case's line",
+    Prova("a block after a Case, and one that closes on the Case's line",
           "Select Case x\nCase 1: If a Then\nb\nEnd If\n' c\nCase 2: For i = 1 To 2: Next\nEnd Select\n",
           "Select Case x\n    Case 1: If a Then\n            b\n        End If\n    ' c\n"
           "    Case 2: For i = 1 To 2: Next\nEnd Select\n");

@@ -26,6 +26,7 @@ TEST(Confronta, SoloIRientri) {
         {"a\nb\n", "a\nb\n\n", false, 3}, // a line more
         {"a\nb\n", "a\n", false, 2},      // one less
         {"a\nb\n", "", false, 1},
+        {"a\n  ", "a\n", false, 2}, // a last line of blanks is a line
         {"a\nb\n", "b\na\n", false, 1},
         {"a b\n", "a  b\n", false, 1}, // inside the text
         {"a\n", "A\n", false, 1},

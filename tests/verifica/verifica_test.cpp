@@ -24,7 +24,7 @@ string Chiusura(const string& richiami = "") {
            "\r\n" + m + "'               Rilettura del 21/11/2026...\r\n" + m + "'\r\n";
 }
 
-// A banner as the specification of the layout draws it.
+// A banner around a line, the way the rewriter draws it.
 string Riquadro(std::size_t larga, const string& riga) {
     const string stelle = "    '" + Stelle(larga - 1) + "\r\n";
     const string vuoto = "    '*" + Spazi(larga - 3) + "*\r\n";
@@ -115,6 +115,8 @@ TEST(Verifica, CopieCattive) {
         {"a blank at the end", buona, "a\r\nb \r\nc\r\n" + lunga, form, "2:2"},
         {"a tab before it", buona, "a\r\n\tb\r\nc\r\n" + lunga, form, "2:2"},
         {"a line end", buona, "a\r\nb\nc\r\n" + lunga, form, "2:2"},
+        {"its CR", buona, "a\r\nbx\nc\r\n" + lunga, form, "2:2"},
+        {"its LF", buona, "a\r\nb\rxc\r\n" + lunga, form, "2:2"},
         {"a comment kept", "'a\r\n", "'a\r\n" + lunga, {.Form = true, .TogliCommenti = true}, "0:1"},
         {"a comment gone", "'a\r\n", lunga, form, "1:1"},
         {"blanks in the head", "a\r\n b\r\n", "a\r\nb\r\n" + lunga, {}, "2:2"},

@@ -87,6 +87,17 @@ TEST(Letture, NelRapporto) {
     EXPECT_TRUE(tutto["avvisi"].Voci.empty());
 }
 
+// A row in which the listing finds nothing is examined for the report; the exit status stays the listing's.
+TEST(Letture, NelRapportoOgniRiga) {
+    Banco b;
+    Metti(b, {"Sub a()", "\tFor i = 1 To 2", "End Sub"});
+    EXPECT_EQ(b.Esegui({"struttura", "--controlla", "-r", "r.json", "p/Prova.vbp"}), 0);
+    const Json tutto = LeggiJson(b.Disco.Leggi("/casa/r.json"));
+    EXPECT_TRUE(tutto["rilievi"]["struttura"].Voci.empty());
+    ASSERT_EQ(tutto["rilievi"]["esamina"].Voci.size(), 1U);
+    EXPECT_EQ(tutto["rilievi"]["esamina"][0]["riga"].Testo, "4");
+}
+
 // Warnings are in the report also where nobody is told, and findings only where they were asked for.
 TEST(Letture, AvvisiNelRapporto) {
     Banco b;

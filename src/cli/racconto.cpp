@@ -39,14 +39,14 @@ bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
     });
 }
 
-// Without a form before it in the run, a module whose head does not end is listed from nowhere on.
+// Without a form before it in the run, a module whose head does not end gives an empty listing.
 void AvvisaVuote(Corsa& c) {
     for (const Prodotto& prodotto : c.Fronte.Prodotti)
         if (prodotto.Righe > 0 && StrutturaVuota(c, prodotto))
             c.Fronte.Di(
                 "Avviso: la struttura di " + TraVirgolette(prodotto.Voce) +
                 " è vuota: nessun form viene prima" +
-                (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dietro un errore ricomincia" : "") +
+                (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dopo un errore ricomincia" : "") +
                 ", e la testata del modulo non finisce mai.");
 }
 
@@ -127,7 +127,7 @@ void Racconta(Corsa& c, int stato) {
         RaccontaAvvisi(c, stato);
         RaccontaTotali(c, stato);
     } else if (c.Chiesto.Controlla) {
-        // Silence about findings is a promise: what nobody examined is told.
+        // No finding must mean "examined and clean": report what was not examined.
         AvvisaVuote(c);
         Avvisa(c, AvvisiLf(c.S, c.Lavorate));
         if (stato != RispostoNo && !Fermata(c)) AvvisaSenzaVoci(c, "non c'è niente da controllare.");

@@ -2,7 +2,7 @@
 // cli/corsa.h
 //
 // One run of a command: what was asked for, the program state with its front end, and the places
-// that paths are told from. The commands (cli/programma.cpp) and their helpers share it.
+// that paths are shown relative to. The commands (cli/programma.cpp) and their helpers share it.
 #pragma once
 
 #include <chrono>

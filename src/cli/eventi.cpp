@@ -24,7 +24,7 @@ constexpr const char* DelPannello = "riguarda il pannello di aiuto, che c'è sol
 struct Operazione {
     const char* Nome;
     void (*Fai)(Stato&);
-    const char* PercheNiente = nullptr; // told of an operation that leaves the program's state alone
+    const char* PercheNiente = nullptr; // reported for an operation that leaves the program's state alone
     bool Ultima = false;                // the process ends with it
 };
 constexpr Operazione Operazioni[] = {

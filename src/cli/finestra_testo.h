@@ -2,7 +2,7 @@
 // cli/finestra_testo.h
 //
 // The front end without a window. Questions are asked on the terminal or answered beforehand, the bars
-// become one line on standard error, and what the window keeps silent about is told.
+// become one line on standard error, and what the window does not show is reported.
 #pragma once
 
 #include <chrono>
@@ -48,7 +48,7 @@ class FinestraTesto : public Finestra {
 
     Stato* S = nullptr; // whose bars are shown and whose paths are opened
     /// The answer to questions. Without one a person is asked; where nobody can be asked the answer is
-    /// No, and that is told.
+    /// No, and that is reported.
     std::optional<bool> Risposta;
     std::optional<bool> RispostaIndice; // the same for the question that ends the documentation
     bool SenzaProcessi = false;

@@ -48,7 +48,7 @@ std::string PaginaComandi() {
     return pagina;
 }
 
-// The commands where an option has an effect, told by the shorter list; "" when it has one everywhere.
+// The commands where an option has an effect, named by the shorter list; "" when it has one everywhere.
 std::string ValePer(const Opzione& opzione) {
     std::string con;
     std::string senza;

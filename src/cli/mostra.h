@@ -10,7 +10,7 @@
 namespace morvella::cli {
 
 /// The command "mostra": prints the files that the request names, to standard output or a pager. A file
-/// that cannot be read, or is no listing, is told and passed over. Gives the exit status.
+/// that cannot be read, or is no listing, is reported and passed over. Gives the exit status.
 int Mostra(const Richiesta& richiesta, Ambiente& ambiente);
 
 } // namespace morvella::cli

@@ -89,7 +89,7 @@ struct Opzione {
     const char* Lunga;
     const char* Argomento; // name of its value, nullptr for a flag; in brackets: only after "="
     unsigned Per;          // PerComando: where it does something
-    unsigned Innocua;      // PerComando: where it does nothing and nobody expects it to; accepted there, so
+    unsigned Innocua;      // PerComando: accepted there without effect, so
                            // that a script can give every command the same options
     const char* Aiuto;
     void (*Applica)(Richiesta&, const std::string& valore);

@@ -65,7 +65,7 @@ void ScriviPagine(Corsa& c) {
         SelezionaFile1(c.S, c.S.Punto.Voce, false);
         if (Selezionate(c.S).empty()) break;
     }
-    // After an error too: the pages that there are get their pictures and their way back.
+    // After an error too: finished pages still get their pictures and the link to the index.
     sottocartelle([&] { ArredaSottocartelle(c.S, cartelle); });
 }
 

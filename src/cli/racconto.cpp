@@ -44,13 +44,13 @@ bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
     });
 }
 
-// Without a form before it in the run, a module whose head does not end is listed from nowhere on.
+// Without a form before it in the run, a module whose head does not end gives an empty listing.
 void AvvisaVuote(Corsa& c, std::vector<std::string>& avvisi) {
     for (const Prodotto& prodotto : c.Fronte.Prodotti)
         if (prodotto.Righe > 0 && StrutturaVuota(c, prodotto))
             avvisi.push_back(
                 "la struttura di " + TraVirgolette(prodotto.Voce) + " è vuota: nessun form viene prima" +
-                (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dietro un errore ricomincia" : "") +
+                (c.Chiesto.Prosegui && Fermata(c) ? " nella corsa, che dopo un errore ricomincia" : "") +
                 ", e la testata del modulo non finisce mai.");
 }
 

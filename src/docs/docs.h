@@ -30,8 +30,8 @@ Testo PercorsoPagina(const Testo& dirPagine, Vista voce);
 /// is not in App.Path.
 void CopiaFigure(Stato& s, const Testo& dirPagine);
 
-/// Properties of a Data or ADO control, kept until its table row is written: if need be into the
-/// next module.
+/// Properties of a Data or ADO control, kept until their table row is written, possibly on the
+/// next module's page.
 struct ValoriPendenti {
     Testo NomeData, DatabaseData, RecordData;
     Testo NomeAdo, OledbAdo, RecordAdo;

@@ -4,7 +4,7 @@
 // Judges a sequence of events unit by unit. A unit runs from one head to the next and begins
 // with nothing open, so that no error reaches beyond it. It is read plainly first, and that is
 // all for a unit without error; otherwise four readings guess in different ways what was meant,
-// and the one that needs the fewest findings is believed. Indentation has its say only there:
+// and the one that needs the fewest findings is believed. Indentation is used only then:
 // it may tell where an error is, never whether there is one.
 #pragma once
 
@@ -36,10 +36,10 @@ class Blocchi {
     };
     struct Aperto {
         Blocco Cosa = Blocco::Nessuno;
-        bool Fantasma = false;     // pushed for an Else or Case of nobody, never reported
+        bool Fantasma = false;     // pushed for an Else or Case without an opener, never reported
         bool Muto = false;         // an If that is never reported open
         bool ConElse = false;      // If: its Else has come
-        bool Detto = false;        // If: a second Else was told
+        bool Detto = false;        // If: a second Else was reported
         bool ConCase = false;      // Select: a Case has come
         std::int32_t Prima = -1;   // Select: the finding about what stands before the first Case
         std::int32_t Ricorda = -1; // the finding about a surplus closer that may have been meant for it

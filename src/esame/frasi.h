@@ -43,7 +43,7 @@ struct Frase {
     Specie Quale = Specie::Istruzione;
     Blocco Cosa = Blocco::Nessuno; // of Apre, Chiude, Capo and Fine
     bool Prima = false;       // first of its logical line, line number aside: its indentation tells something
-    bool Muta = false;        // an If of which nobody can say that its End If is missing
+    bool Muta = false;        // an If whose missing End If must not be reported
     bool Get = false;         // Property Get
     bool Unita = false;       // EndIf in one word
     bool Morta = false;       // #If False, #If 0

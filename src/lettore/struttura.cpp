@@ -47,7 +47,7 @@ class Struttura::Lettura {
         std::error_code guasto;
         const auto stato = std::filesystem::status(percorso, guasto);
         if (stato.type() == std::filesystem::file_type::not_found) throw Errore(ErrFileAssente);
-        // A pipe, for one, would block for ever.
+        // A pipe, for one, would block forever.
         if (guasto || stato.type() != std::filesystem::file_type::regular) throw Errore(ErrAccesso);
         file_.open(percorso, std::ios::binary);
         if (!file_) throw Errore(ErrAccesso);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 #include "listing/connettori.h"
 #include "listing/listing.h"
@@ -50,7 +51,9 @@ std::size_t ElencaComuni(Stato& s, std::span<const RigaSorgente> righe) {
         const char* const testo = riga.Letta.Testo;
         const std::size_t lunga = riga.Letta.Lunga;
         const unsigned commento = se(testo[0] == '\'') & (senzaCommenti | se(testo[1] == '*'));
+        // Length and first byte are enough: a false hit only leaves the line to ElencaRiga.
         const unsigned riparte = se(lunga == FineControlli.size()) & se(testo[0] == FineControlli[0]);
+        // Also every class without a row: its Taglia, Nessuno, is wider than any margin here.
         const unsigned stretta = se(larga < disegno.Taglia) | se(larga > Largo - 3);
         const unsigned pieno = se(static_cast<std::size_t>(fondo - dove) < lunga + Intorno);
         if ((commento | riparte | stretta | pieno) != 0) break;

@@ -27,7 +27,7 @@ void Disegna(Stato& s, const Disegno& disegno) {
 }
 
 // End With looks at the width before it cuts, the others after they have written. On an empty
-// margin the one writes three blanks and the others are error 5; keep both.
+// margin End With writes three blanks; the others raise error 5. Keep both.
 void ChiudiWith(Stato& s) {
     if (Len(s.Margine) >= 3) return Disegna(s, Disegni[RigaEndWith]);
     s.Margine.assign(3, ' ');
@@ -73,8 +73,8 @@ void ChiudiProcedura(Stato& s, Lungo larghezzaDopo) {
     Di(s, PassoMargine::Fine);
 }
 
-// A line that begins with "'". The text of a banner ("'*") goes, its number and margin stay; any
-// other comment that is left out leaves a gap in the numbers.
+// A line that begins with "'". A banner line ("'*") is written without its text; any other
+// comment that is left out leaves a gap in the numbers.
 void ElencaCommento(Stato& s) {
     if (Mid(s.Riga, 2, 1) == "*") return Scrivi(s, s.Numero, s.Margine);
     if (s.TogliCommenti != 1) ScriviAlMargine(s);

@@ -2,7 +2,7 @@
 // listing/connettori.h
 //
 // What each class of line does with the margin. Only this table says it: the engine
-// (connettori.cpp) and the batch writer (comuni.h) draw by it, and the reader of listings
+// (connettori.cpp) and the batch writer (comuni.h) draw by it, and the decoder
 // (decodifica.cpp) looks up which connector belongs before which statement.
 #pragma once
 

@@ -25,7 +25,7 @@ struct Tratto {
 /// Splits one line, given without its line end. `tratti` is overwritten.
 void DecodificaRiga(Vista riga, std::vector<Tratto>& tratti);
 
-/// The same run as bytes of the line: `Quanti` of them, never 0, from the offset `Da`.
+/// A run, as a byte range of the line: `Quanti` of them, never 0, from the offset `Da`.
 struct Porzione {
     Tratto::Genere Che;
     std::size_t Da;
@@ -33,7 +33,7 @@ struct Porzione {
     bool operator==(const Porzione&) const = default;
 };
 
-/// Splits one line and builds no text. Together the slices are the whole line.
+/// Splits one line and builds no text. Together the runs are the whole line.
 void TagliaRiga(Vista riga, std::vector<Porzione>& fette);
 
 /// The character that a byte of a run is shown as; TAB is itself.

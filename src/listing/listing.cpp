@@ -3,6 +3,9 @@
 // The listing's run over the rows of File1, and the viewer.
 #include "listing/listing.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "listing/comuni.h"
 #include "scan/testa.h"
 #include "shell/cartella.h"
@@ -26,7 +29,7 @@ void Riparti(Stato& s) {
 Lungo ElencaPronte(Stato& s, std::span<const RigaSorgente> pronte) {
     if (pronte.empty() || s.StatoTesta != 7) return 0;
     const auto numerate = static_cast<std::size_t>(std::max<Lungo>(NumeroMassimo - s.ContaRighe, 0));
-    s.Riga = {}; // it is none of these
+    s.Riga = {}; // a line of the batch is never the current line
     const auto comuni = static_cast<Lungo>(ElencaComuni(s, pronte.first(std::min(pronte.size(), numerate))));
     s.Punto.Riga += comuni;
     AvanzaBarra(s, s.Progress, comuni);
@@ -48,7 +51,7 @@ void ElencaProssima(Stato& s, RigheSorgente& sorgente) {
 }
 
 void ElencaFile(Stato& s, const Testo& voce) {
-    // A new file. StatoTesta is not here: it goes over from one file to the next.
+    // A new file. StatoTesta is not here: it carries over from file to file.
     s.ContaRighe = 0;
     s.Numero.clear();
     s.Margine = Space(3);
@@ -161,8 +164,8 @@ void mnuLettura_Click(Stato& s) {
             if (!manca) ++s.IndiceFile;
         }
         if (!manca) return;
-        // The listing run deselects every row that it comes to, so each visit here leaves fewer.
-        // One that leaves as many would leave them for ever.
+        // The listing run deselects every row that it comes to, so the number falls each time.
+        // Where it does not, the loop would never end: it stops.
         const Lungo prima = s.File1.ContaSelezionate();
         const Errore manca53(ErrFileAssente, s.FileUscita);
         const Lungo cercata = s.IndiceFile;

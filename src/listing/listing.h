@@ -6,9 +6,9 @@
 // blocks open and close. Sources are only read. What belongs to a file's head, and the class of
 // a line, are the scanner's business (scan/).
 //
-// What would surprise: Margine is all the memory there is. A block opened makes it 3 bytes
+// What would surprise: nothing but Margine knows which blocks are open. A block opened makes it 3 bytes
 // wider, a block closed 3 narrower, and what stood there is not looked at: a Next closes an If.
-// Each row is deselected before it is processed, and StatoTesta goes over from file to file.
+// Each row is deselected before it is processed, and StatoTesta carries over from file to file.
 #pragma once
 
 #include "scan/classifica.h"
@@ -16,8 +16,8 @@
 
 namespace morvella {
 
-/// The run over the selected rows of File1. Raises nothing: an error that the handler does not
-/// mend ends the run in silence, and only Finestra::MotoreFermato is told.
+/// The run over the selected rows of File1. Raises nothing: an error that the handler cannot repair
+/// ends the run; only Finestra::MotoreFermato reports it.
 void mnuvorn_Click(Stato& s);
 
 /// Shows the listings of the selected rows, one viewer each, after a box that names the font.

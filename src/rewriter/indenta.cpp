@@ -15,6 +15,7 @@ void CambiaMargine(Stato& s, Lungo tolti, Lungo aggiunti) {
     s.Margine.resize(static_cast<std::size_t>(Len(s.Margine) - tolti + aggiunti), ' ');
 }
 
+// -6 +5: one blank less.
 void PassoIndietro(Stato& s) {
     if (Len(s.Margine) >= 6)
         CambiaMargine(s, 6, 5);
@@ -22,8 +23,7 @@ void PassoIndietro(Stato& s) {
         s.Margine.assign(5, ' ');
 }
 
-// Opening adds 6 in all and closing takes 7, so a closed block leaves the margin one blank narrower
-// than before, with a floor of 6. The layout is this drift.
+// +5, then -5 +6: 6 in all.
 void PassoApri(Stato& s) {
     CambiaMargine(s, 0, 5);
     RigaVuota(s);
@@ -38,6 +38,8 @@ void PassoMedio(Stato& s, bool rigaVuotaDavanti) {
     CambiaMargine(s, 5, 6);
 }
 
+// -6 +5, then -6: 7 in all, against the 6 of PassoApri. So a closed block leaves the margin one blank
+// narrower than before, with a floor of 6. The layout is this drift.
 void PassoChiudi(Stato& s) {
     PassoIndietro(s);
     ScriviAlMargine(s);

@@ -35,7 +35,7 @@ void ScriviChiusura(Stato& s) {
 void RiscriviFile(Stato& s, const Testo& voce) {
     // A new file. ElencoShow is cleared once the source is open, StatoTesta is set further down.
     s.ContaRighe = 0;
-    s.Numero = Space(5);
+    s.Numero = Space(5); // never a number here: it only indents
     s.Margine = Space(5);
     s.TotaleRighe = 0;
     s.StoriaBlocchi = "00";
@@ -82,9 +82,10 @@ void CopiaSeEsiste(Stato& s) {
 void CopiaFile(Stato& s, const Testo& voce) {
     const Testo base(Istruzione(s, [&] { return BaseDiVoce(voce); }));
     s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + voce);
+    // ".txt" here and ".Txt" where it is written name one file.
     if (EsisteFile(s, s.DirAppoggio + "\\" + base + ".txt"))
         s.FileSorgente = s.File.Piega(s.DirAppoggio + "\\" + base + ".txt");
-    else
+    else // DirAppoggio is Dir1Path\Appoggio: the missing file once more, which CopiaSeEsiste passes over
         s.FileSorgente = s.File.Piega(s.Dir1Path + "\\Appoggio\\" + base + ".txt");
     CopiaSeEsiste(s);
     s.FileUscita = s.File.Piega(s.DirAppoggio + "\\" + base + ".Frx");

@@ -15,7 +15,7 @@
 namespace morvella {
 
 /// The run over the selected rows of File1. Raises nothing: an error that the handler cannot repair
-/// ends the run, and only Finestra::MotoreFermato is told.
+/// ends the run; only Finestra::MotoreFermato reports it.
 void mnuRiordina_Click(Stato& s);
 
 /// Writes the line in Riga, of class `classe`, to channel 2 and updates Margine and StoriaBlocchi.

@@ -120,8 +120,8 @@ constexpr std::size_t DoveDiverse(const Gruppo& gruppo, std::uint32_t fattore) {
     return 0;
 }
 
-// Whether the factors give each slot, and each form in its slot, its own place.
-constexpr bool TieneLontani(const Schedario& s) {
+// Whether the factors are free of collisions: each slot, and each form in its slot, has its own place.
+constexpr bool SenzaCollisioni(const Schedario& s) {
     std::array<bool, 128> piene{};
     for (std::size_t i = 0; i < Raggruppati.Quanti; ++i) {
         bool& piena = piene[s.Posto(Raggruppati.Tutti[i].Inizio)];
@@ -140,7 +140,7 @@ constexpr Schedario Ordinato = [] {
     s.Confronti.fill(Confronto());
     for (s.Fattori[0] = 0x9E3779B1U;; s.Fattori[0] += 2) {
         s.Fattori[1] = s.Fattori[0] * 0x85EBCA6BU;
-        if (TieneLontani(s)) break;
+        if (SenzaCollisioni(s)) break;
     }
     unsigned char libero = 1;
     for (std::size_t i = 0; i < Raggruppati.Quanti; ++i) {

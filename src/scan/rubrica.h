@@ -32,7 +32,7 @@ struct alignas(64) Confronto {
     std::uint64_t Inizio[2] = {};   // what they have to be
     std::size_t Minima = ~std::size_t{0};
     std::size_t Oltre = 0; // how much longer than Minima a line may be
-    // The class of a line: of any other, of one with the slot's letters, of one that matches (twice).
+    // Indexed by 2 * whole match + slot match: neither, slot only, match, match.
     Classe Esiti[4] = {RigaAltra, RigaAltra, RigaAltra, RigaAltra};
 };
 struct Schedario {

@@ -16,6 +16,7 @@ void RigheSorgente::Leggi() {
         });
     });
     if (quante_ > 0) return;
+    // The handler resumed after the failed Line Input: its variable is empty, and the loop goes on.
     inMemoria_ = false;
     righe_[0] = {};
     quante_ = 1;

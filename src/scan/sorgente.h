@@ -36,8 +36,9 @@ class RigheSorgente {
         return righe_[date_++];
     }
 
-    /// The next lines of the batch, as far as they lie in the channel's buffer: Fetta bytes from any place
-    /// in them on can be read. Valid until Finita or Prossima reads on. `Salta` skips the first of them.
+    /// The next lines of the batch, as far as they lie in the channel's buffer: Fetta bytes are
+    /// readable from any position in them. Valid until Finita or Prossima reads on. `Salta` skips the first
+    /// of them.
     std::span<const RigaSorgente> Pronte() const {
         return {righe_.data() + date_, inMemoria_ ? quante_ - date_ : 0};
     }

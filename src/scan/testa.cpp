@@ -44,8 +44,8 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce) {
 
 void IniziaTestaRiordina(Stato& s) { s.StatoTesta = SorgenteForm(s) ? 7 : 0; }
 
-bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim) {
-    // In the midst of the code too: a member attribute throws the file back into its head, up
+bool AvanzaTestaRiordinaPiena(Stato& s, Vista linea, Vista trim) {
+    // In the midst of the code too: a member attribute puts the scanner back into head state, up
     // to the next line that begins "option". Meant: the scanner never guesses.
     if (Mid(trim, 1, 9) == "Attribute") s.StatoTesta = 0;
     // A bare prefix: "Option1.Value = True" ends a head as well.
@@ -78,7 +78,7 @@ void IniziaTestaStruttura(Stato& s) {
     if (SorgenteForm(s)) s.StatoTesta = 7;
 }
 
-bool AvanzaInTesta(Stato& s) {
+bool AvanzaTestaStrutturaPiena(Stato& s) {
     // Not folded: "Option Explicit" as the development environment writes it does not match.
     if (Mid(s.Riga, 1, 6) == "option") s.StatoTesta = 7;
     if (s.StatoTesta > 5) return false;

@@ -4,8 +4,18 @@
 // What comes before the code of a source file. The first pass counts the lines and collects
 // the .Show calls; the head state then separates the head (control section, Attribute lines)
 // from the code, in two variants that differ on purpose: the rewriter's copies the head raw
-// and begins afresh with every file, the listing's drops it and goes over from one file to
-// the next. Neither is to be brought into line with the other.
+// and begins afresh with every file, the listing's drops it, and its state carries over from
+// file to file. Neither is to be brought into line with the other.
+//
+// StatoTesta, between two lines:
+//     rewriter  0   head, at its start
+//               1   head, after a line "Attribute", each of which begins the count anew
+//               5   head, after "attribute vb_exposed", indented or without the capital A
+//     listing   0   head, at the start of a run
+//             1-5   head: so many lines "Attribute"; the sixth, or "Option Explicit" after five, ends it
+//     both      6   within one step only: the head ends here, with what is written at that place
+//               7   the code: from the first line of a form, after the head, or from a line that begins
+//                   "option" (the listing: in lower case only)
 #pragma once
 
 #include "shell/gestore.h"
@@ -27,14 +37,15 @@ bool VoceShow(ElencoShowFile& elenco, Testo& voce);
 
 /// StatoTesta at the start of the rewriter's second pass: 7 for a form, else 0.
 void IniziaTestaRiordina(Stato& s);
+/// AvanzaTestaRiordina for any line.
+bool AvanzaTestaRiordinaPiena(Stato& s, Vista linea, Vista trim);
 /// One step of the head state for a line as read and the same trimmed, the rewriter's variant.
-/// Writes head lines and the header text to channel 2. True when the line goes on to the keyword
-/// chain; Riga is the trimmed line then.
-bool AvanzaRigaDiTesta(Stato& s, Vista linea, Vista trim);
+/// Writes head lines and the header text to channel 2. True when the line goes on to RiscriviRiga;
+/// Riga is the trimmed line then.
 inline bool AvanzaTestaRiordina(Stato& s, Vista linea, Vista trim) {
     // In the code only a line that may begin with "Attribute" needs a closer look.
     if (s.StatoTesta != 7 || (!trim.empty() && (trim.front() | 32) == 'a'))
-        return AvanzaRigaDiTesta(s, linea, trim);
+        return AvanzaTestaRiordinaPiena(s, linea, trim);
     s.Riga = trim;
     return true;
 }
@@ -47,8 +58,8 @@ void IniziaTestaStruttura(Stato& s);
 inline constexpr Vista FineControlli = "Attribute VB_Exposed = False";
 /// What the listing does with a line, in this order: the head of the listing is written, the
 /// line is numbered, the listing starts over (at the end of a form's control section, and nothing
-/// more is done with the line), the line goes on to the keyword chain. Of a line of the head
-/// nothing is written.
+/// more is done with the line), the line goes on to ElencaRiga. Of a line of the head nothing is
+/// written.
 struct PassoTesta {
     bool Testa = false;
     bool Codice = false;
@@ -57,13 +68,13 @@ struct PassoTesta {
 };
 /// The part of AvanzaTestaStruttura in a file's head, StatoTesta below 7: moves StatoTesta and
 /// ContaRighe on and returns whether the head of the listing is due.
-bool AvanzaInTesta(Stato& s);
+bool AvanzaTestaStrutturaPiena(Stato& s);
 /// One step of the head state, the listing's variant, for Riga as it stands.
 inline PassoTesta AvanzaTestaStruttura(Stato& s) {
     if (s.StatoTesta == 7 && s.Riga.size() != FineControlli.size()) [[likely]]
         return {.Codice = true};
     PassoTesta passo;
-    if (s.StatoTesta < 7) passo.Testa = AvanzaInTesta(s);
+    if (s.StatoTesta < 7) passo.Testa = AvanzaTestaStrutturaPiena(s);
     if (s.StatoTesta != 7) return passo;
     // The whole line, exactly: with "= True", or a comment after it, it is a line of code.
     passo.Riparte = s.Riga == FineControlli;

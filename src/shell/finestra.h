@@ -24,12 +24,12 @@ enum RispostaMsgBox : int { RispostaOk = 1, RispostaSi = 6, RispostaNo = 7 };
 
 /// Where and why the handler ended an engine. The window itself shows nothing of it.
 struct Arresto {
-    Vista Motore;             // "mnuRiordina_Click"; "Close": bytes were lost as it ended
+    Vista Motore;             // "mnuRiordina_Click"; "Close" when closing its files lost bytes
     Lungo Voce = -1;          // the current row of File1, -1 before the first
     bool SecondoGiro = false; // the rewriter's second stage: earlier rows are complete
     Lungo Riga = 0;           // the current line of the source, from 1; 0: none
     Lungo RigaListato = 0;    // its number in the listing
-    Testo Linea;              // the line, trimmed
+    Testo Linea;              // the line: trimmed in the code, raw in the rewriter's head
     Errore Causa{0};
 };
 

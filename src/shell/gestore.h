@@ -25,7 +25,7 @@ struct FineMotore {
 /// The handler. 55: closes both channels, resumes after the statement. 76: flattens FileUscita,
 /// retries the statement. Any other number: closes both channels, ends the engine (FineMotore).
 /// `invano`: in/out, false for a new statement. True: an earlier 76 left FileUscita as it was, and
-/// a second one ends the engine instead of retrying for ever.
+/// a second one ends the engine instead of retrying forever.
 Seguito Gestisci(Stato& s, const Errore& e, bool& invano);
 
 /// The repair after 76: moves FileUscita directly into the work directory, under its last name.

@@ -55,7 +55,7 @@ inline Testo Adesso(Stato& s) {
 }
 
 /// Runs an engine's body, with the sources protected. Raises nothing: where the handler ends the
-/// engine, Finestra::MotoreFermato is told and the window stays silent. `motore` is the name of
+/// engine, only Finestra::MotoreFermato reports it: the window stays silent. `motore` is the name of
 /// the operation.
 template <class F>
 void EseguiMotore(Stato& s, Vista motore, F&& corpo) {

@@ -11,7 +11,7 @@ namespace morvella {
 
 struct Stato;
 
-/// What the current protection was made from, so that it is not made again for nothing.
+/// What the current protection was made from, so that an unchanged one is not rebuilt.
 struct ElencoProtetto {
     Lungo Versione = -1; // ListaFile1::Versione; -1: nothing is protected yet
     Testo Directory;     // Dir1.Path

@@ -52,7 +52,8 @@ struct Stato {
     Testo FileUscita;         // full path of the current output; the handler may flatten it
     TestoLargo Margine;       // left margin or connector column
     TestoLargo Numero;        // line-number field
-    TestoLargo StoriaBlocchi; // two-digit block codes, newest last
+    TestoLargo StoriaBlocchi; // two-digit block codes, newest last; only VerificaBlocco reads it, which no
+                              // operation calls
     Vista RigaLetta;          // a line of the first pass; valid until channel 1 reads on
     Testo DirAppoggio;        // the work directory; never cleared
     Lungo IndiceFile = 0;     // loop index over File1; before that, the answer in Command1_Click
@@ -60,16 +61,17 @@ struct Stato {
 
     // Module1. Storing an option writes all four of them; only the first is ever read, by
     // Command1_Click. Engines look at the controls.
-    Vista Riga; // the current line, trimmed; valid until channel 1 reads on
+    // The current line: trimmed in the code, raw in the rewriter's head; valid until channel 1 reads on.
+    Vista Riga;
     bool OpzSenzaConferma = false;
     bool OpzIntestazione = false;
     bool OpzTogliCommenti = false;
     Testo TestoIntestazione;
 
     // The head scanner's, for the current file (scan/testa.h)
-    Lungo TotaleRighe = 0;
-    Lungo ContaRighe = 0;
-    int StatoTesta = 0;
+    Lungo TotaleRighe = 0; // lines of the source, from the first pass
+    Lungo ContaRighe = 0;  // lines of the second pass, counted anew where the head ends; the listing's number
+    int StatoTesta = 0;    // 7 in the code; the table is in scan/testa.h
     ElencoShowFile ElencoShow;
 
     // Controls

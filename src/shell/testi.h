@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // shell/testi.h
 //
-// Fixed texts that more than one engine writes, and that the decoder of listings knows again.
+// Fixed texts that more than one engine writes, and that the decoder recognises.
 #pragma once
 
 #include "text/primitive.h"

@@ -36,7 +36,6 @@ struct LineaLetta {
     Vista Trimmata() const noexcept { return {Testo, Lunga}; }
 };
 
-
 class Canali {
   public:
     /// File numbers go from 1 to this; the system uses 1, 2 and 7.
@@ -119,13 +118,13 @@ class Canali {
         std::unique_ptr<FileAperto> File;
         std::optional<Identita> Chi; // nothing for a new file until someone asks
         Testo Percorso;
-        bool Guasto = false;       // a write failed and was told
+        bool Guasto = false;       // a write failed and was raised
         bool Consegnato = false;   // writing: a block has gone to the file
         bool Esaurito = false;     // the file has no further block
         std::vector<char> Memoria; // padded by Coda bytes
         std::size_t Inizio = 0;    // reading: the first byte not yet given
         std::size_t Fine = 0;      // past the last byte read, or waiting to be written
-        bool Mosso = false;        // reading: the front of the file is in the buffer no more
+        bool Mosso = false;        // reading: the start of the file is no longer in the buffer
         // Memoria holds all of the file read last; file and disk as they were then.
         bool Intero = false;
         Scheda ComEra;
@@ -134,7 +133,7 @@ class Canali {
 
     // Buffers are padded by Coda bytes, so whole slices may be read past the end.
     static constexpr std::size_t Coda = Fetta;
-    // The offset of a line in the buffer read to last; lettoMisura_ or more for any other text.
+    // The offset of a line in the buffer last read into; lettoMisura_ or more for any other text.
     std::size_t PostoLetto(Vista riga) const noexcept {
         return reinterpret_cast<std::uintptr_t>(riga.data()) - reinterpret_cast<std::uintptr_t>(letto_);
     }
@@ -161,7 +160,7 @@ class Canali {
 
     Archivio& archivio_;
     std::array<Canale, NumeroMassimo + 1> canali_;
-    // The buffer read to last, without its padding.
+    // The buffer last read into, without its padding.
     const char* letto_ = nullptr;
     std::size_t lettoMisura_ = 0;
 };

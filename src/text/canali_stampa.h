@@ -34,7 +34,7 @@ inline char* Posa(char* dove, Vista pezzo) noexcept {
     }
     return dove + n;
 }
-/// The same in one stride: `dove` has room for all of it.
+/// The same in one fixed-size copy: `dove` has room for Passo bytes, or for all of a longer text.
 inline char* Posa(char* dove, const TestoLargo& pezzo) noexcept {
     if (pezzo.size() <= TestoLargo::Passo) [[likely]]
         std::memcpy(dove, pezzo.data(), TestoLargo::Passo);

@@ -51,7 +51,7 @@ bool PrendiPunto(std::string_view& resto, unsigned& punto) {
     return true;
 }
 
-// With `punti` a character that Windows-1252 does not have becomes a "?"; without, there is no text.
+// With `punti` a character that Windows-1252 does not have becomes a "?"; otherwise the result is nullopt.
 std::optional<std::string> In1252(std::string_view utf8, bool punti) {
     if (SoloAscii(utf8)) return std::string(utf8);
     std::string bytes;

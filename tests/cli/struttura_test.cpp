@@ -412,7 +412,7 @@ TEST(Eventi, LetturaSenzaProcessi) {
     EXPECT_TRUE(b.Disco.Avviati.empty());
 }
 
-// Silence about findings means that all was examined: what was not is told in spite of -q.
+// No finding must mean "examined and clean": what was not examined is reported in spite of -q.
 TEST(Controlla, InSilenzioDiceCheCosaNonHaVisto) {
     Banco senza;
     senza.Riga("A.bas", "Attribute VB_Name = \"A\"\r\nSub a()\r\nDo\r\nEnd Sub\r\n");
@@ -459,7 +459,7 @@ TEST(Prosegui, LaCorsaRicomincia) {
     b.Riga("B.frm", Form({"Sub b()", "End Sub", "#End If", "x"}));
     b.Riga("D.bas", "Attribute VB_Name = \"D\"\r\n");
     EXPECT_EQ(b.Esegui({"struttura", "-k", "p/Prova.vbp"}), 1);
-    EXPECT_TRUE(b.Avvertito("«D.bas» è vuota: nessun form viene prima nella corsa, che dietro un errore "
+    EXPECT_TRUE(b.Avvertito("«D.bas» è vuota: nessun form viene prima nella corsa, che dopo un errore "
                             "ricomincia, e la testata"))
         << b.Errori.str();
 }

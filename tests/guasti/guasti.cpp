@@ -9,7 +9,7 @@
 //   - an interrupted call or a short transfer changes nothing;
 //   - after a kill or a full disk a second run gives the tree of a clean one.
 //
-//   guasti PROGRAM LIBRARY WORKPLACE [--scena NAME] [--modo MODE] [--passo N] [--da K]
+//   guasti PROGRAM LIBRARY WORKDIR [--scena NAME] [--modo MODE] [--passo N] [--da K]
 //
 // LIBRARY is precarica.cpp's. Every N-th point is tried (1: all of them), beginning with K. Prints a
 // table; exit status 1 when the law was broken. --punto K tries this one and shows what it says.
@@ -315,7 +315,7 @@ Esito Prova::Corri(const std::string& modo, long punto, const fs::path& conta) {
 
 int main(int argc, char** argv) try {
     if (argc < 4) {
-        std::fputs("guasti PROGRAM LIBRARY WORKPLACE [--scena NAME] [--pieno | --ostile] [--modo MODE] "
+        std::fputs("guasti PROGRAM LIBRARY WORKDIR [--scena NAME] [--pieno | --ostile] [--modo MODE] "
                    "[--passo N] [--da K] [--punto K]\n",
                    stderr);
         return 2;

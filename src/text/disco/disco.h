@@ -35,10 +35,10 @@ struct Scheda {
     Identita Chi;
     std::uint64_t Bytes = 0;
     std::int64_t Modificato = 0; // in the platform's own count; changes when the contents change
-    std::int64_t Cambiato = 0;   // the same for rights, owner and links too; 0 where nobody keeps it
+    std::int64_t Cambiato = 0;   // the same for rights, owner and links too; 0 if the platform does not record it
     std::int64_t Quando = 0;     // the last change of the contents, for UltimaModifica alone
     bool Nascosto = false;       // hidden or a part of the system; never on POSIX
-    int Errore = 0;              // Assente because it could not be asked: the run-time error
+    int Errore = 0;              // the run-time error, if Assente because the query failed
 
     bool Esiste() const noexcept { return Tipo != TipoVoce::Assente; }
     bool operator==(const Scheda&) const = default;

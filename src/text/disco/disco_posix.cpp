@@ -346,7 +346,7 @@ class DiscoPosix : public Disco {
             ::setsid();
             const pid_t figlio = ::fork();
             if (figlio == 0) {
-                // A reader of this program's output must not wait for the other to end.
+                // Otherwise whoever reads our output would wait for the started program.
                 const int nulla = ::open("/dev/null", O_RDWR);
                 for (int fd = 0; fd <= 2 && nulla >= 0; ++fd)
                     if (fd != tubo[1]) ::dup2(nulla, fd);

@@ -3,7 +3,7 @@
 //
 // The names in each directory by their folded texts, so that a name in another case is found
 // without reading the directory again. An index holds as long as the directory is unchanged; the
-// file layer's own changes are entered, anybody else's make it void.
+// file layer's own changes are entered, anyone else's invalidate it.
 #pragma once
 
 #include <optional>
@@ -42,7 +42,7 @@ class Indice {
 
   private:
     struct Elenco {
-        std::optional<std::int64_t> Modificato; // nothing while it was never read
+        std::optional<std::int64_t> Modificato; // empty until it has been read
         std::unordered_map<Testo, std::vector<std::string>> Nomi;
     };
 

@@ -66,8 +66,8 @@ class Percorsi {
     /// holds may change meanwhile, so the caller compares at the end. Raises 52 for a path with a NUL.
     Trovato Trova(Vista percorso, Viste* viste = nullptr);
 
-    /// What the current directory holds under a bare name, spelled like this. Nothing where there is
-    /// more to it: Trova then finds it, or says what is missing.
+    /// What the current directory holds under a bare name, spelled like this. No value in
+    /// any other case: use Trova.
     std::optional<Scheda> NellaCorrente(Vista nome) const;
 
   private:

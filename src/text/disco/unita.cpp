@@ -110,7 +110,7 @@ bool DiRete(std::string_view tipo) {
     return std::find(Tipi.begin(), Tipi.end(), tipo) != Tipi.end();
 }
 
-// A disk and no image in a file, which is how programs are shipped.
+// A real disk, not an image file (programs are shipped as such).
 bool DiDisco(const Montaggio& m) {
     return m.Origine.starts_with("/dev/") && !m.Origine.starts_with("/dev/loop");
 }
@@ -151,9 +151,9 @@ std::vector<Unita> UnitaDaMontaggi(std::string_view mountinfo,
         std::erase_if(tutti, [&](const Montaggio& altro) { return altro.Punto == m->Punto; });
         tutti.push_back(std::move(*m));
     }
-    // A disk shows once. The root's is the root's, wherever its line stands; of other places the
-    // first is the volume and what comes later shows it again. Who mounts in a place for volumes
-    // wants to see it there all the same.
+    // A disk is listed once: at the root if it is mounted there, wherever that line stands, else at
+    // its first mount point. A mount in a place for volumes is listed even if its disk is already:
+    // whoever mounts there wants to see it there.
     std::set<std::string> visti;
     for (const Montaggio& m : tutti)
         if (m.Punto == "/") visti.insert(m.Dispositivo);

@@ -26,7 +26,7 @@ std::string UnitaDi(const std::vector<Unita>& unita, const std::string& percorso
 
 /// The drives of a Linux system, from the text of its /proc/self/mountinfo. A mount may be a single
 /// file of another file system; `directory` is asked only about the few that could be one, since
-/// asking a server that has gone can take for ever.
+/// a query to a dead server can block forever.
 std::vector<Unita> UnitaDaMontaggi(std::string_view mountinfo,
                                    const std::function<bool(const std::string&)>& directory);
 

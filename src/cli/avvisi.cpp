@@ -105,8 +105,10 @@ std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& voci, Uscite
                                  " scrivono lo stesso file, " + file + ": resta il secondo.");
                 detto = true;
             }
-        } catch (const Errore&) {
-            // No path can be made of this row; the engine reports it.
+        } catch (const Errore& e) {
+            // Where no path can be made of a row, the engine reports it.
+            if (e.Numero != ErrNumeroFile)
+                avvisi.push_back(Tra(voce) + " non si può esaminare: " + Utf8Da1252(Descrizione(e.Numero)));
         }
     }
     return avvisi;

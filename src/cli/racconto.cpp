@@ -35,7 +35,9 @@ void Avvisa(Corsa& c, const std::vector<std::string>& frasi) {
 
 bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
     return std::any_of(prodotto.File.begin(), prodotto.File.end(), [&](const Testo& file) {
-        return file.ends_with(".log") && c.S.File.Trova(file).Cosa.Bytes == 0;
+        if (!file.ends_with(".log")) return false;
+        const Scheda cosa = c.S.File.Trova(file).Cosa;
+        return cosa.Esiste() && cosa.Bytes == 0; // of one that cannot be asked nothing is known
     });
 }
 
@@ -108,6 +110,13 @@ void RaccontaRilievi(Corsa& c) {
     }
 }
 
+// Whether a path leads to no plain file. What cannot be asked is not said to be missing.
+bool Manca(Corsa& c, const Testo& percorso) {
+    if (percorso.find('\0') != Testo::npos) return true;
+    const Scheda cosa = c.S.File.Trova(percorso).Cosa;
+    return cosa.Errore == 0 && cosa.Tipo != TipoVoce::File;
+}
+
 // The file of an error, or the line of the source where it happened; "" when neither is known.
 std::string DoveErrore(Corsa& c, const ErroreAvvenuto& e, bool fileAssente) {
     if (!e.Causa.File.empty())
@@ -140,7 +149,8 @@ void Racconta(Corsa& c, int stato) {
 void RaccontaErrori(Corsa& c) {
     const Testo lavoro = c.Progetto + "\\Appoggio";
     const auto directory = [&](const Testo& percorso) {
-        return c.S.File.Trova(percorso).Cosa.Tipo == TipoVoce::Directory;
+        const Scheda cosa = c.S.File.Trova(percorso).Cosa; // one that cannot be asked may well be there
+        return cosa.Tipo == TipoVoce::Directory || cosa.Errore != 0;
     };
     const bool appoggio = c.Progetto.empty() || !Fermata(c) || directory(lavoro) || !directory(c.Progetto);
     const std::string& comando = c.Chiesto.Comando;
@@ -151,7 +161,7 @@ void RaccontaErrori(Corsa& c) {
                                    !c.Chiesto.Prosegui && comando != "leggi" && comando != "eventi",
                                .Appoggio = appoggio,
                                .CartellaFattibile = pagina && CartellaFattibile(c.S, e.Voce),
-                               .FileAssente = !e.Causa.File.empty() && c.S.File.Dir(e.Causa.File, 0).empty(),
+                               .FileAssente = !e.Causa.File.empty() && Manca(c, e.Causa.File),
                                .Programma = c.Chiesto.Programma};
         std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
         if (!e.Voce.empty()) frase += " alla riga " + TraVirgolette(e.Voce);

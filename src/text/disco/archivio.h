@@ -47,7 +47,8 @@ class Archivio {
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
     /// output, deleting it or copying onto it raises 70. Replaces the earlier list; paths that lead to
-    /// no file are passed over.
+    /// no file are passed over. Raises, with the path, what keeps one from being looked at: then
+    /// nothing can be promised of it, and no list holds.
     void Proteggi(const std::vector<Testo>& percorsi);
     /// Whether the directories of the protected paths are as Proteggi saw them, so that the same list
     /// would give the same files.
@@ -62,7 +63,7 @@ class Archivio {
 
     /// `Dir(path, attributi)`: the bare name of the plain file (with 16: or directory) that
     /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
-    /// every name. Never raises.
+    /// every name. Raises what keeps the disk from telling: only a path that is not there is "".
     Testo Dir(Vista percorso, int attributi);
     /// The names of the plain files of a directory that end in `fine` (ASCII), without regard to
     /// case and in the order of LCase(name); hidden ones are left out. They are remembered. Raises 76 when

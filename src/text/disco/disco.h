@@ -96,7 +96,7 @@ class Disco {
     /// A second name for a file: a link where the disk has links, else a copy.
     virtual void Collega(const std::string& da, const std::string& a) { Copia(da, a); }
 
-    /// Whether the path itself is a link to another place.
+    /// Whether the path itself is a link to another place. Raises what keeps it from being asked.
     virtual bool Legame(const std::string&) { return false; }
 
     virtual Istante Adesso() = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/programma.h"
 
+#include <new>
 #include <ostream>
 #include <utility>
 
@@ -185,13 +186,16 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
 
 } // namespace
 
-int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
+int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) try {
     const int stato = EseguiComando(argomenti, ambiente);
     ambiente.Uscita << std::flush;
     if (ambiente.Uscita.good()) return stato;
     ambiente.Errori << ambiente.Codifica("morvella-cli: l'uscita standard non ha accettato tutto il testo.")
                     << '\n';
     return stato == Fatto ? Fermato : stato;
+} catch (const std::bad_alloc&) {
+    ambiente.Errori << SenzaMemoria << std::flush;
+    return Fermato;
 }
 
 } // namespace morvella::cli

@@ -47,11 +47,17 @@ void AvvisaLf(Stato& s, Vista nome, std::vector<std::string>& avvisi) {
 
 } // namespace
 
+std::size_t LeggiPieno(FileAperto& file, char* dove, std::size_t n) {
+    std::size_t letti = 0;
+    while (const std::size_t questi = letti < n ? file.Leggi(dove + letti, n - letti) : 0) letti += questi;
+    return letti;
+}
+
 bool FiniRigaLf(Stato& s, Vista percorso) {
     try {
         const auto file = s.File.ApriLettura(s.File.Trova(percorso), percorso);
         std::vector<char> blocco(std::size_t{16} * 1024);
-        const std::size_t letti = file->Leggi(blocco.data(), blocco.size());
+        const std::size_t letti = LeggiPieno(*file, blocco.data(), blocco.size());
         std::size_t soli = 0;
         std::size_t cr = 0;
         for (std::size_t i = 0; i < letti; ++i) {

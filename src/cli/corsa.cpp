@@ -72,6 +72,9 @@ void Corsa::ScegliProgramma() {
         S.AppPath = S.File.Aggancia(Gancio::Programma, directory);
         return;
     }
+    if (Intorno.DirectoryProgramma.empty())
+        throw UsoErrato{
+            "la directory del programma non si può sapere (manca /proc?): indicarla con --programma"};
     const Dimora dimora = TrovaDimora(Intorno.Macchina, Intorno.DirectoryProgramma, Intorno.DirectoryUtente);
     S.AppPath = S.File.Aggancia(Gancio::Programma, dimora.Directory);
     if (Chiesto.Silenzioso) return;

@@ -203,7 +203,8 @@ class DiscoPosix : public Disco {
     std::string DirectoryCorrente() override {
         std::string percorso(256, '\0');
         while (!::getcwd(percorso.data(), percorso.size())) {
-            if (errno != ERANGE) return "/"; // the directory is gone
+            if (errno == ENOENT) throw Errore(ErrPercorso); // the directory is gone
+            if (errno != ERANGE) Solleva();
             percorso.resize(percorso.size() * 2);
         }
         percorso.resize(percorso.find('\0'));

@@ -42,9 +42,16 @@ bool Leggi(Corsa& c) {
     return fatto;
 }
 
-// The documentation of the selected rows. An error there is final; with --prosegui the row is
-// deselected and the run made again, so that the index holds every page that there is.
-void ScriviPagine(Corsa& c) {
+// The documentation of the selected rows; false where there is none to select from. An error there is final;
+// with --prosegui the row is deselected and the run made again, so that the index holds every page that there
+// is.
+bool ScriviPagine(Corsa& c) {
+    if (c.S.File1.ListCount() == 0) {
+        // The operation itself would write index and pictures to the root of the disk.
+        c.Fronte.Di("morvella-cli: il progetto non ha righe Form=, Module= o Class=: non ci sono pagine da "
+                    "scrivere.");
+        return false;
+    }
     std::vector<std::string> cartelle;
     const auto sottocartelle = [&](auto&& passo) {
         try {
@@ -57,7 +64,7 @@ void ScriviPagine(Corsa& c) {
     };
     if (c.Chiesto.Sottocartelle &&
         !sottocartelle([&] { cartelle = FaiSottocartelle(c.S, Selezionate(c.S), c.Note); }))
-        return;
+        return true; // told with the other errors
     while (!c.Fai("mnuHTML_Click", mnuHTML_Click)) {
         if (!c.Chiesto.Prosegui || c.S.Punto.Voce < 0) break;
         SelezionaFile1(c.S, c.S.Punto.Voce, false);
@@ -65,6 +72,7 @@ void ScriviPagine(Corsa& c) {
     }
     // After an error too: the pages that there are get their pictures and their way back.
     sottocartelle([&] { ArredaSottocartelle(c.S, cartelle); });
+    return true;
 }
 
 int EseguiTutto(Corsa& c) {
@@ -81,13 +89,13 @@ int EseguiTutto(Corsa& c) {
     }
     if (c.Chiesto.Html) {
         SelezionaEsattamente(c.S, c.Lavorate);
-        ScriviPagine(c);
+        if (!ScriviPagine(c)) return Fermato;
     }
     return Fatto;
 }
 
 // A command for some rows: all when none is named.
-void SuVoci(Corsa& c) {
+int SuVoci(Corsa& c) {
     const std::string& comando = c.Chiesto.Comando;
     ScegliVoci(c);
     c.Lavorate = Selezionate(c.S);
@@ -98,16 +106,18 @@ void SuVoci(Corsa& c) {
         c.Fai("mnuvorn_Click", mnuvorn_Click);
         if (c.Chiesto.Prosegui) ProseguiStruttura(c);
     } else if (comando == "documenta") {
-        ScriviPagine(c);
+        if (!ScriviPagine(c)) return Fermato;
     } else if (c.Fai("mnuLettura_Click", mnuLettura_Click) && !c.Fronte.Prodotti.empty()) {
         // Without a structure the reading writes all of them, which leaves no row to open.
         c.Note.push_back("una struttura mancava: le strutture sono state riscritte, ma da quella in poi "
                          "non se n'è aperta nessuna. Ripetere il comando, o usare «morvella-cli mostra».");
     }
+    return Fatto;
 }
 
 int EseguiSuProgetto(Corsa& c) {
     c.ApriDirectory();
+    if (c.Chiesto.Comando != "eventi") RifiutaRapportoSuSorgente(c);
     if (!CaricaIni(c)) return Fermato;
     SpuntaOpzioni(c);
     if (c.Chiesto.Comando == "esegui") return EseguiTutto(c);
@@ -117,7 +127,7 @@ int EseguiSuProgetto(Corsa& c) {
         if (c.Chiesto.Comando == "elenca")
             for (Lungo i = 0; i < c.S.File1.ListCount(); ++i) c.Stampa(Utf8Da1252(c.S.File1.List(i)));
         else
-            SuVoci(c);
+            return SuVoci(c);
     }
     return Fatto;
 }

@@ -10,6 +10,8 @@
 #include "cli/consiglio.h"
 #include "cli/programma.h"
 #include "cli/sottocartelle.h"
+#include "shell/progetto.h"
+#include "shell/protezione.h"
 
 namespace morvella::cli {
 
@@ -82,10 +84,10 @@ void RaccontaAvvisi(Corsa& c, int stato) {
     Avvisa(c, c.Note);
     Avvisa(c, Avvisi(c.S, c.Lavorate, uscite));
     const bool pagine = comando == "documenta" || c.Chiesto.Html;
-    if (comando == "eventi" || stato == RispostoNo || (Fermata(c) && !pagine)) return;
-    AvvisaSenzaVoci(c, pagine ? "senza righe l'indice va nella radice del disco."
-                       : comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
-                                                                   : "non c'è niente da scrivere.");
+    if (comando == "eventi" || stato == RispostoNo || Fermata(c) || pagine)
+        return; // pages refuse by themselves
+    AvvisaSenzaVoci(c, comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
+                                                                 : "non c'è niente da scrivere.");
 }
 
 void RaccontaTotali(Corsa& c, int stato) {
@@ -180,6 +182,24 @@ void RifiutaRapporto(const Corsa& c) {
         throw UsoErrato{"--rapporto: " + rapporto + " è un file di un progetto e non si sovrascrive"};
 }
 
+void RifiutaRapportoSuSorgente(Corsa& c) {
+    const std::string& rapporto = c.Chiesto.Rapporto;
+    if (rapporto.empty() || rapporto == "-" || c.Intorno.Macchina.Esamina(rapporto).Tipo != TipoVoce::File)
+        return;
+    c.ScegliProgetto();
+    try {
+        LeggiProgetto(c.S);
+    } catch (const Errore& e) {
+        c.S.Canale.Close(1);
+        if (e.Numero != ErrFileAssente && e.Numero != ErrPercorso) throw; // whose rows may be the report's
+    }
+    ProteggiSorgenti(c.S);
+    c.S.File1.Clear(); // the run reads them itself
+    if (c.S.File.Protetto(rapporto))
+        throw Errore(ErrPermesso,
+                     "--rapporto " + rapporto + ": è un sorgente del progetto, che non si tocca");
+}
+
 bool ScriviRapporto(Corsa& c) {
     const std::string& rapporto = c.Chiesto.Rapporto;
     if (rapporto.empty()) return true;
@@ -189,16 +209,19 @@ bool ScriviRapporto(Corsa& c) {
         return true;
     }
     try {
-        const auto file = c.Intorno.Macchina.ApriScrittura(rapporto);
+        if (c.S.File1.ListCount() > 0) ProteggiSorgenti(c.S);
+        const auto file = c.S.File.ApriScritturaDi(rapporto);
         file->Scrivi(json.data(), json.size());
         file->Chiudi();
         return true;
     } catch (const Errore& e) {
         const int numero = e.Numero == ErrFileAssente ? ErrPercorso : e.Numero;
-        c.Fronte.Di("morvella-cli: errore " + std::to_string(numero) + ", " +
-                    Utf8Da1252(Descrizione(numero)) + " (--rapporto " + rapporto +
-                    ")\n  Il resto è fatto, il rapporto no: controllare che la sua directory ci sia e vi "
-                    "si possa scrivere.");
+        c.Fronte.Di(
+            "morvella-cli: errore " + std::to_string(numero) + ", " + Utf8Da1252(Descrizione(numero)) +
+            " (--rapporto " + rapporto + ")\n  Il resto è fatto, il rapporto no: " +
+            (numero == ErrPermesso ? "il suo file è un sorgente del progetto, che non si tocca."
+                                   : "controllare che la sua directory ci sia e vi si possa scrivere, e "
+                                     "che al suo posto non ci siano una directory o un dispositivo."));
         return false;
     }
 }

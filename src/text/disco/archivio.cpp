@@ -272,4 +272,18 @@ std::unique_ptr<FileAperto> Archivio::ApriScrittura(const Trovato& file, Vista p
     }
 }
 
+std::unique_ptr<FileAperto> Archivio::ApriScritturaDi(const std::string& percorso) {
+    Trovato file;
+    file.Percorso = percorso;
+    file.Cosa = disco_.Esamina(percorso);
+    file.DirectoryPresente = true; // where it is not, opening says so
+    return ApriScrittura(file, percorso);
+}
+
+bool Archivio::Protetto(const std::string& percorso) {
+    const Scheda cosa = disco_.Esamina(percorso);
+    if (cosa.Errore != 0) throw Errore(cosa.Errore, percorso);
+    return cosa.Tipo == TipoVoce::File && protezione_.Contiene(cosa.Chi);
+}
+
 } // namespace morvella

@@ -99,6 +99,12 @@ class Archivio {
     /// For the channels: creates or empties the file. Raises 61, 70, 75, 76.
     std::unique_ptr<FileAperto> ApriScrittura(const Trovato& file, Vista percorso);
 
+    /// The same for a file that a person named, by its platform path, which is also the error's.
+    std::unique_ptr<FileAperto> ApriScritturaDi(const std::string& percorso);
+    /// Whether a platform path leads to a protected file, by whatever name or link. Raises what keeps it
+    /// from being examined.
+    bool Protetto(const std::string& percorso);
+
     /// The backend below.
     Disco& DiscoInUso() noexcept { return disco_; }
 

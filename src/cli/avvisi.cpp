@@ -47,11 +47,17 @@ void AvvisaLf(Stato& s, Vista nome, std::vector<std::string>& avvisi) {
 
 } // namespace
 
+std::size_t LeggiPieno(FileAperto& file, char* dove, std::size_t n) {
+    std::size_t letti = 0;
+    while (const std::size_t questi = letti < n ? file.Leggi(dove + letti, n - letti) : 0) letti += questi;
+    return letti;
+}
+
 bool FiniRigaLf(Stato& s, Vista percorso) {
     try {
         const auto file = s.File.ApriLettura(s.File.Trova(percorso), percorso);
         std::vector<char> blocco(std::size_t{16} * 1024);
-        const std::size_t letti = file->Leggi(blocco.data(), blocco.size());
+        const std::size_t letti = LeggiPieno(*file, blocco.data(), blocco.size());
         std::size_t soli = 0;
         std::size_t cr = 0;
         for (std::size_t i = 0; i < letti; ++i) {
@@ -106,8 +112,10 @@ std::vector<std::string> Avvisi(Stato& s, const std::vector<Lungo>& voci, Uscite
                                  " scrivono lo stesso file, " + file + ": resta il secondo.");
                 detto = true;
             }
-        } catch (const Errore&) {
-            // No path can be made of this row; the engine reports it.
+        } catch (const Errore& e) {
+            // Where no path can be made of a row, the engine reports it.
+            if (e.Numero != ErrNumeroFile)
+                avvisi.push_back(Tra(voce) + " non si può esaminare: " + Utf8Da1252(Descrizione(e.Numero)));
         }
     }
     return avvisi;

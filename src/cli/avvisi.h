@@ -12,6 +12,9 @@
 
 namespace morvella::cli {
 
+/// Reads until `n` bytes are there or the file ends, however short the reads are. Gives their number.
+std::size_t LeggiPieno(FileAperto& file, char* dove, std::size_t n);
+
 /// Whether most line ends of a file's first block are a lone LF, which ends no line here.
 /// False for a file that cannot be read.
 bool FiniRigaLf(Stato& s, Vista percorso);

@@ -8,6 +8,9 @@ namespace morvella::cli {
 
 namespace {
 
+// What a header text may measure. It stands in front of every procedure.
+constexpr std::size_t MisuraIntestazione = std::size_t{1024} * 1024;
+
 bool Cambia(const Richiesta& r) {
     return r.TogliCommenti || r.IntestazioneProcedure || r.SenzaConferma || !r.TestoIntestazione.empty();
 }
@@ -19,9 +22,18 @@ Testo LeggiIntestazione(Corsa& c, bool avvisa) {
     const std::string& nome = c.Chiesto.TestoIntestazione;
     std::string testo;
     try {
+        const Scheda cosa = c.Intorno.Macchina.Esamina(nome);
+        if (cosa.Errore != 0) throw Errore(cosa.Errore);
+        if (cosa.Tipo == TipoVoce::Altro)
+            throw UsoErrato{"--testo-intestazione: " + nome +
+                            " è una pipe o un dispositivo, non un file di testo"};
         const auto file = c.Intorno.Macchina.ApriLettura(nome);
         char blocco[4096];
-        while (const std::size_t letti = file->Leggi(blocco, sizeof blocco)) testo.append(blocco, letti);
+        while (const std::size_t letti = file->Leggi(blocco, sizeof blocco)) {
+            testo.append(blocco, letti);
+            if (testo.size() > MisuraIntestazione)
+                throw UsoErrato{"--testo-intestazione: " + nome + " ha più di 1 MiB: non è un'intestazione"};
+        }
     } catch (const Errore& e) {
         throw UsoErrato{"--testo-intestazione: " + nome + ": " + Utf8Da1252(Descrizione(e.Numero))};
     }

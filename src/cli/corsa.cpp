@@ -64,11 +64,17 @@ void Corsa::Stampa(const std::string& utf8) {
 void Corsa::ScegliProgramma() {
     if (!Chiesto.Programma.empty()) {
         const std::string directory = Intorno.Macchina.Assoluto(Chiesto.Programma);
-        if (!Chiesto.Silenzioso && Intorno.Macchina.Esamina(directory).Tipo != TipoVoce::Directory)
-            Fronte.Di("Avviso: --programma: la directory «" + Chiesto.Programma + "» non c'è.");
+        const Scheda cosa = Intorno.Macchina.Esamina(directory);
+        if (!Chiesto.Silenzioso && cosa.Tipo != TipoVoce::Directory)
+            Fronte.Di("Avviso: --programma: la directory «" + Chiesto.Programma + "» " +
+                      (cosa.Errore == 0 ? "non c'è."
+                                        : "non si può esaminare: " + Utf8Da1252(Descrizione(cosa.Errore))));
         S.AppPath = S.File.Aggancia(Gancio::Programma, directory);
         return;
     }
+    if (Intorno.DirectoryProgramma.empty())
+        throw UsoErrato{
+            "la directory del programma non si può sapere (manca /proc?): indicarla con --programma"};
     const Dimora dimora = TrovaDimora(Intorno.Macchina, Intorno.DirectoryProgramma, Intorno.DirectoryUtente);
     S.AppPath = S.File.Aggancia(Gancio::Programma, dimora.Directory);
     if (Chiesto.Silenzioso) return;

@@ -123,7 +123,15 @@ Testo FinestraTesto::TestoDiVoce(Lungo voce) const {
 
 void FinestraTesto::FileScritto(Lungo voce, Vista percorso, Lungo righe) {
     const auto [posto, nuovo] = posti_.try_emplace({S ? S->File1.Versione() : 0, voce}, Prodotti.size());
-    if (nuovo) Prodotti.push_back({TestoDiVoce(voce), {}, 0});
+    // Every place has its row, even when memory ends between the two.
+    if (nuovo) {
+        try {
+            Prodotti.push_back({TestoDiVoce(voce), {}, 0});
+        } catch (...) {
+            posti_.erase(posto);
+            throw;
+        }
+    }
     Prodotto& prodotto = Prodotti[posto->second];
     const Testo file(percorso);
     if (std::find(prodotto.File.begin(), prodotto.File.end(), file) == prodotto.File.end())

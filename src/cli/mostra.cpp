@@ -61,13 +61,16 @@ class CercaNumero {
 // A listing has numbered lines, from a small number on however long it is. Without one it is empty, or
 // holds nothing but the user's own header text, which can be any text: there the name has to tell.
 Aspetto Guarda(Ambiente& ambiente, const std::string& file) {
+    const Scheda cosa = ambiente.Macchina.Esamina(file);
+    if (cosa.Errore != 0) throw Errore(cosa.Errore);
+    if (cosa.Tipo == TipoVoce::Altro) throw Errore(ErrAccesso); // a pipe could make it wait for ever
     const auto aperto = ambiente.Macchina.ApriLettura(file);
     std::string blocco(std::size_t{64} * 1024, '\0');
     Aspetto aspetto;
     CercaNumero numero;
     bool vuoto = true;
     bool testo = true;
-    while (const std::size_t letti = aperto->Leggi(blocco.data(), blocco.size())) {
+    while (const std::size_t letti = LeggiPieno(*aperto, blocco.data(), blocco.size())) {
         const Vista bytes(blocco.data(), letti);
         // No listing is written without a CR LF in its first lines.
         if (vuoto) aspetto.SoloLf = bytes.find('\n') != Vista::npos && bytes.find("\r\n") == Vista::npos;
@@ -97,7 +100,8 @@ const char* Consiglio(int numero) {
     switch (numero) {
     case ErrFileAssente:
     case ErrPercorso: return DoveStanno;
-    case ErrAccesso: return "Controllare i permessi, e che non sia una directory.";
+    case ErrAccesso:
+        return "Controllare i permessi, e che sia un file, non una directory, una pipe o un dispositivo.";
     default: return "";
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/programma.h"
 
+#include <new>
 #include <ostream>
 #include <utility>
 
@@ -44,9 +45,16 @@ bool Leggi(Corsa& c) {
     return fatto;
 }
 
-// The documentation of the selected rows. An error there is final; with --prosegui the row is
-// deselected and the run made again, so that the index holds every page that there is.
-void ScriviPagine(Corsa& c) {
+// The documentation of the selected rows; false where there is none to select from. An error there is final;
+// with --prosegui the row is deselected and the run made again, so that the index holds every page that there
+// is.
+bool ScriviPagine(Corsa& c) {
+    if (c.S.File1.ListCount() == 0) {
+        // The operation itself would write index and pictures to the root of the disk.
+        c.Fronte.Di("morvella-cli: il progetto non ha righe Form=, Module= o Class=: non ci sono pagine da "
+                    "scrivere.");
+        return false;
+    }
     std::vector<std::string> cartelle;
     const auto sottocartelle = [&](auto&& passo) {
         try {
@@ -59,7 +67,7 @@ void ScriviPagine(Corsa& c) {
     };
     if (c.Chiesto.Sottocartelle &&
         !sottocartelle([&] { cartelle = FaiSottocartelle(c.S, Selezionate(c.S), c.Note); }))
-        return;
+        return true; // told with the other errors
     while (!c.Fai("mnuHTML_Click", mnuHTML_Click)) {
         if (!c.Chiesto.Prosegui || c.S.Punto.Voce < 0) break;
         SelezionaFile1(c.S, c.S.Punto.Voce, false);
@@ -67,6 +75,7 @@ void ScriviPagine(Corsa& c) {
     }
     // After an error too: finished pages still get their pictures and the link to the index.
     sottocartelle([&] { ArredaSottocartelle(c.S, cartelle); });
+    return true;
 }
 
 int EseguiTutto(Corsa& c) {
@@ -83,13 +92,13 @@ int EseguiTutto(Corsa& c) {
     }
     if (c.Chiesto.Html) {
         SelezionaEsattamente(c.S, c.Lavorate);
-        ScriviPagine(c);
+        if (!ScriviPagine(c)) return Fermato;
     }
     return Fatto;
 }
 
 // A command for some rows: all when none is named.
-void SuVoci(Corsa& c) {
+int SuVoci(Corsa& c) {
     const std::string& comando = c.Chiesto.Comando;
     ScegliVoci(c);
     c.Lavorate = Selezionate(c.S);
@@ -102,16 +111,18 @@ void SuVoci(Corsa& c) {
     } else if (comando == "verifica") {
         // Nothing to do: SuProgetto verifies the rows.
     } else if (comando == "documenta") {
-        ScriviPagine(c);
+        if (!ScriviPagine(c)) return Fermato;
     } else if (c.Fai("mnuLettura_Click", mnuLettura_Click) && !c.Fronte.Prodotti.empty()) {
         // Without a structure the reading writes all of them, which leaves no row to open.
         c.Note.push_back("una struttura mancava: le strutture sono state riscritte, ma da quella in poi "
                          "non se n'è aperta nessuna. Ripetere il comando, o usare «morvella-cli mostra».");
     }
+    return Fatto;
 }
 
 int EseguiSuProgetto(Corsa& c) {
     c.ApriDirectory();
+    if (c.Chiesto.Comando != "eventi") RifiutaRapportoSuSorgente(c);
     if (!CaricaIni(c)) return Fermato;
     SpuntaOpzioni(c);
     if (c.Chiesto.Comando == "esegui") return EseguiTutto(c);
@@ -121,7 +132,7 @@ int EseguiSuProgetto(Corsa& c) {
         if (c.Chiesto.Comando == "elenca")
             for (Lungo i = 0; i < c.S.File1.ListCount(); ++i) c.Stampa(Utf8Da1252(c.S.File1.List(i)));
         else
-            SuVoci(c);
+            return SuVoci(c);
     }
     return Fatto;
 }
@@ -198,13 +209,16 @@ int EseguiComando(const std::vector<std::string>& argomenti, Ambiente& ambiente)
 
 } // namespace
 
-int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) {
+int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente) try {
     const int stato = EseguiComando(argomenti, ambiente);
     ambiente.Uscita << std::flush;
     if (ambiente.Uscita.good()) return stato;
     ambiente.Errori << ambiente.Codifica("morvella-cli: l'uscita standard non ha accettato tutto il testo.")
                     << '\n';
     return stato == Fatto ? Fermato : stato;
+} catch (const std::bad_alloc&) {
+    ambiente.Errori << SenzaMemoria << std::flush;
+    return Fermato;
 }
 
 } // namespace morvella::cli

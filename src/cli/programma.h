@@ -14,7 +14,12 @@ namespace morvella::cli {
 
 enum Uscita : int { Fatto = 0, Fermato = 1, UsoSbagliato = 2, RispostoNo = 3, Trovato = 4 };
 
-/// Runs the program with these arguments (without its name) and gives its exit status.
+/// What is said where there is no memory to say more: error 7, in plain letters that need no
+/// conversion.
+inline constexpr const char* SenzaMemoria = "morvella-cli: errore 7, Memoria insufficiente.\n";
+
+/// Runs the program with these arguments (without its name) and gives its exit status. Raises
+/// nothing: without memory it is 1.
 int Programma(const std::vector<std::string>& argomenti, Ambiente& ambiente);
 
 } // namespace morvella::cli

@@ -11,6 +11,8 @@
 #include "cli/letture.h"
 #include "cli/programma.h"
 #include "cli/sottocartelle.h"
+#include "shell/progetto.h"
+#include "shell/protezione.h"
 
 namespace morvella::cli {
 
@@ -40,7 +42,9 @@ void Aggiungi(std::vector<std::string>& avvisi, const std::vector<std::string>& 
 
 bool StrutturaVuota(Corsa& c, const Prodotto& prodotto) {
     return std::any_of(prodotto.File.begin(), prodotto.File.end(), [&](const Testo& file) {
-        return file.ends_with(".log") && c.S.File.Trova(file).Cosa.Bytes == 0;
+        if (!file.ends_with(".log")) return false;
+        const Scheda cosa = c.S.File.Trova(file).Cosa;
+        return cosa.Esiste() && cosa.Bytes == 0; // of one that cannot be asked nothing is known
     });
 }
 
@@ -85,11 +89,11 @@ std::vector<std::string> TuttiGliAvvisi(Corsa& c, int stato) {
     Aggiungi(avvisi, c.Note);
     Aggiungi(avvisi, Avvisi(c.S, c.Lavorate, uscite));
     const bool pagine = comando == "documenta" || c.Chiesto.Html;
-    if (comando == "eventi" || stato == RispostoNo || (Fermata(c) && !pagine)) return avvisi;
+    // Pages refuse by themselves.
+    if (comando == "eventi" || stato == RispostoNo || Fermata(c) || pagine) return avvisi;
     AvvisaSenzaVoci(c,
-                    pagine ? "senza righe l'indice va nella radice del disco."
-                    : comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
-                                                                : "non c'è niente da scrivere.",
+                    comando == "elenca" || comando == "leggi" ? "non c'è niente da mostrare."
+                                                              : "non c'è niente da scrivere.",
                     avvisi);
     return avvisi;
 }
@@ -114,6 +118,13 @@ void RaccontaRilievi(Corsa& c) {
                                          [](const RilievoDiStruttura& r) { return r.Condiviso; });
     c.Stampa("Rilievi condivisi da esamina: " + std::to_string(condivisi) + " su " +
              std::to_string(due.Struttura.size()));
+}
+
+// Whether a path leads to no plain file. What cannot be asked is not said to be missing.
+bool Manca(Corsa& c, const Testo& percorso) {
+    if (percorso.find('\0') != Testo::npos) return true;
+    const Scheda cosa = c.S.File.Trova(percorso).Cosa;
+    return cosa.Errore == 0 && cosa.Tipo != TipoVoce::File;
 }
 
 // The file of an error, or the line of the source where it happened; "" when neither is known.
@@ -153,7 +164,8 @@ void Racconta(Corsa& c, int stato) {
 void RaccontaErrori(Corsa& c) {
     const Testo lavoro = c.Progetto + "\\Appoggio";
     const auto directory = [&](const Testo& percorso) {
-        return c.S.File.Trova(percorso).Cosa.Tipo == TipoVoce::Directory;
+        const Scheda cosa = c.S.File.Trova(percorso).Cosa; // one that cannot be asked may well be there
+        return cosa.Tipo == TipoVoce::Directory || cosa.Errore != 0;
     };
     const bool appoggio = c.Progetto.empty() || !Fermata(c) || directory(lavoro) || !directory(c.Progetto);
     const std::string& comando = c.Chiesto.Comando;
@@ -164,7 +176,7 @@ void RaccontaErrori(Corsa& c) {
                                    !c.Chiesto.Prosegui && comando != "leggi" && comando != "eventi",
                                .Appoggio = appoggio,
                                .CartellaFattibile = pagina && CartellaFattibile(c.S, e.Voce),
-                               .FileAssente = !e.Causa.File.empty() && c.S.File.Dir(e.Causa.File, 0).empty(),
+                               .FileAssente = !e.Causa.File.empty() && Manca(c, e.Causa.File),
                                .Programma = c.Chiesto.Programma};
         std::string frase = "morvella-cli: " + Utf8Da1252(e.Motore) + " fermato";
         if (!e.Voce.empty()) frase += " alla riga " + TraVirgolette(e.Voce);
@@ -183,6 +195,24 @@ void RifiutaRapporto(const Corsa& c) {
         throw UsoErrato{"--rapporto: " + rapporto + " è un file di un progetto e non si sovrascrive"};
 }
 
+void RifiutaRapportoSuSorgente(Corsa& c) {
+    const std::string& rapporto = c.Chiesto.Rapporto;
+    if (rapporto.empty() || rapporto == "-" || c.Intorno.Macchina.Esamina(rapporto).Tipo != TipoVoce::File)
+        return;
+    c.ScegliProgetto();
+    try {
+        LeggiProgetto(c.S);
+    } catch (const Errore& e) {
+        c.S.Canale.Close(1);
+        if (e.Numero != ErrFileAssente && e.Numero != ErrPercorso) throw; // whose rows may be the report's
+    }
+    ProteggiSorgenti(c.S);
+    c.S.File1.Clear(); // the run reads them itself
+    if (c.S.File.Protetto(rapporto))
+        throw Errore(ErrPermesso,
+                     "--rapporto " + rapporto + ": è un sorgente del progetto, che non si tocca");
+}
+
 bool ScriviRapporto(Corsa& c) {
     const std::string& rapporto = c.Chiesto.Rapporto;
     if (rapporto.empty()) return true;
@@ -192,16 +222,19 @@ bool ScriviRapporto(Corsa& c) {
         return true;
     }
     try {
-        const auto file = c.Intorno.Macchina.ApriScrittura(rapporto);
+        if (c.S.File1.ListCount() > 0) ProteggiSorgenti(c.S);
+        const auto file = c.S.File.ApriScritturaDi(rapporto);
         file->Scrivi(json.data(), json.size());
         file->Chiudi();
         return true;
     } catch (const Errore& e) {
         const int numero = e.Numero == ErrFileAssente ? ErrPercorso : e.Numero;
-        c.Fronte.Di("morvella-cli: errore " + std::to_string(numero) + ", " +
-                    Utf8Da1252(Descrizione(numero)) + " (--rapporto " + rapporto +
-                    ")\n  Il resto è fatto, il rapporto no: controllare che la sua directory ci sia e vi "
-                    "si possa scrivere.");
+        c.Fronte.Di(
+            "morvella-cli: errore " + std::to_string(numero) + ", " + Utf8Da1252(Descrizione(numero)) +
+            " (--rapporto " + rapporto + ")\n  Il resto è fatto, il rapporto no: " +
+            (numero == ErrPermesso ? "il suo file è un sorgente del progetto, che non si tocca."
+                                   : "controllare che la sua directory ci sia e vi si possa scrivere, e "
+                                     "che al suo posto non ci siano una directory o un dispositivo."));
         return false;
     }
 }

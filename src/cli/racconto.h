@@ -19,5 +19,8 @@ void RifiutaRapporto(const Corsa& c);
 /// Writes the report where one was asked for. False, with the reason reported, when it could not be
 /// written: the run itself is done.
 bool ScriviRapporto(Corsa& c);
+/// Before anything is done: raises 70 where the report would replace a source of the project, by
+/// whatever name or link.
+void RifiutaRapportoSuSorgente(Corsa& c);
 
 } // namespace morvella::cli

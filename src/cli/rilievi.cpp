@@ -66,8 +66,11 @@ std::string Rilievo::Frase(const std::function<Lungo(Lungo)>& inFile) const {
         return Citata(Dove.Linea) +
                " chiude un blocco fuori da ogni procedura e ferma la struttura: errore 5" + nellElenco;
     std::string aperti;
-    for (const LineaTrovata& aperto : Aperti)
-        aperti += (aperti.empty() ? "" : ", ") + RigaDi(inFile(aperto.Riga)) + " " + Citata(aperto.Linea);
+    // Three say where to look; a line of hundreds helps nobody.
+    const std::size_t detti = Aperti.size() > 4 ? 3 : Aperti.size();
+    for (std::size_t i = 0; i < detti; ++i)
+        aperti += (i == 0 ? "" : ", ") + RigaDi(inFile(Aperti[i].Riga)) + " " + Citata(Aperti[i].Linea);
+    if (detti < Aperti.size()) aperti += " e altri " + std::to_string(Aperti.size() - detti);
     return (Testa.Riga > 0 ? "la procedura " + Citata(Testa.Linea) + " (" + RigaDi(inFile(Testa.Riga)) + ")"
                            : "una procedura di cui non si riconosce la testata") +
            (Aperti.size() == 1 ? " finisce con un blocco aperto: "

@@ -82,8 +82,10 @@ bool CartellaFattibile(Stato& s, Vista voce) {
     Testo percorso = s.Dir1Path + "\\Appoggio";
     for (const Testo& nome : *nomi) {
         percorso += "\\" + nome;
-        if (s.File.Dir(percorso, 16).empty()) return true;
-        if (!s.File.Dir(percorso, 0).empty()) return false;
+        const Scheda cosa = s.File.Trova(percorso).Cosa;
+        if (cosa.Errore != 0) return false;
+        if (!cosa.Esiste()) return true;
+        if (cosa.Tipo != TipoVoce::Directory) return false;
     }
     return false;
 }

@@ -136,7 +136,7 @@ Ambiente AmbienteDelProcesso(Disco& macchina) {
     std::error_code errore;
     ambiente.DirectoryProgramma =
         std::filesystem::read_symlink("/proc/self/exe", errore).parent_path().string();
-    if (errore) ambiente.DirectoryProgramma = macchina.DirectoryCorrente();
+    if (errore) ambiente.DirectoryProgramma.clear(); // a system without /proc
     ambiente.DirectoryUtente = macchina.DirectoryUtente();
     return ambiente;
 }

@@ -5,13 +5,15 @@ namespace morvella {
 
 namespace {
 
-// A statement under "resume next": its error is dropped. Only lost bytes are reported.
+// A statement under "resume next": the next one runs whatever becomes of it. What it leaves undone is
+// reported, but for a missing directory, which the engines meet at their first output, and for a
+// channel that an earlier failure left closed.
 template <class F>
 void SaltaSeFallisce(Stato& s, F&& statement) {
     try {
         statement();
     } catch (const Errore& e) {
-        if (e.Numero == ErrDiscoPieno || e.Numero == ErrDispositivo) s.Fronte.ErroreSaltato(e);
+        if (e.Numero != ErrPercorso && e.Numero != ErrNumeroFile) s.Fronte.ErroreSaltato(e);
     }
 }
 
@@ -22,7 +24,9 @@ void ScriviDir(Stato& s, Vista mdir) {
     s.File.SganciaLavoro(); // of an earlier run
     // A plain file of that name counts as the directory: nothing is made, and the engines fail at
     // their first output.
-    if (s.File.Dir(mdir, 16).empty()) {
+    bool manca = false;
+    SaltaSeFallisce(s, [&] { manca = s.File.Dir(mdir, 16).empty(); });
+    if (manca) {
         SaltaSeFallisce(s, [&] { s.File.MkDir(mdir); });
         SaltaSeFallisce(s, [&] { s.Canale.OpenOutput(7, marca); });
         SaltaSeFallisce(s, [&] { s.Canale.Print(7, FraseOkLog); });

@@ -39,7 +39,9 @@ std::vector<Errore> Riempi(Disco& disco, const std::string& da, const std::strin
         if (std::find(presenti.begin(), presenti.end(), LCase(nome)) != presenti.end()) continue;
         const std::string installato = da + '/' + nome;
         const std::string suo = a + '/' + nome;
-        if (disco.Esamina(installato).Tipo != TipoVoce::File) continue;
+        const Scheda cosa = disco.Esamina(installato);
+        if (cosa.Errore != 0) guasti.emplace_back(cosa.Errore, installato);
+        if (cosa.Tipo != TipoVoce::File) continue;
         try {
             disco.Copia(installato, suo);
         } catch (const Errore& e) {

@@ -67,6 +67,8 @@ void EseguiMotore(Stato& s, Vista motore, F&& corpo) {
         try {
             ProteggiSorgenti(s);
             corpo();
+        } catch (const Errore& e) { // no source can be protected: nothing is run
+            throw FineMotore{e};
         } catch (const std::bad_alloc&) { // outside of any statement
             bool invano = false;
             Gestisci(s, Errore(ErrMemoria), invano);

@@ -18,7 +18,11 @@ void Canali::RifiutaAperto(const Trovato& file, Vista percorso) {
     for (Canale& altro : canali_) {
         if (altro.Stato == Modo::Chiuso) continue;
         if (!altro.Chi) altro.Chi = altro.File->Chi();
-        if (!altro.Chi) altro.Chi = archivio_.Trova(altro.Percorso).Cosa.Chi;
+        if (!altro.Chi) {
+            const Scheda cosa = archivio_.Trova(altro.Percorso).Cosa;
+            if (cosa.Errore != 0) throw Errore(cosa.Errore, altro.Percorso);
+            altro.Chi = cosa.Chi;
+        }
         if (altro.Chi == file.Cosa.Chi) throw Errore(ErrFileAperto, percorso);
     }
 }

@@ -221,23 +221,18 @@ TEST(Documenta, Programma) {
     EXPECT_EQ(b.Pagina("home.GIF"), "altra");
 }
 
-// Nothing to document: the run goes to the root, as the window's does.
+// Nothing to document: the operation would write to the disk's root, and is not begun.
 TEST(Documenta, ProgettoVuoto) {
-    Banco b;
-    b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
-    EXPECT_EQ(b.Esegui({"documenta", "p/Prova.vbp"}), 0);
-    EXPECT_TRUE(b.Disco.Esiste("/Indice.Html") && b.Disco.Esiste("/p2.gif"));
-    EXPECT_FALSE(b.Disco.Esiste("/casa/p/Appoggio"));
-    const char* perche = "non ha righe Form=, Module= o Class=: senza righe l'indice va nella radice";
-    EXPECT_TRUE(b.Dice(perche)) << b.Errori.str();
-
-    Banco senza;
-    senza.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
-    senza.Disco.Fallisci("Copia", "/p2.gif", 75);
-    EXPECT_EQ(senza.Esegui({"documenta", "p/Prova.vbp"}), 1);
-    EXPECT_TRUE(senza.Dice("mnuHTML_Click fermato: errore 75, ") && senza.Dice("(/p2.gif)"))
-        << senza.Errori.str();
-    EXPECT_TRUE(senza.Dice(perche)) << senza.Errori.str();
+    for (const bool esegui : {false, true}) {
+        Banco b;
+        b.Disco.Metti("/casa/p/Prova.vbp", "Type=Exe\r\n");
+        EXPECT_EQ(esegui ? b.Esegui({"esegui", "--si", "--html", "p/Prova.vbp"})
+                         : b.Esegui({"documenta", "-s", "p/Prova.vbp"}),
+                  1);
+        EXPECT_FALSE(b.Disco.Esiste("/Indice.Html"));
+        EXPECT_FALSE(b.Disco.Esiste("/p2.gif"));
+        EXPECT_TRUE(b.Dice("non ha righe Form=, Module= o Class=: non ci sono pagine")) << b.Errori.str();
+    }
 }
 
 // --prosegui: a row that ends the run is left out, and the index holds every page that there is.

@@ -150,7 +150,7 @@ TEST(Mostra, Consigli) {
     b.Disco.Metti("/casa/d/x", "");
     EXPECT_EQ(b.Esegui({"mostra", "manca.log", "d"}), 1);
     EXPECT_TRUE(b.Dice("manca.log: errore 53") && b.Dice("\n  Le strutture stanno in Appoggio"));
-    EXPECT_TRUE(b.Dice("d: errore 75") && b.Dice("\n  Controllare i permessi, e che non sia una"))
+    EXPECT_TRUE(b.Dice("d: errore 75") && b.Dice("\n  Controllare i permessi, e che sia un file, non una"))
         << b.Errori.str();
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "cli/avvisi.h"
 #include "cli/programma.h"
 
 #include <gtest/gtest.h>
@@ -471,6 +472,70 @@ TEST(Rapporto, NonCostaUnSorgente) {
         EXPECT_EQ(b.Esegui({"riordina", "-r", file, "p/Prova.vbp"}), 2) << file;
         EXPECT_EQ(b.Disco.TuttiIFile(), prima) << file;
     }
+}
+
+// A row may have any extension, and a report may have any path.
+TEST(Rapporto, NonCostaUnaRigaDiAltraEstensione) {
+    for (const char* comando : {"struttura", "elenca", "riordina"}) {
+        Banco b;
+        b.Disco.Metti("/casa/p/Prova.vbp", "Form=b.txt\r\n");
+        b.Disco.Metti("/casa/p/b.txt", "VERSION 5.00\r\nAttribute VB_Exposed = False\r\nx = 1\r\n");
+        b.Disco.Metti("/casa/p/c.txt", "vecchio");
+        const auto prima = b.Disco.TuttiIFile();
+        EXPECT_EQ(b.Esegui({comando, "-r", "p/b.txt", "p/Prova.vbp"}), 1) << comando;
+        EXPECT_EQ(b.Disco.TuttiIFile(), prima) << comando; // not even the outputs
+        EXPECT_TRUE(b.C("errore 70, ") && b.C("--rapporto /casa/p/b.txt")) << b.Errori.str();
+        EXPECT_EQ(b.Esegui({comando, "-r", "p/c.txt", "p/Prova.vbp"}), 0) << b.Errori.str();
+        EXPECT_TRUE(b.Disco.Leggi("/casa/p/c.txt").starts_with("{"));
+    }
+    // Events choose their project on the way: the report is refused when it is written.
+    Banco b;
+    b.Disco.Metti("/casa/p/Prova.vbp", "Form=b.txt\r\n");
+    b.Disco.Metti("/casa/p/b.txt", "x");
+    EXPECT_EQ(b.Esegui({"eventi", "-r", "p/b.txt", "p/Prova.vbp", "File1Leggi_Click"}), 1);
+    EXPECT_EQ(b.Disco.Leggi("/casa/p/b.txt"), "x");
+    EXPECT_TRUE(b.C("errore 70, ")) << b.Errori.str();
+}
+
+TEST(Rapporto, RigheCheNonSiLeggonoNonSiSovrascrivono) {
+    Banco b;
+    b.Disco.Metti("/casa/p/b.txt", "x");
+    b.Disco.Fallisci("Leggi", "/Prova.vbp", 57);
+    EXPECT_EQ(b.Esegui({"struttura", "-r", "p/b.txt", "p/Prova.vbp"}), 1);
+    EXPECT_EQ(b.Disco.Leggi("/casa/p/b.txt"), "x");
+}
+
+// Reads may be as short as they like.
+TEST(Avvisi, LeggiPieno) {
+    struct Goccia : FileAperto {
+        std::string Bytes = "abcdef";
+        std::size_t Qui = 0;
+        std::size_t Leggi(char* dove, std::size_t n) override {
+            if (n == 0 || Qui == Bytes.size()) return 0;
+            *dove = Bytes[Qui++];
+            return 1;
+        }
+        void Scrivi(const char*, std::size_t) override {}
+        void Svuota() override {}
+        void Chiudi() override {}
+    };
+    Goccia file;
+    char dove[8] = "";
+    EXPECT_EQ(LeggiPieno(file, dove, 4), 4U);
+    EXPECT_EQ(std::string(dove, 4), "abcd");
+    EXPECT_EQ(LeggiPieno(file, dove, 4), 2U);
+    EXPECT_EQ(std::string(dove, 2), "ef");
+}
+
+TEST(Opzioni, IntestazioneSmisurata) {
+    Banco b;
+    b.Disco.FaiDirectory("/casa/programma");
+    const std::size_t mebi = std::size_t{1024} * 1024;
+    b.Disco.Metti("/casa/t.txt", std::string(mebi + 1, 'x'));
+    EXPECT_EQ(b.Esegui({"opzioni", "--testo-intestazione", "t.txt"}), 2);
+    EXPECT_TRUE(b.C("più di 1 MiB")) << b.Errori.str();
+    b.Disco.Metti("/casa/t.txt", std::string(mebi, 'x'));
+    EXPECT_EQ(b.Esegui({"opzioni", "--testo-intestazione", "t.txt"}), 0) << b.Errori.str();
 }
 
 TEST(Esegui, UnNoEsplicitoValePiuDellOpzioneConservata) {

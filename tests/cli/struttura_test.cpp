@@ -266,7 +266,7 @@ TEST(Controlla, LfSoli) {
     EXPECT_NE(b.Errori.str().find("(p/F.frm:12)"), std::string::npos) << b.Errori.str();
 }
 
-// Every block is named, however many stand open.
+// Four blocks are all named; of more the first three, and how many others there are.
 TEST(Controlla, MoltiAperti) {
     Banco b;
     std::vector<std::string> codice = {"Sub a()"};
@@ -278,7 +278,14 @@ TEST(Controlla, MoltiAperti) {
     const std::string frase = b.Rilievi()[0];
     EXPECT_NE(frase.find("con 300 blocchi aperti: "), std::string::npos);
     for (int i = 0; i < 300; ++i)
-        EXPECT_NE(frase.find("«If a" + std::to_string(i) + " Then»"), std::string::npos) << i;
+        EXPECT_EQ(frase.find("«If a" + std::to_string(i) + " Then»") != std::string::npos, i < 3) << i;
+    EXPECT_NE(frase.find("Then» e altri 297 (riga"), std::string::npos) << frase;
+    Banco quattro;
+    quattro.Riga("F.frm", Form({"Sub a()", "If a Then", "If b Then", "If c Then", "If d Then", "End Sub"}));
+    EXPECT_EQ(quattro.Esegui({"struttura", "--controlla", "p/Prova.vbp"}), 4);
+    ASSERT_EQ(quattro.Rilievi().size(), 1U);
+    EXPECT_NE(quattro.Rilievi()[0].find("«If d Then» (riga"), std::string::npos) << quattro.Rilievi()[0];
+    EXPECT_EQ(quattro.Rilievi()[0].find("altri"), std::string::npos);
 }
 
 TEST(Controlla, NienteDaDire) {

@@ -6,9 +6,13 @@ add_library(precarica MODULE guasti/precarica.cpp)
 target_link_libraries(precarica PRIVATE ${CMAKE_DL_LIBS} morvella_avvisi)
 add_executable(guasti guasti/guasti.cpp)
 target_link_libraries(guasti PRIVATE morvella_avvisi)
+# A run that is killed or meets a full disk can still leave a marker or a picture cut that the next
+# run does not mend: strumenti/guasti shows these two kinds as well, the tests begin without them.
 foreach(scena esegui struttura documenta opzioni)
-  add_test(NAME guasti.${scena}
-    COMMAND guasti $<TARGET_FILE:morvella-cli> $<TARGET_FILE:precarica>
-            ${CMAKE_CURRENT_BINARY_DIR}/luoghi/${scena} --scena ${scena} --passo 13)
-  set_tests_properties(guasti.${scena} PROPERTIES TIMEOUT 1200)
+  foreach(modo EIO ENOSPC EACCES EMFILE ENOMEM EINTR corto memoria)
+    add_test(NAME guasti.${scena}.${modo}
+      COMMAND guasti $<TARGET_FILE:morvella-cli> $<TARGET_FILE:precarica>
+              ${CMAKE_CURRENT_BINARY_DIR}/luoghi/${scena}-${modo} --scena ${scena} --modo ${modo} --passo 13)
+    set_tests_properties(guasti.${scena}.${modo} PROPERTIES TIMEOUT 1200)
+  endforeach()
 endforeach()

@@ -112,8 +112,25 @@ TEST(Cartella, OgniIstruzionePuoFallire) {
             EXPECT_EQ(b.Fronte.Aggiornamenti, 1); // the last statement runs in any case
             EXPECT_FALSE(b.S.Canale.Aperto(7)) << c.Operazione;
             EXPECT_TRUE(b.Fronte.Box_.empty());
+            // Told once, but for a missing directory, which the engines tell.
+            ASSERT_EQ(b.Fronte.Saltati.empty(), numero == 76) << c.Operazione << numero;
+            if (numero != 76) {
+                EXPECT_EQ(b.Fronte.Saltati.size(), 1u) << c.Operazione << numero;
+                EXPECT_EQ(b.Fronte.Saltati[0].Numero, numero);
+            }
         }
     }
+}
+
+TEST(Cartella, CheNonSiEsaminaNonManca) {
+    Banco b;
+    b.Scegli("x");
+    b.Disco.FaiDirectory("/p/Appoggio");
+    b.Disco.Fallisci("Esamina", "/p/Appoggio", 57, 1);
+    ScriviDir(b.S, A);
+    EXPECT_FALSE(b.Disco.Esiste("/p/Appoggio/OK.LOG"));
+    ASSERT_EQ(b.Fronte.Saltati.size(), 1u);
+    EXPECT_EQ(b.Fronte.Saltati[0].Numero, 57);
 }
 
 TEST(Cartella, ProgettoConUnNomeDiAltriAlfabeti) {

@@ -316,8 +316,8 @@ TEST(Gestore, ProteggeSorgentiCompagniEProgetto) {
 }
 
 TEST(Motori, UnaDirectoryCheNonSiElencaNonEsceDalMotore) {
-    // A directory may be passable but not readable: then names in another case are not found there,
-    // and nothing else fails.
+    // A directory may be passable but not readable: whether it has the name in another case cannot be
+    // told, and is not told.
     for (void (*motore)(Stato&) : {mnuRiordina_Click, mnuvorn_Click}) {
         Banco b;
         b.Scegli("Module=A; a.bas\r\n");
@@ -326,7 +326,28 @@ TEST(Motori, UnaDirectoryCheNonSiElencaNonEsceDalMotore) {
         b.Disco.Fallisci("Elenca", "/p", ErrAccesso);
         EXPECT_EQ(NumeroDi([&] { return motore(b.S), 0; }), 0);
         ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
-        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, ErrFileAssente);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, ErrAccesso);
+    }
+}
+
+TEST(Motori, UnSorgenteCheNonSiEsaminaFermaLaCorsa) {
+    for (void (*motore)(Stato&) : {mnuRiordina_Click, mnuvorn_Click}) {
+        Banco b;
+        b.Scegli("Module=A; a.bas\r\nModule=B; z.bas\r\n");
+        b.Disco.Metti("/p/a.bas", "Sub a()\r\nEnd Sub\r\n");
+        b.Disco.Metti("/p/z.bas", "Sub z()\r\nEnd Sub\r\n");
+        File1Leggi_Click(b.S);
+        SelezionaFile1(b.S, 0, true);
+        SelezionaFile1(b.S, 1, true);
+        const auto prima = b.Disco.TuttiIFile();
+        b.Fronte.Arresti.clear();
+        b.Disco.FaiDirectory("/p/nuova"); // what was seen of the directory holds no more
+        b.Disco.Fallisci("Esamina", "/z.bas", ErrDispositivo);
+        EXPECT_EQ(NumeroDi([&] { return motore(b.S), 0; }), 0);
+        ASSERT_EQ(b.Fronte.Arresti.size(), 1U);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.Numero, ErrDispositivo);
+        EXPECT_EQ(b.Fronte.Arresti[0].Causa.File, "\\p\\z.bas");
+        EXPECT_EQ(b.Disco.TuttiIFile(), prima); // not even the first output
     }
 }
 

@@ -85,22 +85,31 @@ Testo Archivio::Dir(Vista percorso, int attributi) {
         if (cosa.Nascosto) return false;
         return cosa.Tipo == TipoVoce::File || (cosa.Tipo == TipoVoce::Directory && (attributi & 16) != 0);
     };
+    const auto chiedi = [&](const std::string& file) {
+        const Scheda cosa = disco_.Esamina(file);
+        if (cosa.Errore != 0) throw Errore(cosa.Errore, percorso);
+        return cosa;
+    };
     if (percorso.empty() || percorso.find('\0') != Vista::npos) return {};
-    try {
-        if (UltimoNome(percorso) != "*.*") {
-            const Trovato file = Trova(percorso);
-            if (file.Cosa.Esiste()) visto_ = {Testo(percorso), file};
-            return ammesso(file.Cosa) ? TestoDiNome(Testo(UltimoNome(file.Percorso))) : Testo();
-        }
-        const Trovato directory = Trova(percorso.substr(0, percorso.size() - 3));
-        if (directory.Cosa.Tipo != TipoVoce::Directory) return {};
-        std::vector<std::string> nomi = disco_.Elenca(directory.Percorso);
-        std::sort(nomi.begin(), nomi.end());
-        for (const std::string& nome : nomi)
-            if (ammesso(disco_.Esamina(Unisci(directory.Percorso, nome)))) return TestoDiNome(nome);
-    } catch (const Errore&) {
-        // A place that cannot be read shows no name.
+    if (UltimoNome(percorso) != "*.*") {
+        const Trovato file = Trova(percorso);
+        if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
+        if (file.Cosa.Esiste()) visto_ = {Testo(percorso), file};
+        return ammesso(file.Cosa) ? TestoDiNome(Testo(UltimoNome(file.Percorso))) : Testo();
     }
+    const Trovato directory = Trova(percorso.substr(0, percorso.size() - 3));
+    if (directory.Cosa.Errore != 0) throw Errore(directory.Cosa.Errore, percorso);
+    if (directory.Cosa.Tipo != TipoVoce::Directory) return {};
+    std::vector<std::string> nomi;
+    try {
+        nomi = disco_.Elenca(directory.Percorso);
+    } catch (const Errore& e) {
+        if (e.Numero == ErrFileAssente || e.Numero == ErrPercorso) return {}; // it went meanwhile
+        throw Errore(e.Numero, percorso);
+    }
+    std::sort(nomi.begin(), nomi.end());
+    for (const std::string& nome : nomi)
+        if (ammesso(chiedi(Unisci(directory.Percorso, nome)))) return TestoDiNome(nome);
     return {};
 }
 
@@ -120,7 +129,8 @@ std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
         if (nome.size() < fine.size() || LCase(Right(nome, Len(fine))) != LCase(fine))
             continue; // not even examined
         const Scheda cosa = disco_.Esamina(davanti + nome);
-        if (cosa.Tipo != TipoVoce::File || cosa.Nascosto) continue;
+        // One that cannot be asked stays in the list: whoever opens it hears why.
+        if (cosa.Errore == 0 && (cosa.Tipo != TipoVoce::File || cosa.Nascosto)) continue;
         const Testo testo = Ricorda(nome);
         file.emplace_back(LCase(testo), testo);
     }
@@ -133,7 +143,8 @@ std::vector<Testo> Archivio::ElencaFile(Vista directory, Vista fine) {
 
 void Archivio::MkDir(Vista percorso) {
     const Trovato dove = Trova(percorso);
-    if (dove.Cosa.Errore != 0 || dove.Cosa.Esiste()) throw Errore(ErrAccesso, percorso);
+    if (dove.Cosa.Errore != 0) throw Errore(dove.Cosa.Errore, percorso);
+    if (dove.Cosa.Esiste()) throw Errore(ErrAccesso, percorso);
     if (!dove.DirectoryPresente) throw Errore(ErrPercorso, percorso);
     Indice::Modifica modifica = indice_.Prepara(dove.Percorso, dove.Directory);
     try {
@@ -205,10 +216,14 @@ Testo Archivio::FileDateTime(Vista percorso) {
 }
 
 void Archivio::AncheCome(Vista percorso, Vista nome) {
+    if (!disco_.DistingueMaiuscole()) return;
     const Trovato file = Trova(percorso);
-    if (file.Cosa.Tipo != TipoVoce::File || !disco_.DistingueMaiuscole()) return;
+    if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
+    if (file.Cosa.Tipo != TipoVoce::File) return;
     const std::string altro = Unisci(DirectoryDi(file.Percorso), Utf8Da1252(nome));
-    if (disco_.Esamina(altro).Esiste()) return;
+    const Scheda suo = disco_.Esamina(altro);
+    if (suo.Errore != 0) throw Errore(suo.Errore, percorso);
+    if (suo.Esiste()) return;
     Indice::Modifica modifica = indice_.Prepara(altro);
     ++cambiamenti_;
     try {
@@ -255,6 +270,20 @@ std::unique_ptr<FileAperto> Archivio::ApriScrittura(const Trovato& file, Vista p
     } catch (const Errore& e) {
         throw Errore(e.Numero, percorso);
     }
+}
+
+std::unique_ptr<FileAperto> Archivio::ApriScritturaDi(const std::string& percorso) {
+    Trovato file;
+    file.Percorso = percorso;
+    file.Cosa = disco_.Esamina(percorso);
+    file.DirectoryPresente = true; // where it is not, opening says so
+    return ApriScrittura(file, percorso);
+}
+
+bool Archivio::Protetto(const std::string& percorso) {
+    const Scheda cosa = disco_.Esamina(percorso);
+    if (cosa.Errore != 0) throw Errore(cosa.Errore, percorso);
+    return cosa.Tipo == TipoVoce::File && protezione_.Contiene(cosa.Chi);
 }
 
 } // namespace morvella

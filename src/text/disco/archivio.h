@@ -47,7 +47,8 @@ class Archivio {
 
     /// Files that no operation here may change, whatever path leads to them: opening one for
     /// output, deleting it or copying onto it raises 70. Replaces the earlier list; paths that lead to
-    /// no file are passed over.
+    /// no file are passed over. Raises, with the path, what keeps one from being looked at: then
+    /// nothing can be promised of it, and no list holds.
     void Proteggi(const std::vector<Testo>& percorsi);
     /// Whether the directories of the protected paths are as Proteggi saw them, so that the same list
     /// would give the same files.
@@ -62,7 +63,7 @@ class Archivio {
 
     /// `Dir(path, attributi)`: the bare name of the plain file (with 16: or directory) that
     /// the path leads to, "" when there is none. A last name of exactly "*.*" stands for
-    /// every name. Never raises.
+    /// every name. Raises what keeps the disk from telling: only a path that is not there is "".
     Testo Dir(Vista percorso, int attributi);
     /// The names of the plain files of a directory that end in `fine` (ASCII), without regard to
     /// case and in the order of LCase(name); hidden ones are left out. They are remembered. Raises 76 when
@@ -97,6 +98,12 @@ class Archivio {
     std::unique_ptr<FileAperto> ApriLettura(const Trovato& file, Vista percorso);
     /// For the channels: creates or empties the file. Raises 61, 70, 75, 76.
     std::unique_ptr<FileAperto> ApriScrittura(const Trovato& file, Vista percorso);
+
+    /// The same for a file that a person named, by its platform path, which is also the error's.
+    std::unique_ptr<FileAperto> ApriScritturaDi(const std::string& percorso);
+    /// Whether a platform path leads to a protected file, by whatever name or link. Raises what keeps it
+    /// from being examined.
+    bool Protetto(const std::string& percorso);
 
     /// The backend below.
     Disco& DiscoInUso() noexcept { return disco_; }

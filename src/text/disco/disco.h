@@ -35,10 +35,11 @@ struct Scheda {
     Identita Chi;
     std::uint64_t Bytes = 0;
     std::int64_t Modificato = 0; // in the platform's own count; changes when the contents change
-    std::int64_t Cambiato = 0;   // the same for rights, owner and links too; 0 if the platform does not record it
-    std::int64_t Quando = 0;     // the last change of the contents, for UltimaModifica alone
-    bool Nascosto = false;       // hidden or a part of the system; never on POSIX
-    int Errore = 0;              // the run-time error, if Assente because the query failed
+    std::int64_t Cambiato =
+        0;                   // the same for rights, owner and links too; 0 if the platform does not record it
+    std::int64_t Quando = 0; // the last change of the contents, for UltimaModifica alone
+    bool Nascosto = false;   // hidden or a part of the system; never on POSIX
+    int Errore = 0;          // the run-time error, if Assente because the query failed
 
     bool Esiste() const noexcept { return Tipo != TipoVoce::Assente; }
     bool operator==(const Scheda&) const = default;
@@ -96,7 +97,7 @@ class Disco {
     /// A second name for a file: a link where the disk has links, else a copy.
     virtual void Collega(const std::string& da, const std::string& a) { Copia(da, a); }
 
-    /// Whether the path itself is a link to another place.
+    /// Whether the path itself is a link to another place. Raises what keeps it from being asked.
     virtual bool Legame(const std::string&) { return false; }
 
     virtual Istante Adesso() = 0;

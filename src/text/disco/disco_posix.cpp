@@ -164,14 +164,18 @@ class DiscoPosix : public Disco {
     }
 
     std::vector<std::string> Elenca(const std::string& directory) override {
-        DIR* aperta = ::opendir(directory.c_str());
+        const auto chiudi = [](DIR* d) { ::closedir(d); };
+        std::unique_ptr<DIR, decltype(chiudi)> aperta(nullptr, chiudi);
+        do aperta.reset(::opendir(directory.c_str()));
+        while (!aperta && errno == EINTR);
         if (!aperta) Solleva();
         std::vector<std::string> nomi;
-        while (const dirent* voce = ::readdir(aperta)) {
+        // The end and a failure look alike: only errno tells a directory that was read to its end.
+        for (errno = 0; const dirent* voce = ::readdir(aperta.get()); errno = 0) {
             std::string nome = voce->d_name;
             if (nome != "." && nome != "..") nomi.push_back(std::move(nome));
         }
-        ::closedir(aperta);
+        if (errno != 0) Solleva();
         return nomi;
     }
 
@@ -199,7 +203,8 @@ class DiscoPosix : public Disco {
     std::string DirectoryCorrente() override {
         std::string percorso(256, '\0');
         while (!::getcwd(percorso.data(), percorso.size())) {
-            if (errno != ERANGE) return "/"; // the directory is gone
+            if (errno == ENOENT) throw Errore(ErrPercorso); // the directory is gone
+            if (errno != ERANGE) Solleva();
             percorso.resize(percorso.size() * 2);
         }
         percorso.resize(percorso.find('\0'));
@@ -239,12 +244,15 @@ class DiscoPosix : public Disco {
         const std::string vicino = da.substr(da.find_last_of('/') + 1); // both lie in one directory
         if (::symlink(vicino.c_str(), a.c_str()) == 0) return;
         if (errno == EEXIST) return; // a link to nowhere has the name: it is not ours
-        Copia(da, a);
+        if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) Solleva();
+        Copia(da, a); // a disk without links
     }
 
     bool Legame(const std::string& percorso) override {
         struct stat st {};
-        return ::lstat(percorso.c_str(), &st) == 0 && S_ISLNK(st.st_mode);
+        if (::lstat(percorso.c_str(), &st) == 0) return S_ISLNK(st.st_mode);
+        if (errno != ENOENT && errno != ENOTDIR) Solleva();
+        return false;
     }
 
     void Cancella(const std::string& percorso) override {

@@ -7,7 +7,8 @@
 
 namespace morvella {
 
-const std::vector<std::string>* Indice::Cerca(const std::string& directory, const Scheda& cosa, Vista nome) {
+const std::vector<std::string>* Indice::Cerca(const std::string& directory, const Scheda& cosa, Vista nome,
+                                              int& errore) {
     static const std::vector<std::string> nessuno;
     Elenco& elenco = elenchi_[directory];
     if (elenco.Modificato != cosa.Modificato) {
@@ -16,8 +17,10 @@ const std::vector<std::string>* Indice::Cerca(const std::string& directory, cons
         std::vector<std::string> nomi;
         try {
             nomi = disco_.Elenca(PerDisco(directory));
-        } catch (const Errore&) {
-            return nullptr; // search permission without read permission: no name is known
+        } catch (const Errore& e) {
+            // One that went meanwhile holds nothing.
+            if (e.Numero != ErrFileAssente && e.Numero != ErrPercorso) errore = e.Numero;
+            return nullptr;
         }
         std::sort(nomi.begin(), nomi.end());
         for (std::string& scritto : nomi)

@@ -21,8 +21,10 @@ class Indice {
     explicit Indice(Disco& disco) : disco_(disco) {}
 
     /// The disk's own spellings of `nome`, without regard to case, in byte order. `cosa` is what the
-    /// disk says of the directory now. Null where the directory cannot be read.
-    const std::vector<std::string>* Cerca(const std::string& directory, const Scheda& cosa, Vista nome);
+    /// disk says of the directory now. Null where the directory cannot be read; `errore` then says why,
+    /// since a name that was not found may be there all the same.
+    const std::vector<std::string>* Cerca(const std::string& directory, const Scheda& cosa, Vista nome,
+                                          int& errore);
 
     /// A change that the file layer is about to make in a directory. Take it before the change, with
     /// what the disk said of the directory if it was asked just now; call Nato or Tolto after it.

@@ -162,18 +162,21 @@ Scheda Percorsi::CercaNome(Trovato& file, Vista nome, Viste* viste) {
     if (cosa.Errore == 0) {
         file.Directory = EsaminaDirectory(directory, viste);
         file.DirectoryPresente = file.Directory->Tipo == TipoVoce::Directory;
+        cosa.Errore = file.Directory->Errore;
         if (file.DirectoryPresente && disco_.DistingueMaiuscole())
-            scritti = indice_.Cerca(directory, *file.Directory, nome);
+            scritti = indice_.Cerca(directory, *file.Directory, nome, cosa.Errore);
     }
     // A name that Windows-1252 cannot hold stands for itself. Where the index has no name like this
     // in any case or encoding, there is none to ask for.
     if (accentato && !(scritti && scritti->empty())) {
         std::string grezzo = Unisci(directory, std::string(nome));
-        if (const Scheda altra = disco_.Esamina(grezzo); altra.Esiste()) {
+        const Scheda altra = disco_.Esamina(grezzo);
+        if (altra.Esiste()) {
             file.Percorso = std::move(grezzo);
             file.DirectoryPresente = true;
             return altra;
         }
+        if (cosa.Errore == 0) cosa.Errore = altra.Errore;
     }
     if (const std::string* scritto = scritti ? Scelto(*scritti, nome) : nullptr) {
         file.Percorso.replace(lunga + 1, std::string::npos, *scritto);

@@ -25,10 +25,13 @@ void Protezione::Raccogli(const std::vector<Testo>& percorsi, Percorsi::Viste* v
     for (const Testo& percorso : percorsi) {
         if (percorso.find('\0') != Testo::npos) continue;
         const Trovato file = percorsi_.Trova(percorso, viste);
+        if (file.Cosa.Errore != 0) throw Errore(file.Cosa.Errore, percorso);
         if (file.Cosa.Tipo == TipoVoce::File) protetti_.insert(file.Cosa.Chi);
         const std::string directory = PerDisco(DirectoryDi(file.Percorso));
-        if (!directory_.contains(directory))
-            directory_.emplace(directory, disco_.Esamina(directory).Modificato);
+        if (directory_.contains(directory)) continue;
+        const Scheda sua = disco_.Esamina(directory);
+        if (sua.Errore != 0) throw Errore(sua.Errore, percorso);
+        directory_.emplace(directory, sua.Modificato);
     }
 }
 

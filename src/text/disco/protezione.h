@@ -17,7 +17,8 @@ class Protezione {
   public:
     Protezione(Disco& disco, Percorsi& percorsi) : disco_(disco), percorsi_(percorsi) {}
 
-    /// Replaces the list; paths that lead to no plain file are passed over.
+    /// Replaces the list; paths that lead to no plain file are passed over. Raises, with
+    /// the path, what keeps one from being looked at.
     void Proteggi(const std::vector<Testo>& percorsi);
     /// Whether the directories of the protected paths are as Proteggi saw them, so that the same list
     /// would come to the same files.

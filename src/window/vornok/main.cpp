@@ -42,12 +42,19 @@ bool DaTerminale() {
 
 // Where the window starts without an argument. From a terminal, in the current directory.
 std::string Partenza(morvella::Disco& disco) {
-    if (DaTerminale()) return disco.DirectoryCorrente();
+    const auto corrente = [&]() -> std::string {
+        try {
+            return disco.DirectoryCorrente();
+        } catch (const morvella::Errore&) {
+            return "/"; // it was removed: the person chooses from the top
+        }
+    };
+    if (DaTerminale()) return corrente();
     for (const auto dove : {QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
         const QString directory = QStandardPaths::writableLocation(dove);
         if (!directory.isEmpty() && QFileInfo(directory).isDir()) return directory.toStdString();
     }
-    return disco.DirectoryCorrente();
+    return corrente();
 }
 
 // The bytes as they were given, where file names are bytes. Qt has removed its own options from
@@ -89,8 +96,13 @@ int main(int argc, char** argv) {
 
     const std::unique_ptr<morvella::Disco> disco = morvella::DiscoReale();
     // Made absolute before the window changes the current directory.
-    const std::string argomento =
-        argomenti.isEmpty() ? std::string() : disco->Assoluto(PrimoArgomento(argv, argomenti));
+    std::string argomento;
+    try {
+        if (!argomenti.isEmpty()) argomento = disco->Assoluto(PrimoArgomento(argv, argomenti));
+    } catch (const morvella::Errore&) {
+        std::fputs("morvella: la directory corrente non c'è più.\n", stderr);
+        return 1;
+    }
     // A file that could not be copied to the user's own directory is reported when it is needed.
     const morvella::Dimora dimora = morvella::TrovaDimora(
         *disco, QApplication::applicationDirPath().toStdString(), disco->DirectoryUtente());

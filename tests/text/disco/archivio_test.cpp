@@ -417,12 +417,48 @@ TEST(Archivio, Dir) {
         {"\\p\\.nascosto", ".nascosto", ".nascosto"}, // nothing is hidden here
         {"\\p\\*.frm", "", ""},                       // "*.*" is the one pattern
         {"\\p\\Form?.frm", "", ""},
-        {"\\p\\guasto", "", ""}, // what cannot be asked is not there
         {"", "", ""},
     };
     for (const Caso& c : Casi) {
         EXPECT_EQ(b.File.Dir(c.Percorso, 0), c.File) << c.Percorso;
         EXPECT_EQ(b.File.Dir(c.Percorso, 16), c.Directory) << c.Percorso;
+    }
+}
+
+// What cannot be asked is not said to be missing, wherever on the way it is.
+TEST(Archivio, DirDiceIlGuasto) {
+    for (const int numero : {7, 57, 71, 75}) {
+        for (const char* guasto : {"/p/sub/file", "/p/sub/altro", "/p/sub"}) {
+            Banco b;
+            b.Disco.Metti("/p/sub/file", "");
+            b.Disco.Fallisci("Esamina", guasto, numero);
+            const std::string_view chiesto =
+                std::string_view(guasto) == "/p/sub/altro" ? "\\p\\sub\\altro" : "\\p\\sub\\file";
+            const Errore e = ErroreDi([&] { return b.File.Dir(chiesto, 0), 0; });
+            EXPECT_EQ(e.Numero, numero) << guasto;
+            EXPECT_EQ(e.File, chiesto);
+        }
+        // A name that is not there as written may be there in another case.
+        Banco b;
+        b.Disco.Metti("/p/sub/file", "");
+        b.Disco.Fallisci("Elenca", "/sub", numero);
+        EXPECT_EQ(b.File.Dir("\\p\\sub\\file", 0), "file");
+        EXPECT_EQ(NumeroDi([&] { return b.File.Dir("\\p\\sub\\FILE", 0), 0; }), numero);
+        EXPECT_EQ(NumeroDi([&] { return b.File.Dir("\\p\\sub\\*.*", 0), 0; }), numero);
+    }
+}
+
+// One source that cannot be looked at could be written to unseen: the whole list is refused.
+TEST(Archivio, ProteggiDiceIlGuasto) {
+    for (const char* guasto : {"/p/b", "/p/sub"}) {
+        Banco b;
+        for (const char* file : {"/p/a", "/p/b", "/p/sub/c"}) b.Disco.Metti(file, "x");
+        b.Disco.Fallisci("Esamina", guasto, 57, 1);
+        const Errore e = ErroreDi([&] { return b.File.Proteggi({"\\p\\a", "\\p\\b", "\\p\\sub\\c"}), 0; });
+        EXPECT_EQ(e.Numero, 57) << guasto;
+        EXPECT_FALSE(e.File.empty());
+        b.File.Proteggi({"\\p\\a", "\\p\\b", "\\p\\sub\\c", "\\p\\manca"});
+        EXPECT_EQ(NumeroDi([&] { return b.File.Kill("\\p\\b"), 0; }), 70);
     }
 }
 
@@ -449,7 +485,9 @@ TEST(Archivio, DirStellaPuntoStella) {
     b.Disco.CambiaDirectory("/p/piena");
     EXPECT_EQ(b.File.Dir("*.*", 0), "b.txt");
     b.Disco.Fallisci("Elenca", "/piena", 75);
-    EXPECT_EQ(b.File.Dir("\\p\\piena\\*.*", 0), "");
+    EXPECT_EQ(NumeroDi([&] { return b.File.Dir("\\p\\piena\\*.*", 0), 0; }), 75);
+    b.Disco.Fallisci("Elenca", "/sola", 53); // it went meanwhile
+    EXPECT_EQ(b.File.Dir("\\p\\sola\\*.*", 0), "");
 }
 
 // ------------------------------------------------------------------ MkDir, ChDir
@@ -463,11 +501,12 @@ TEST(Archivio, ElencaFile) {
     b.Disco.Metti("/p/sotto/altro.vbp", "");
     b.Disco.Metti("/p/guasto.vbp", "");
     b.Disco.Fallisci("Esamina", "/guasto.vbp", 75);
+    // One that cannot be asked is listed too: whoever opens it hears why.
     // By the folded bytes: "." is 46, "_" is 95, "a" 97, "z" 122, and what E with an accent folds
     // to is 233. Of names that fold alike by their own bytes.
-    EXPECT_EQ(
-        b.File.ElencaFile("\\p", ".vbp"),
-        (std::vector<Testo>{".vbp", "_.vbp", "A.VBP", "a.Vbp", "a.vbp", "b.vbp", "Zeta.vbp", "\xC9.vbp"}));
+    EXPECT_EQ(b.File.ElencaFile("\\p", ".vbp"),
+              (std::vector<Testo>{".vbp", "_.vbp", "A.VBP", "a.Vbp", "a.vbp", "b.vbp", "guasto.vbp",
+                                  "Zeta.vbp", "\xC9.vbp"}));
     EXPECT_EQ(b.File.ElencaFile("\\P\\", ".VBW"), std::vector<Testo>{"x.vbw"});
     EXPECT_TRUE(b.File.ElencaFile("\\", ".vbp").empty());
     b.Disco.Metti("/alto.vbp", "");

@@ -148,7 +148,8 @@ TEST(Verifica, Dice) {
     EXPECT_EQ(esito.Diversa->Attesa, "b");
     EXPECT_EQ(esito.Diversa->Trovata, "");
     EXPECT_TRUE(esito.Diversa->Manca);
-    const Esito troppo = Verifica("", Chiusura() + "x\r\n", {.Form = true});
+    const string copia = Chiusura() + "x\r\n"; // the result holds views of it
+    const Esito troppo = Verifica("", copia, {.Form = true});
     ASSERT_TRUE(troppo.Diversa);
     EXPECT_TRUE(troppo.Diversa->DiTroppo);
     EXPECT_EQ(troppo.Diversa->Trovata, "x");
